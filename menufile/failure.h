@@ -1,0 +1,44 @@
+#ifndef CORVALIS_MENUFILE_FAILURE_H_
+#define CORVALIS_MENUFILE_FAILURE_H_
+
+#include <cstdint>
+#include <exception>
+#include <optional>
+#include <string>
+
+namespace menufile {
+
+// What every operation of this folder throws when it cannot go on. It tells
+// the user which file it was about, what was being done to it and why that did
+// not work.
+class Failure : public std::exception {
+ public:
+  // `path` as it was given to the operation, in the system's ANSI code page.
+  // `doing` continues the sentence "Cannot ...", for example "read entry 3".
+  // `reason` is a sentence of its own, without the full stop.
+  // `offset` is the 0-based position in bytes at which reading stopped; it is
+  // absent where no position is to blame (the file could not be opened, say).
+  Failure(std::string path, std::string doing, std::string reason,
+          std::optional<std::uint64_t> offset = std::nullopt);
+
+  const std::string& path() const { return path_; }
+  const std::string& doing() const { return doing_; }
+  const std::string& reason() const { return reason_; }
+  std::optional<std::uint64_t> offset() const { return offset_; }
+
+  // All of it as text for a message box:
+  // "Cannot read entry 3, field startIn, of the file:\nC:\a.menu\n\n
+  //  The file ends too early (at byte offset 2310)."
+  const char* what() const noexcept override { return message_.c_str(); }
+
+ private:
+  std::string path_;
+  std::string doing_;
+  std::string reason_;
+  std::optional<std::uint64_t> offset_;
+  std::string message_;
+};
+
+}  // namespace menufile
+
+#endif  // CORVALIS_MENUFILE_FAILURE_H_

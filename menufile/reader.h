@@ -1,0 +1,72 @@
+#ifndef CORVALIS_MENUFILE_READER_H_
+#define CORVALIS_MENUFILE_READER_H_
+
+#include <cstddef>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "menufile/records.h"
+
+namespace menufile {
+
+// Reads the bytes of a menu file in sequence, first the marker, then fields. A
+// record is a number of fields, not a line: where a line holds too few, the
+// record goes on with the next one.
+//
+// Records borrow from the bytes, which have to outlive them.
+class MenuReader {
+ public:
+  // What happens when a field is to be read behind the last byte.
+  enum class PastEnd {
+    Throws,       // Failure, telling the record, the field and the offset
+    LeavesEmpty,  // the value is empty
+  };
+
+  // `path` is what a Failure calls the file.
+  MenuReader(std::string_view bytes, std::string path, PastEnd pastEnd = PastEnd::Throws)
+      : bytes_(bytes), path_(std::move(path)), pastEnd_(pastEnd) {}
+
+  // Moves behind the first line that equals the marker. False, at the end of
+  // the bytes, when there is none. This decides what a menu file is.
+  bool SkipMarkerLine();
+
+  // Moves behind the first line that ends with the marker; it need not begin
+  // with it. This is how writers look for the place where the picture ends.
+  // Returns the 0-based position of the marker's first byte; nothing, at the
+  // end of the bytes, when there is none.
+  std::optional<std::size_t> SkipMarker();
+
+  Value ReadTypeLine();
+  AppearanceRecord ReadAppearance();
+  // Counts the entries that it has read, so that a Failure can name one.
+  MenuItemRecord ReadItem();
+  DirectoryPointerRecord ReadDirectoryPointer();
+
+  bool AtEnd() const { return offset_ >= bytes_.size(); }
+  // 0-based, of the next byte.
+  std::size_t offset() const { return offset_; }
+
+ private:
+  struct Field {
+    const char* name;
+    Value* value;
+  };
+
+  std::optional<std::size_t> SkipMarker(bool wholeLine);
+  void ReadRecord(const char* record, std::initializer_list<Field> fields);
+  bool ReadField(Value& value);
+  void SkipLineEnd();
+
+  std::string_view bytes_;
+  std::string path_;
+  PastEnd pastEnd_;
+  std::size_t offset_ = 0;
+  std::size_t entriesRead_ = 0;
+};
+
+}  // namespace menufile
+
+#endif  // CORVALIS_MENUFILE_READER_H_

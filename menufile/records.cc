@@ -1,0 +1,66 @@
+#include "menufile/records.h"
+
+namespace menufile {
+namespace {
+
+void AppendQuoted(std::string& out, const Value& value) {
+  out += '"';
+  value.AppendTo(out);
+  out += '"';
+}
+
+void AppendLineEnd(std::string& out, std::size_t lineStart) {
+  out += "\r\n";
+  // A line is written without blanks at its front. Only a line whose first
+  // field is bare can begin with some, as text that is no number.
+  const std::size_t first = out.find_first_not_of(' ', lineStart);
+  out.erase(lineStart, first - lineStart);
+}
+
+}  // namespace
+
+std::string_view TypeKeyword(MenuType type) {
+  return type == MenuType::UserDefined ? "USERDEF" : "DIRPOINT";
+}
+
+void AppendTypeLine(std::string& out, std::string_view keyword) {
+  out += '"';
+  out += keyword;
+  out += "\"\r\n";
+}
+
+void AppendLine(std::string& out, const AppearanceRecord& record) {
+  const std::size_t lineStart = out.size();
+  record.smallIcons.AppendTo(out);
+  out += ',';
+  AppendQuoted(out, record.fontName);
+  for (const Value* number : {&record.fontSize, &record.fontBold, &record.fontItalic}) {
+    out += ',';
+    number->AppendTo(out);
+  }
+  AppendLineEnd(out, lineStart);
+}
+
+void AppendLine(std::string& out, const MenuItemRecord& record) {
+  for (const Value* text :
+       {&record.caption, &record.target, &record.arguments, &record.startIn, &record.iconFile}) {
+    AppendQuoted(out, *text);
+    out += ',';
+  }
+  record.iconIndex.AppendTo(out);
+  out += "\r\n";
+}
+
+void AppendLine(std::string& out, const DirectoryPointerRecord& record) {
+  AppendQuoted(out, record.folderPath);
+  out += ',';
+  AppendQuoted(out, record.filePattern);
+  for (const Value* flag :
+       {&record.showFolders, &record.hideKnownExtensions, &record.showHiddenFiles}) {
+    out += ',';
+    flag->AppendTo(out);
+  }
+  out += "\r\n";
+}
+
+}  // namespace menufile
