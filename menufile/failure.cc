@@ -10,7 +10,7 @@ Failure::Failure(std::string path, std::string doing, std::string reason,
       doing_(std::move(doing)),
       reason_(std::move(reason)),
       offset_(offset),
-      message_("Cannot " + doing_ + " of the file:\n" + path_ + "\n\n" + reason_) {
+      message_("Cannot " + doing_ + ":\n" + path_ + "\n\n" + reason_) {
   if (offset_) {
     message_ += " (at byte offset " + std::to_string(*offset_) + ")";
   }

@@ -14,7 +14,7 @@ namespace menufile {
 class Failure : public std::exception {
  public:
   // `path` as it was given to the operation, in the system's ANSI code page.
-  // `doing` continues the sentence "Cannot ...", for example "read entry 3".
+  // `doing` continues the sentence "Cannot ...", for example "open the file".
   // `reason` is a sentence of its own, without the full stop.
   // `offset` is the 0-based position in bytes at which reading stopped; it is
   // absent where no position is to blame (the file could not be opened, say).

@@ -76,7 +76,8 @@ void MenuReader::ReadRecord(const char* record, std::initializer_list<Field> fie
       if (entriesRead_ > 0) {
         doing += ' ' + std::to_string(entriesRead_);
       }
-      throw Failure(path_, doing + ", field " + field.name + ",", "The file ends too early",
+      throw Failure(path_, doing + ", field " + field.name + ", of the file",
+                    "The file ends too early",
                     bytes_.size());
     }
   }

@@ -53,7 +53,7 @@ bool UpgradeMenuFile(FileSystem& files, const std::string& path, std::string_vie
   try {
     converted = Replace(*menu, picture, scratch->Contents(), old);
   } catch (const Failure& failure) {
-    throw Failure(path, "convert the contents",
+    throw Failure(path, "convert the file",
                   failure.reason() + ". What the file held is complete in the file \"" +
                       kListScratchFile + "\" in the current folder");
   }
