@@ -74,7 +74,8 @@ def icon_entries(name):
 def check_default_picture():
     data = (ROOT / "resources/default_menu.ico").read_bytes()
     check(len(data) == 2238, f"default_menu.ico has {len(data)} bytes")
-    check(icon_entries("default_menu.ico") == [(32, 32, 8, 22, 2216)], "default_menu.ico: wrong image")
+    check(icon_entries("default_menu.ico") == [(32, 32, 8, 22, 2216)],
+          "default_menu.ico: wrong image")
     header = struct.unpack_from("<IiiHHI", data, 22)
     check(header == (40, 32, 64, 1, 8, 0), f"default_menu.ico: wrong image header {header}")
     colors, image, mask = data[62:1086], data[1086:2110], data[2110:]
