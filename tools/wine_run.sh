@@ -9,8 +9,20 @@
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 
-if [ "${CORVALIS_WINE_SESSION:-}" = test ]; then
-  use_wine_prefix test
-  exec wine "$@"
+if [ "${CORVALIS_WINE_SESSION:-}" != test ]; then
+  exec "$project_root/tools/wine_session.sh" test "$0" "$@"
 fi
-exec "$project_root/tools/wine_session.sh" test "$0" "$@"
+use_wine_prefix test
+
+# Wine's own services start with the first program, inherit its output and stay
+# for the session; a caller who reads to the end of a pipe would wait for them.
+# So they get a file, and the caller what comes into it while the program runs.
+mkdir -p "$build_dir/log"
+output=$(mktemp "$build_dir/log/wine_run.XXXXXX")
+wine "$@" >"$output" 2>&1 </dev/null &
+program=$!
+tail --lines=+1 --follow --sleep-interval=0.05 --pid="$program" "$output"
+status=0
+wait "$program" || status=$?
+rm -f "$output"
+exit "$status"
