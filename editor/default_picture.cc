@@ -1,0 +1,32 @@
+#include "editor/default_picture.h"
+
+#include <windows.h>
+
+#include "resources/resource.h"
+
+namespace editor {
+namespace {
+
+// An icon file begins with 6 bytes and an entry of 16 for each image.
+constexpr std::size_t kImageOffset = 6 + 16;
+constexpr DWORD kIconVersion = 0x00030000;
+
+}  // namespace
+
+std::string_view DefaultPictureFile() {
+  const HMODULE module = GetModuleHandleA(nullptr);
+  const HRSRC resource = FindResourceA(module, MAKEINTRESOURCEA(IDR_DEFAULT_MENU_ICON),
+                                       MAKEINTRESOURCEA(10));  // RCDATA
+  const HGLOBAL data = LoadResource(module, resource);
+  return {static_cast<const char*>(LockResource(data)), SizeofResource(module, resource)};
+}
+
+win32::UniqueIcon DefaultIcon() {
+  const std::string_view image = DefaultPictureFile().substr(kImageOffset);
+  // The bytes are only read, though the parameter does not say so.
+  BYTE* const bytes = reinterpret_cast<BYTE*>(const_cast<char*>(image.data()));
+  return win32::UniqueIcon(CreateIconFromResourceEx(bytes, static_cast<DWORD>(image.size()), TRUE,
+                                                    kIconVersion, 0, 0, LR_DEFAULTSIZE));
+}
+
+}  // namespace editor

@@ -1,0 +1,237 @@
+#include "editor/form2.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "editor/command_line.h"
+#include "editor/default_picture.h"
+#include "resources/resource.h"
+#include "win32/message_box.h"
+#include "win32/window_text.h"
+
+namespace editor {
+namespace {
+
+// What goes where: the handler of each control's event.
+struct Route {
+  int control;
+  UINT event;
+  void (Form2::*handler)();
+};
+
+constexpr Route kRoutes[] = {
+    {IDC_FORM2_SSTAB1, win32::kTabChanged, &Form2::SSTab1Change},
+    {IDC_FORM2_COMMAND5, BN_CLICKED, &Form2::Command5Click},
+
+    {IDC_FORM2_LIST1, LBN_SELCHANGE, &Form2::List1Click},
+    {IDC_FORM2_COMMAND2, BN_CLICKED, &Form2::Command2Click},
+    {IDC_FORM2_COMMAND3, BN_CLICKED, &Form2::Command3Click},
+    {IDC_FORM2_COMMAND7, BN_CLICKED, &Form2::Command7Click},
+    {IDC_FORM2_COMMAND4, BN_CLICKED, &Form2::Command4Click},
+    {IDC_FORM2_COMMAND8, BN_CLICKED, &Form2::Command8Click},
+    {IDC_FORM2_COMMAND9, BN_CLICKED, &Form2::Command9Click},
+    {IDC_FORM2_COMMAND11, BN_CLICKED, &Form2::ChangeItemIcon},
+    {IDC_FORM2_COMMAND13, BN_CLICKED, &Form2::Command13Click},
+
+    {IDC_FORM2_DRIVE1, CBN_SELCHANGE, &Form2::Drive1Change},
+    {IDC_FORM2_DIR1, LBN_DBLCLK, &Form2::Dir1KeyPress},
+    {IDC_FORM2_DIR1, win32::kEnterPressed, &Form2::Dir1KeyPress},
+    {IDC_FORM2_TEXT7, EN_CHANGE, &Form2::Text7Change},
+    {IDC_FORM2_COMMAND15, BN_CLICKED, &Form2::Command15Click},
+    {IDC_FORM2_COMMAND14, BN_CLICKED, &Form2::Command14Click},
+
+    {IDC_FORM2_COMMAND6, BN_CLICKED, &Form2::ChangeMenuFont},
+    {IDC_FORM2_PICTURE1, STN_CLICKED, &Form2::ShowPreviewOnDesktopColour},
+    {IDC_FORM2_HSCROLL1, win32::kScrolled, &Form2::ShowIconAt},
+    {IDC_FORM2_COMMAND10, BN_CLICKED, &Form2::SelectIconSourceFile},
+    {IDC_FORM2_COMMAND12, BN_CLICKED, &Form2::SaveAppearance},
+};
+
+// The tabs in their order, and the page of each but the first, whose page
+// depends on the type of the menu.
+constexpr const char* kTabs[] = {"Contents", "Appearance", "About"};
+constexpr Page kTabPages[] = {kItemPage, kAppearancePage, kAboutPage};
+
+HICON LoadPicture(int id) {
+  return LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(id));  // shared, not owned
+}
+
+}  // namespace
+
+Form2::Form2(std::string arguments, menufile::FileSystem& files)
+    : Form(kForm2Plan, nullptr), arguments_(std::move(arguments)), files_(files) {
+  items_.Attach(Control(IDC_FORM2_LIST1));
+  iconic1_.Attach(Control(IDC_FORM2_ICONIC1));
+  dir1_.Attach(Control(IDC_FORM2_DIR1));
+  win32::FillDriveList(Control(IDC_FORM2_DRIVE1));
+  SetPicture(IDC_FORM2_IMAGE4, LoadPicture(IDI_CONTENTS));
+  SetPicture(IDC_FORM2_IMAGE5, LoadPicture(IDI_FOLDER));
+  SetPicture(IDC_FORM2_IMAGE3, LoadPicture(IDI_APPEARANCE));
+  defaultIcon_ = DefaultIcon();
+  SetPicture(IDC_FORM2_IMAGE1, defaultIcon_.get());
+  for (const char* tab : kTabs) {
+    TCITEMA item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = const_cast<char*>(tab);
+    SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_INSERTITEMA, std::size(kTabs),
+                 reinterpret_cast<LPARAM>(&item));
+  }
+  CreateAppearancePage();
+  ShowContents(kItemPage);
+  ShowSampleFont();
+}
+
+Form2::~Form2() = default;
+
+bool Form2::Load() {
+  if (!LoadMenuFile()) {
+    return false;
+  }
+  ShowIconAt();
+  SelectTab(0);
+  return true;
+}
+
+std::string Form2::MenuFilePath() const { return editor::MenuFilePath(arguments_); }
+
+bool Form2::LoadMenuFile() {
+  // Thousands of rows are drawn once, not one by one.
+  SendMessageA(items_.window(), WM_SETREDRAW, FALSE, 0);
+  const auto redraw = [this] {
+    SendMessageA(items_.window(), WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(items_.window(), nullptr, TRUE);
+  };
+  try {
+    const bool loaded = menufile::LoadMenuFile(files_, MenuFilePath(), DefaultPictureFile(), *this);
+    redraw();
+    return loaded;
+  } catch (...) {
+    redraw();
+    throw;
+  }
+}
+
+void Form2::Rewrite(const menufile::MenuChange& change) {
+  menufile::RewriteMenuFile(files_, MenuFilePath(), change);
+}
+
+void Form2::OpenChild(std::unique_ptr<win32::Form> child) {
+  child_ = std::move(child);
+  ShowWindow(child_->window(), SW_SHOW);
+  EnableWindow(window(), FALSE);
+}
+
+void Form2::CloseChild() {
+  // Enabled first: else Windows would activate some other program's window when
+  // the child goes.
+  EnableWindow(window(), TRUE);
+  child_->Close();
+  ShowWindow(window(), SW_SHOW);
+  SetForegroundWindow(window());
+}
+
+void Form2::Command5Click() { OnClose(); }
+
+void Form2::List1Click() {
+  iconic1_.Clear();
+  if (const int row = items_.Selected(); row >= 0) {
+    ShowRowIcon(row);
+  }
+}
+
+void Form2::SSTab1Change() {
+  const LRESULT tab = SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_GETCURSEL, 0, 0);
+  if (tab >= 0) {
+    ShowPages(tab == 0 ? contents_ : kTabPages[tab]);
+  }
+}
+
+void Form2::SelectTab(int tab) {
+  SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_SETCURSEL, static_cast<WPARAM>(tab), 0);
+  SSTab1Change();
+}
+
+void Form2::ShowContents(Page page) {
+  contents_ = page;
+  SSTab1Change();
+}
+
+void Form2::OnCommand(int id, UINT event) {
+  for (const Route& route : kRoutes) {
+    if (route.control == id && route.event == event) {
+      (this->*route.handler)();
+    }
+  }
+}
+
+void Form2::OnDrawItem(const DRAWITEMSTRUCT& item) {
+  const bool isPreview = item.hwndItem == iconic1_.control();
+  (isPreview ? iconic1_ : AppearancePicture()).Paint(item);
+}
+
+// Ctrl+Tab and Ctrl+Page Down go to the next tab, with Shift or as Page Up to
+// the one before.
+bool Form2::OnKey(const MSG& message) {
+  if (message.message != WM_KEYDOWN || GetKeyState(VK_CONTROL) >= 0) {
+    return false;
+  }
+  int step = 0;
+  if (message.wParam == VK_NEXT || message.wParam == VK_PRIOR) {
+    step = message.wParam == VK_NEXT ? 1 : -1;
+  } else if (message.wParam == VK_TAB) {
+    step = GetKeyState(VK_SHIFT) < 0 ? -1 : 1;
+  } else {
+    return false;
+  }
+  const HWND tabs = Control(IDC_FORM2_SSTAB1);
+  const int count = static_cast<int>(std::size(kTabs));
+  const int tab = static_cast<int>(SendMessageA(tabs, TCM_GETCURSEL, 0, 0));
+  SelectTab((tab + step + count) % count);
+  SetFocus(tabs);
+  return true;
+}
+
+// The program ends at once, whatever else is open.
+void Form2::OnClose() {
+  Close();
+  PostQuitMessage(EXIT_SUCCESS);
+}
+
+void Form2::OnFontChanged() { ShowSampleFont(); }
+
+bool Form2::ConfirmUpgrade() {
+  return win32::AskYesOrNo(window(),
+                           "The menu file is invalid or a previous version.\r"
+                           "Would you like to update the file?");
+}
+
+void Form2::ShowAppearance(const menufile::AppearanceRecord& appearance) {
+  CheckDlgButton(window(), IDC_FORM2_CHECK1,
+                 appearance.smallIcons.Integer() != 0 ? BST_CHECKED : BST_UNCHECKED);
+  menuFont_.bold = appearance.fontBold.Integer() != 0;
+  menuFont_.italic = appearance.fontItalic.Integer() != 0;
+  menuFont_.name = appearance.fontName.Text();
+  menuFont_.points = appearance.fontSize.Number();
+  ShowSampleFont();
+}
+
+void Form2::AppendItem(std::size_t row, const menufile::MenuItemRecord& item) {
+  items_.AppendItem(row, item);
+}
+
+void Form2::ShowSampleFont() {
+  LOGFONTA font{};
+  font.lfHeight = -static_cast<LONG>(menuFont_.points * win32::DpiOf(window()) / 72 + 0.5);
+  font.lfWeight = menuFont_.bold ? FW_BOLD : FW_NORMAL;
+  font.lfItalic = menuFont_.italic;
+  font.lfCharSet = DEFAULT_CHARSET;
+  // A longer name is none that a font could have.
+  menuFont_.name.copy(font.lfFaceName, LF_FACESIZE - 1);
+  win32::UniqueFont created(CreateFontIndirectA(&font));
+  SendMessageA(Control(IDC_FORM2_TEXT3), WM_SETFONT, reinterpret_cast<WPARAM>(created.get()), TRUE);
+  sampleFont_ = std::move(created);
+}
+
+}  // namespace editor

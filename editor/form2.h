@@ -1,0 +1,154 @@
+#ifndef CORVALIS_EDITOR_FORM2_H_
+#define CORVALIS_EDITOR_FORM2_H_
+
+#include <windows.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editor/item_list.h"
+#include "menufile/file_system.h"
+#include "menufile/loader.h"
+#include "menufile/rewrite.h"
+#include "win32/folder_list.h"
+#include "win32/form.h"
+#include "win32/handles.h"
+#include "win32/picture_box.h"
+
+namespace editor {
+
+// The font of the menu's text, shown by the sample, `Text3`.
+struct MenuFont {
+  std::string name = "MS Sans Serif";
+  double points = 8.25;
+  bool bold = false;
+  bool italic = false;
+};
+
+// Which controls of Form2 are shown, as bits.
+enum Page : unsigned {
+  kItemPage = 1,        // `Frame3`, on the tab "Contents"
+  kDirectoryPage = 2,   // `Frame4`, there too, for a directory-pointer menu
+  kAppearancePage = 4,  // the tab "Appearance"
+  kAboutPage = 8,       // the tab "About"
+  kHidden = 16,         // on no page
+};
+
+// The main window: it shows one menu file, and each change that it is asked for
+// goes straight to that file. There is no menu in memory besides what the
+// controls show.
+//
+// The plan of its controls stands in form2_plan.cc, the table that routes their
+// events to the handlers below in form2.cc.
+class Form2 final : public win32::Form, private menufile::MenuView {
+ public:
+  // `arguments` is the command line behind the program's name; the path of the
+  // menu file is taken from it whenever the file is needed. `files` is borrowed.
+  Form2(std::string arguments, menufile::FileSystem& files);
+  ~Form2() override;
+
+  // Start-up: reads the menu file into the window, which is still hidden. False
+  // when the user declined to have the file converted. Throws
+  // menufile::Failure.
+  bool Load();
+
+  // For the windows that this one opens and for the handlers.
+  std::string MenuFilePath() const;
+  menufile::FileSystem& files() { return files_; }
+  ItemList& items() { return items_; }
+  win32::PictureBox& iconic1() { return iconic1_; }
+
+  // Reads the file again, into a list that is empty.
+  bool LoadMenuFile();
+  void Rewrite(const menufile::MenuChange& change);
+
+  // Shows a window that this one has made and disables this one while it is
+  // open. The window is owned from here on.
+  void OpenChild(std::unique_ptr<win32::Form> child);
+  // The window closes: enables this one and brings it to the front.
+  void CloseChild();
+
+  // Draws the icon of a list row into the preview, `iconic1`: the row's own, or
+  // else the shell's for the row's target (icons/row_icon.cc).
+  void ShowRowIcon(int row);
+
+  // editor/form2.cc
+  void Command5Click();  // Quit
+  void List1Click();
+  void SSTab1Change();
+
+  // editor/directory_page.cc
+  void Drive1Change();
+  void Dir1Change();
+  void Dir1KeyPress();  // Enter, or a double-click
+  void Text7Change();
+  void Command15Click();  // Save Changes
+  void Command13Click();  // Change Menu Type, to a directory pointer
+  void Command14Click();  // Change Menu Type, to a user-defined list
+
+  // listedit/
+  void Command4Click();  // Move Up
+  void Command8Click();  // Move Down
+  void Command7Click();  // Delete
+  void Command9Click();  // Separator
+
+  // wizard/
+  void Command2Click();  // Add
+  void Command3Click();  // Edit
+  void List1Drop(const std::vector<std::string>& paths);
+
+  // icons/
+  void ChangeItemIcon();              // Command11
+  void ShowIconAt();                  // HScroll1
+  void SelectIconSourceFile();        // Command10
+  void ShowPreviewOnDesktopColour();  // Picture1
+  void ChangeMenuFont();              // Command6
+  void SaveAppearance();              // Command12
+
+ private:
+  // The state of the appearance page, defined where its handlers are.
+  struct AppearancePage;
+
+  void OnCommand(int id, UINT event) override;
+  void OnDrawItem(const DRAWITEMSTRUCT& item) override;
+  bool OnKey(const MSG& message) override;
+  void OnClose() override;
+  void OnFontChanged() override;
+
+  bool ConfirmUpgrade() override;
+  void ShowAppearance(const menufile::AppearanceRecord& appearance) override;
+  void AppendItem(std::size_t row, const menufile::MenuItemRecord& item) override;
+  // editor/directory_page.cc
+  void ShowDirectoryPointer(const menufile::DirectoryPointerRecord& directory) override;
+
+  // icons/appearance_page.cc
+  void CreateAppearancePage();
+  const win32::PictureBox& AppearancePicture() const;
+
+  void SelectTab(int tab);
+  // Shows the page of a menu type on the tab "Contents".
+  void ShowContents(Page page);
+  void ShowSampleFont();
+
+  std::string arguments_;
+  menufile::FileSystem& files_;
+  win32::UniqueIcon defaultIcon_;
+  Page contents_ = kItemPage;
+  ItemList items_;
+  win32::PictureBox iconic1_;
+  win32::FolderList dir1_;
+  MenuFont menuFont_;
+  win32::UniqueFont sampleFont_;
+  std::shared_ptr<AppearancePage> appearancePage_;
+  std::unique_ptr<win32::Form> child_;
+};
+
+// The plan of the window's controls.
+extern const win32::FormPlan kForm2Plan;
+
+}  // namespace editor
+
+#endif  // CORVALIS_EDITOR_FORM2_H_

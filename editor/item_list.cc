@@ -1,0 +1,127 @@
+#include "editor/item_list.h"
+
+#include <shellapi.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#include "win32/handles.h"
+#include "win32/window_text.h"
+
+namespace editor {
+namespace {
+
+// Extracts the icon of that index. Only the call's result tells whether the
+// handles were written; on a failure they may hold anything. The small icon is
+// asked for because the large one alone is not to be had from some programs;
+// nothing shows it.
+HICON ExtractLargeIcon(const std::string& file, int index) {
+  HICON large = nullptr;
+  HICON small = nullptr;
+  const UINT count = ExtractIconExA(file.c_str(), index, &large, &small, 1);
+  return count == 0 || count == std::numeric_limits<UINT>::max() ? nullptr : large;
+}
+
+}  // namespace
+
+std::string IconText(HICON icon) { return std::to_string(reinterpret_cast<std::uintptr_t>(icon)); }
+
+HICON IconOfText(const std::string& text) {
+  std::uintptr_t number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return reinterpret_cast<HICON>(number);
+}
+
+int ItemList::Count() const { return static_cast<int>(SendMessageA(list_, LB_GETCOUNT, 0, 0)); }
+
+int ItemList::Selected() const { return static_cast<int>(SendMessageA(list_, LB_GETCURSEL, 0, 0)); }
+
+void ItemList::Select(int row) { SendMessageA(list_, LB_SETCURSEL, static_cast<WPARAM>(row), 0); }
+
+void ItemList::Append(const std::string& caption, const std::string& iconText,
+                      const std::string& target) {
+  const int row = Count();
+  if (row > 0) {
+    hidden_.resize(static_cast<std::size_t>(row) + 1);
+  }
+  InsertRow(row, caption.empty() ? std::string(SeparatorText) : caption);
+  Hidden(row) = {iconText, target};
+}
+
+void ItemList::Rename(int row, const std::string& caption) {
+  const bool selected = Selected() == row;
+  SendMessageA(list_, LB_DELETESTRING, static_cast<WPARAM>(row), 0);
+  InsertRow(row, caption);
+  if (selected) {
+    Select(row);
+  }
+}
+
+void ItemList::Exchange(int first, int second) {
+  std::swap(Hidden(first), Hidden(second));
+  const std::string text = win32::ListText(list_, first);
+  Rename(first, win32::ListText(list_, second));
+  Rename(second, text);
+}
+
+void ItemList::Remove(int row) {
+  if (hidden_.size() > 1) {
+    hidden_.erase(hidden_.begin() + row);
+  }
+  SendMessageA(list_, LB_DELETESTRING, static_cast<WPARAM>(row), 0);
+  Select(-1);
+}
+
+void ItemList::Clear() {
+  hidden_.resize(1);
+  SendMessageA(list_, LB_RESETCONTENT, 0, 0);
+  textWidth_ = 0;
+  SendMessageA(list_, LB_SETHORIZONTALEXTENT, 0, 0);
+}
+
+void ItemList::AppendItem(std::size_t row, const menufile::MenuItemRecord& item) {
+  if (row == 0) {
+    extracted_ = nullptr;
+  }
+  const std::string target = item.target.Text();
+  const int index = item.iconIndex.Integer();
+  std::string iconText = "0";
+  if (!item.iconFile.IsEmpty() || index > 0) {
+    const std::string file = item.iconFile.IsEmpty() ? target : item.iconFile.Text();
+    // On a failure the handle of the last success stays.
+    if (const HICON icon = ExtractLargeIcon(file, index)) {
+      extracted_ = icon;
+    }
+    iconText = IconText(extracted_);
+  }
+  Append(item.caption.Text(), iconText, target);
+}
+
+void ItemList::InsertRow(int row, const std::string& caption) {
+  SendMessageA(list_, LB_INSERTSTRING, static_cast<WPARAM>(row),
+               reinterpret_cast<LPARAM>(caption.c_str()));
+  WidenFor(caption);
+}
+
+// A list box scrolls sideways only as far as it is told. Separators may be cut.
+void ItemList::WidenFor(const std::string& caption) {
+  if (caption == SeparatorText) {
+    return;
+  }
+  const win32::WindowDc dc(list_);
+  const win32::SelectedObject selected(
+      dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(list_, WM_GETFONT, 0, 0)));
+  const int length = static_cast<int>(std::min<std::size_t>(caption.size(), 4096));
+  SIZE extent{};
+  GetTextExtentPoint32A(dc.get(), caption.c_str(), length, &extent);
+  if (extent.cx > textWidth_) {
+    textWidth_ = extent.cx;
+    const int margin = GetSystemMetrics(SM_CXEDGE) * 4;
+    SendMessageA(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(textWidth_ + margin), 0);
+  }
+}
+
+}  // namespace editor

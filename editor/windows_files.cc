@@ -1,0 +1,123 @@
+#include "editor/windows_files.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "menufile/failure.h"
+#include "win32/window_text.h"
+
+namespace editor {
+namespace {
+
+using menufile::Failure;
+using menufile::OpenMode;
+
+// What ReadFile() and WriteFile() are given at a time; they count in 32 bits.
+constexpr std::size_t kMostBytes = 64U << 20;
+
+[[noreturn]] void Fail(const std::string& path, const char* doing) {
+  const DWORD error = GetLastError();
+  throw Failure(path, doing, win32::ErrorText(error));
+}
+
+class WindowsFile final : public menufile::File {
+ public:
+  WindowsFile(const std::string& path, HANDLE handle) : path_(path), handle_(handle) {}
+  ~WindowsFile() override { CloseHandle(handle_); }
+
+  std::string ReadAll() override {
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(handle_, &size)) {
+      Fail(path_, "read the file");
+    }
+    MoveTo(0, "read the file");
+    std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+      DWORD count = 0;
+      if (!ReadFile(handle_, bytes.data() + done,
+                    static_cast<DWORD>(std::min(bytes.size() - done, kMostBytes)), &count,
+                    nullptr)) {
+        Fail(path_, "read the file");
+      }
+      if (count == 0) {
+        break;  // someone has made it shorter meanwhile
+      }
+      done += count;
+    }
+    bytes.resize(done);
+    return bytes;
+  }
+
+  void Truncate(std::uint64_t size) override {
+    MoveTo(size, "write the file");
+    if (!SetEndOfFile(handle_)) {
+      Fail(path_, "write the file");
+    }
+    position_ = size;
+  }
+
+  std::uint64_t SeekToEnd() override {
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(handle_, &size)) {
+      Fail(path_, "write the file");
+    }
+    position_ = static_cast<std::uint64_t>(size.QuadPart);
+    return position_;
+  }
+
+  void Write(std::string_view bytes) override {
+    MoveTo(position_, "write the file");
+    while (!bytes.empty()) {
+      DWORD count = 0;
+      if (!WriteFile(handle_, bytes.data(), static_cast<DWORD>(std::min(bytes.size(), kMostBytes)),
+                     &count, nullptr)) {
+        Fail(path_, "write the file");
+      }
+      position_ += count;
+      bytes.remove_prefix(count);
+    }
+  }
+
+  void Flush() override {
+    if (!FlushFileBuffers(handle_)) {
+      Fail(path_, "write the file");
+    }
+  }
+
+ private:
+  void MoveTo(std::uint64_t position, const char* doing) {
+    LARGE_INTEGER distance{};
+    distance.QuadPart = static_cast<LONGLONG>(position);
+    if (!SetFilePointerEx(handle_, distance, nullptr, FILE_BEGIN)) {
+      Fail(path_, doing);
+    }
+  }
+
+  std::string path_;
+  HANDLE handle_;
+  std::uint64_t position_ = 0;  // of the next Write()
+};
+
+}  // namespace
+
+std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path, OpenMode mode) {
+  const bool reading = mode == OpenMode::Read;
+  const HANDLE handle = CreateFileA(
+      path.c_str(), GENERIC_READ | (reading ? 0 : GENERIC_WRITE),
+      FILE_SHARE_READ | (reading ? FILE_SHARE_WRITE | FILE_SHARE_DELETE : 0), nullptr,
+      mode == OpenMode::Create ? OPEN_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    Fail(path, reading ? "open the file" : "write the file");
+  }
+  return std::make_unique<WindowsFile>(path, handle);
+}
+
+void WindowsFileSystem::Remove(const std::string& path) {
+  if (!DeleteFileA(path.c_str())) {
+    Fail(path, "delete the file");
+  }
+}
+
+}  // namespace editor

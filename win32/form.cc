@@ -1,0 +1,366 @@
+#include "win32/form.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "win32/message_box.h"
+#include "win32/picture_box.h"
+
+namespace win32 {
+namespace {
+
+constexpr const char* kFormProperty = "CorvalisForm";
+
+// Enter was pressed in the list box whose id is the first parameter.
+constexpr UINT kEnterMessage = WM_APP;
+
+void RegisterFormClass(const FormPlan& plan) {
+  WNDCLASSA windowClass{};
+  windowClass.lpfnWndProc = DefDlgProcA;
+  windowClass.cbWndExtra = DLGWINDOWEXTRA;
+  windowClass.hInstance = GetModuleHandleA(nullptr);
+  windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // the arrow
+  if (plan.iconId != 0) {
+    windowClass.hIcon = LoadIconA(windowClass.hInstance, MAKEINTRESOURCEA(plan.iconId));
+  }
+  windowClass.lpszClassName = plan.windowClass;
+  RegisterClassA(&windowClass);  // fails harmlessly when that was done before
+}
+
+// The template of a dialog box without controls: its header, no menu, the
+// window class and the caption.
+std::vector<WORD> DialogTemplate(const FormPlan& plan) {
+  DLGTEMPLATE header{};
+  // Without WS_CLIPCHILDREN: it would leave the inside of group boxes unpainted.
+  header.style = plan.style;
+  header.dwExtendedStyle = WS_EX_CONTROLPARENT;
+  static_assert(sizeof header % sizeof(WORD) == 0);
+  const WORD* words = reinterpret_cast<const WORD*>(&header);
+  std::vector<WORD> bytes(words, words + sizeof header / sizeof(WORD));
+  bytes.push_back(0);
+  for (const std::string_view text : {plan.windowClass, plan.caption}) {
+    bytes.insert(bytes.end(), text.begin(), text.end());
+    bytes.push_back(0);
+  }
+  return bytes;
+}
+
+bool IsPictureBox(const ControlRow& row) {
+  return (row.style & SS_TYPEMASK) == SS_OWNERDRAW && row.windowClass == std::string_view("Static");
+}
+
+// How much larger a control is than its client area.
+SIZE FrameSize(HWND control) {
+  RECT rect{};
+  AdjustWindowRectEx(&rect, static_cast<DWORD>(GetWindowLongPtrA(control, GWL_STYLE)), FALSE,
+                     static_cast<DWORD>(GetWindowLongPtrA(control, GWL_EXSTYLE)));
+  return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+}  // namespace
+
+Form::Form(const FormPlan& plan, HWND owner) : plan_(plan) {
+  RegisterFormClass(plan);
+  const std::vector<WORD> dialog = DialogTemplate(plan);
+  window_ = CreateDialogIndirectParamA(GetModuleHandleA(nullptr),
+                                       reinterpret_cast<const DLGTEMPLATE*>(dialog.data()), owner,
+                                       Procedure, 0);
+  if (window_ == nullptr) {
+    throw std::runtime_error("The window could not be created.");
+  }
+  // A dialog box is resized by Windows when the DPI changes, unless told that
+  // its own layout does that.
+  using BehaviorFunction = BOOL WINAPI(HWND, UINT, UINT);
+  if (const auto setBehavior = reinterpret_cast<BehaviorFunction*>(reinterpret_cast<void*>(
+          GetProcAddress(GetModuleHandleA("user32.dll"), "SetDialogDpiChangeBehavior")))) {
+    constexpr UINT kDisableAll = 1;
+    setBehavior(window_, kDisableAll, kDisableAll);
+  }
+  CreateControls();
+  AddToolTips();
+  UseMessageFont();
+  SizeToPlan();
+  // From here on messages come to the form.
+  SetPropA(window_, kFormProperty, this);
+  Arrange();
+}
+
+Form::~Form() { Close(); }
+
+void Form::Close() {
+  if (window_ != nullptr) {
+    RemovePropA(window_, kFormProperty);
+    DestroyWindow(std::exchange(window_, nullptr));
+  }
+}
+
+Form* Form::Of(HWND window) { return static_cast<Form*>(GetPropA(window, kFormProperty)); }
+
+void Form::CreateControls() {
+  for (const ControlRow& row : plan_.controls) {
+    const bool sunken = row.windowClass == std::string_view("ListBox") ||
+                        row.windowClass == std::string_view("Edit") || IsPictureBox(row);
+    CreateWindowExA(sunken ? WS_EX_CLIENTEDGE : 0, row.windowClass, row.text,
+                    row.style | WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, window_,
+                    reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)),
+                    GetModuleHandleA(nullptr), nullptr);
+  }
+}
+
+void Form::AddToolTips() {
+  toolTips_ = CreateWindowExA(0, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0,
+                              window_, nullptr, GetModuleHandleA(nullptr), nullptr);
+  for (const ControlRow& row : plan_.controls) {
+    if (row.toolTip != nullptr) {
+      TTTOOLINFOA tool{};
+      tool.cbSize = sizeof tool;
+      tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+      tool.hwnd = window_;
+      tool.uId = reinterpret_cast<UINT_PTR>(Control(row.id));
+      tool.lpszText = const_cast<char*>(row.toolTip);
+      SendMessageA(toolTips_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+    }
+  }
+}
+
+void Form::UseMessageFont() {
+  UniqueFont font = MessageFont(DpiOf(window_));
+  for (const ControlRow& row : plan_.controls) {
+    SendMessageA(Control(row.id), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+  }
+  font_ = std::move(font);
+  OnFontChanged();
+}
+
+void Form::SizeToPlan() {
+  const SIZE client = Layout(font_.get(), plan_.size).LeastClientSize();
+  const SIZE frame = FrameSize(window_);
+  // In the middle of the owner, else of the work area.
+  RECT around{};
+  if (const HWND owner = GetWindow(window_, GW_OWNER)) {
+    GetWindowRect(owner, &around);
+  } else {
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &around, 0);
+  }
+  const int width = client.cx + frame.cx;
+  const int height = client.cy + frame.cy;
+  SetWindowPos(window_, nullptr, (around.left + around.right - width) / 2,
+               (around.top + around.bottom - height) / 2, width, height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Form::Arrange() {
+  RECT client{};
+  GetClientRect(window_, &client);
+  const Layout layout(font_.get(), plan_.size);
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(plan_.controls.size()));
+  for (const ControlRow& row : plan_.controls) {
+    const HWND control = Control(row.id);
+    const RECT rect = layout.Rect(row.place, row.anchors, {client.right, client.bottom});
+    SIZE size{rect.right - rect.left, rect.bottom - rect.top};
+    if (IsPictureBox(row)) {
+      const SIZE frame = FrameSize(control);
+      size = {PictureBox::Size().cx + frame.cx, PictureBox::Size().cy + frame.cy};
+    }
+    moves = DeferWindowPos(moves, control, nullptr, rect.left, rect.top, size.cx, size.cy,
+                           SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  EndDeferWindowPos(moves);
+  InvalidateRect(window_, nullptr, TRUE);
+}
+
+void Form::ShowPages(unsigned pages) {
+  shownPages_ = pages;
+  for (const ControlRow& row : plan_.controls) {
+    ShowWindow(Control(row.id), IsVisible(row) ? SW_SHOWNA : SW_HIDE);
+  }
+}
+
+void Form::SetPicture(int id, HICON icon) {
+  SendMessageA(Control(id), STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+}
+
+// Moves a scroll bar as its user, or a message from elsewhere, asks.
+void Form::Scroll(HWND bar, UINT request, int position) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL;
+  SendMessageA(bar, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(&info));
+  const int page = std::max(static_cast<int>(info.nPage), 1);
+  int wanted = info.nPos;
+  switch (request) {
+    case SB_LINELEFT:
+      wanted -= 1;
+      break;
+    case SB_LINERIGHT:
+      wanted += 1;
+      break;
+    case SB_PAGELEFT:
+      wanted -= page;
+      break;
+    case SB_PAGERIGHT:
+      wanted += page;
+      break;
+    case SB_LEFT:
+      wanted = info.nMin;
+      break;
+    case SB_RIGHT:
+      wanted = info.nMax;
+      break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK:
+      wanted = position;
+      break;
+    default:
+      return;
+  }
+  wanted = std::clamp(wanted, info.nMin, std::max(info.nMin, info.nMax - page + 1));
+  if (wanted != info.nPos) {
+    SendMessageA(bar, SBM_SETPOS, static_cast<WPARAM>(wanted), TRUE);
+    OnCommand(GetDlgCtrlID(bar), kScrolled);
+  }
+}
+
+void Form::OnDrawItem(const DRAWITEMSTRUCT&) {}
+void Form::OnActivate(bool) {}
+bool Form::OnMessage(UINT, WPARAM, LPARAM, LRESULT&) { return false; }
+bool Form::OnKey(const MSG&) { return false; }
+void Form::OnFontChanged() {}
+
+// Called by Windows, which exceptions must not reach.
+INT_PTR CALLBACK Form::Procedure(HWND window, UINT message, WPARAM wide, LPARAM data) {
+  Form* const form = Of(window);
+  if (form == nullptr) {
+    return FALSE;
+  }
+  try {
+    return form->Handle(message, wide, data);
+  } catch (const std::exception& failure) {
+    EndAfterFailure(window, failure);
+    return TRUE;
+  }
+}
+
+INT_PTR Form::Handle(UINT message, WPARAM wide, LPARAM data) {
+  LRESULT result = 0;
+  if (OnMessage(message, wide, data, result)) {
+    if (window_ != nullptr) {
+      SetWindowLongPtrA(window_, DWLP_MSGRESULT, result);
+    }
+    return TRUE;
+  }
+  switch (message) {
+    case WM_COMMAND:
+      OnCommand(LOWORD(wide), HIWORD(wide));
+      return TRUE;
+    case WM_NOTIFY:
+      if (const NMHDR& header = *reinterpret_cast<const NMHDR*>(data);
+          header.code == TCN_SELCHANGE) {
+        OnCommand(static_cast<int>(header.idFrom), kTabChanged);
+      }
+      return FALSE;
+    case WM_HSCROLL:
+      Scroll(reinterpret_cast<HWND>(data), LOWORD(wide), HIWORD(wide));
+      return TRUE;
+    case kEnterMessage:
+      OnCommand(static_cast<int>(wide), kEnterPressed);
+      return TRUE;
+    case WM_DRAWITEM:
+      OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(data));
+      return TRUE;
+    case WM_ACTIVATE:
+      OnActivate(LOWORD(wide) != WA_INACTIVE);
+      return FALSE;  // the dialog manager looks after the focus
+    case WM_CLOSE:
+      OnClose();
+      return TRUE;
+    case WM_SIZE:
+      Arrange();
+      return TRUE;
+    case WM_GETMINMAXINFO: {
+      const SIZE client = Layout(font_.get(), plan_.size).LeastClientSize();
+      const SIZE frame = FrameSize(window_);
+      reinterpret_cast<MINMAXINFO*>(data)->ptMinTrackSize = {client.cx + frame.cx,
+                                                             client.cy + frame.cy};
+      return TRUE;
+    }
+    case WM_SETTINGCHANGE:
+      UseMessageFont();
+      Arrange();
+      return TRUE;
+    case WM_DPICHANGED: {
+      const RECT& wanted = *reinterpret_cast<const RECT*>(data);
+      UseMessageFont();
+      SetWindowPos(window_, nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
+                   wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
+      Arrange();
+      return TRUE;
+    }
+    default:
+      return FALSE;
+  }
+}
+
+namespace {
+
+LRESULT CALLBACK EnterProcedure(HWND list, UINT message, WPARAM wide, LPARAM data, UINT_PTR id,
+                                DWORD_PTR) {
+  if (message == WM_GETDLGCODE && wide == VK_RETURN) {
+    return DLGC_WANTALLKEYS;
+  }
+  if (message == WM_CHAR && wide == '\r') {
+    SendMessageA(GetParent(list), kEnterMessage, static_cast<WPARAM>(GetDlgCtrlID(list)), 0);
+    return 0;
+  }
+  if (message == WM_NCDESTROY) {
+    RemoveWindowSubclass(list, EnterProcedure, id);
+  }
+  return DefSubclassProc(list, message, wide, data);
+}
+
+}  // namespace
+
+void ReportEnter(HWND list) { SetWindowSubclass(list, EnterProcedure, 0, 0); }
+
+bool DispatchToForm(MSG& message) {
+  const HWND window = GetAncestor(message.hwnd, GA_ROOT);
+  Form* const form = Form::Of(window);
+  if (form == nullptr) {
+    return false;
+  }
+  if (message.message == WM_KEYDOWN || message.message == WM_KEYUP || message.message == WM_CHAR) {
+    try {
+      if (form->OnKey(message)) {
+        return true;
+      }
+    } catch (const std::exception& failure) {
+      EndAfterFailure(window, failure);
+      return true;
+    }
+  }
+  return IsDialogMessageA(window, &message) != FALSE;
+}
+
+int RunMessageLoop() {
+  MSG message;
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    if (!DispatchToForm(message)) {
+      TranslateMessage(&message);
+      DispatchMessageA(&message);
+    }
+  }
+  return static_cast<int>(message.wParam);
+}
+
+void EndAfterFailure(HWND owner, const std::exception& failure) {
+  ShowError(owner, failure.what());
+  PostQuitMessage(EXIT_FAILURE);
+}
+
+}  // namespace win32

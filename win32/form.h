@@ -1,0 +1,123 @@
+#ifndef CORVALIS_WIN32_FORM_H_
+#define CORVALIS_WIN32_FORM_H_
+
+#include <windows.h>
+
+#include <exception>
+#include <span>
+
+#include "win32/layout.h"
+
+namespace win32 {
+
+// One control of a window's plan. The order of the rows is the order in which
+// Tab goes round and in which a label names the control behind it.
+struct ControlRow {
+  int id;
+  const char* windowClass;
+  const char* text;
+  DWORD style;  // besides WS_CHILD
+  Place place;
+  unsigned anchors;     // Anchor flags
+  unsigned pages;       // which of the window's pages show it, one bit each
+  const char* toolTip;  // nullptr for none
+};
+
+// Events that Windows does not report by WM_COMMAND, as notification codes
+// that it does not use (its own have 16 bits).
+enum ControlEvent : UINT {
+  kTabChanged = 0x10000,  // another tab of a tab control was chosen
+  kScrolled,              // the position of a scroll bar control has changed
+  kEnterPressed,          // in a list box made to report it (ReportEnter())
+};
+
+// Every page of a window.
+inline constexpr unsigned kEveryPage = ~0U;
+
+struct FormPlan {
+  const char* windowClass;  // registered on first use
+  const char* caption;
+  DWORD style;
+  SIZE size;   // of the client area, the least one of a sizable window, in dialog units
+  int iconId;  // of the window's icon among the resources; 0 for none
+  std::span<const ControlRow> controls;
+};
+
+// A top-level window made of a plan. It is a dialog box to Windows, so that
+// Tab, arrow keys and default buttons work as everywhere. Controls are its
+// direct children, in the message font; owner-drawn Static controls are sized
+// to hold one standard icon.
+class Form {
+ public:
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+  virtual ~Form();
+
+  HWND window() const { return window_; }
+  HWND Control(int id) const { return GetDlgItem(window_, id); }
+
+  // Destroys the window. The object can do without it, so that a handler of
+  // the window may call this.
+  void Close();
+
+  // The form whose window this is; nullptr when it is none.
+  static Form* Of(HWND window);
+
+  // Shows the controls of these pages (bits as in ControlRow) and hides the
+  // others. A form starts with every page shown.
+  void ShowPages(unsigned pages);
+  bool IsVisible(const ControlRow& row) const { return (row.pages & shownPages_) != 0; }
+
+ protected:
+  // Makes the window, hidden. Throws std::runtime_error when Windows does not.
+  Form(const FormPlan& plan, HWND owner);
+
+  // `event` is a notification code of WM_COMMAND or a ControlEvent.
+  virtual void OnCommand(int id, UINT event) = 0;
+  virtual void OnDrawItem(const DRAWITEMSTRUCT& item);
+  virtual void OnActivate(bool active);
+  // Some messages come only to some windows; true when this one was for it.
+  virtual bool OnMessage(UINT message, WPARAM wide, LPARAM data, LRESULT& result);
+  // The close box, or whatever else asks the window to close.
+  virtual void OnClose() = 0;
+  // The user pressed a key while the window was active: true when that was all.
+  virtual bool OnKey(const MSG& message);
+  // The controls have been given the message font anew.
+  virtual void OnFontChanged();
+
+  // Gives a Static control (SS_ICON) its picture, which is borrowed.
+  void SetPicture(int id, HICON icon);
+
+ private:
+  friend bool DispatchToForm(MSG& message);
+
+  static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM data);
+  INT_PTR Handle(UINT message, WPARAM wide, LPARAM data);
+  void Scroll(HWND bar, UINT request, int position);
+  void CreateControls();
+  void AddToolTips();
+  void UseMessageFont();
+  void SizeToPlan();
+  void Arrange();
+
+  const FormPlan& plan_;
+  HWND window_ = nullptr;
+  HWND toolTips_ = nullptr;
+  UniqueFont font_;
+  unsigned shownPages_ = kEveryPage;
+};
+
+// Makes a list box report Enter to its parent form as kEnterPressed, instead of
+// leaving it to a default button.
+void ReportEnter(HWND list);
+
+// Runs until the program is to end, and returns its exit code.
+int RunMessageLoop();
+
+// Shows what went wrong where nothing was there to deal with it, and ends the
+// message loop with a failing exit code.
+void EndAfterFailure(HWND owner, const std::exception& failure);
+
+}  // namespace win32
+
+#endif  // CORVALIS_WIN32_FORM_H_

@@ -1,0 +1,24 @@
+#ifndef CORVALIS_WIN32_MESSAGE_BOX_H_
+#define CORVALIS_WIN32_MESSAGE_BOX_H_
+
+#include <windows.h>
+
+#include <string>
+
+namespace win32 {
+
+// The program's message boxes. `owner` may be nullptr. Texts are in the
+// system's ANSI code page; a line ends with a single CR or LF.
+
+// Title "Error!" and an OK button.
+void ShowError(HWND owner, const std::string& text);
+
+// Title "Query?" and the buttons Yes and No; true for Yes.
+bool AskYesOrNo(HWND owner, const std::string& text);
+
+// An OK button.
+void ShowInformation(HWND owner, const std::string& text, const std::string& title);
+
+}  // namespace win32
+
+#endif  // CORVALIS_WIN32_MESSAGE_BOX_H_

@@ -1,0 +1,89 @@
+#include "win32/picture_box.h"
+
+namespace win32 {
+namespace {
+
+constexpr int kBitsPerPixel = 24;
+
+BITMAPINFOHEADER Header() {
+  const SIZE size = PictureBox::Size();
+  BITMAPINFOHEADER header{};
+  header.biSize = sizeof header;
+  header.biWidth = size.cx;
+  header.biHeight = size.cy;  // positive: bottom row first
+  header.biPlanes = 1;
+  header.biBitCount = kBitsPerPixel;
+  header.biCompression = BI_RGB;
+  // A row is padded to a multiple of four bytes.
+  const LONG rowBytes = (size.cx * kBitsPerPixel / 8 + 3) / 4 * 4;
+  header.biSizeImage = static_cast<DWORD>(rowBytes * size.cy);
+  return header;
+}
+
+template <typename T>
+void AppendBytes(std::string& out, const T& value) {
+  out.append(reinterpret_cast<const char*>(&value), sizeof value);
+}
+
+}  // namespace
+
+// The box's bitmap, selected into a device context for as long as this lives.
+struct PictureBox::Canvas {
+  explicit Canvas(HBITMAP bitmap) : dc(CreateCompatibleDC(nullptr)), selected(dc.get(), bitmap) {}
+
+  UniqueMemoryDc dc;
+  SelectedObject selected;
+};
+
+SIZE PictureBox::Size() { return {GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)}; }
+
+void PictureBox::Attach(HWND control) {
+  control_ = control;
+  BITMAPINFO info{};
+  info.bmiHeader = Header();
+  bitmap_.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels_, nullptr, 0));
+  Clear();
+}
+
+void PictureBox::Clear() {
+  const SIZE size = Size();
+  const RECT all{0, 0, size.cx, size.cy};
+  const UniqueBrush brush(CreateSolidBrush(background_));
+  FillRect(Canvas(bitmap_.get()).dc.get(), &all, brush.get());
+  Refresh();
+}
+
+void PictureBox::Draw(HICON icon) {
+  DrawIcon(Canvas(bitmap_.get()).dc.get(), 0, 0, icon);
+  Refresh();
+}
+
+void PictureBox::Draw(HIMAGELIST images, int index) {
+  ImageList_Draw(images, index, Canvas(bitmap_.get()).dc.get(), 0, 0, ILD_TRANSPARENT);
+  Refresh();
+}
+
+void PictureBox::Refresh() const { InvalidateRect(control_, nullptr, FALSE); }
+
+void PictureBox::Paint(const DRAWITEMSTRUCT& item) const {
+  const SIZE size = Size();
+  BitBlt(item.hDC, item.rcItem.left, item.rcItem.top, size.cx, size.cy,
+         Canvas(bitmap_.get()).dc.get(), 0, 0, SRCCOPY);
+}
+
+std::string PictureBox::BitmapFile() const {
+  GdiFlush();  // GDI may still hold back what was drawn
+  const BITMAPINFOHEADER info = Header();
+  BITMAPFILEHEADER file{};
+  file.bfType = 0x4D42;  // "BM"
+  file.bfOffBits = sizeof file + sizeof info;
+  file.bfSize = file.bfOffBits + info.biSizeImage;
+  std::string bytes;
+  bytes.reserve(file.bfSize);
+  AppendBytes(bytes, file);
+  AppendBytes(bytes, info);
+  bytes.append(static_cast<const char*>(pixels_), info.biSizeImage);
+  return bytes;
+}
+
+}  // namespace win32

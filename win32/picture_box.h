@@ -1,0 +1,55 @@
+#ifndef CORVALIS_WIN32_PICTURE_BOX_H_
+#define CORVALIS_WIN32_PICTURE_BOX_H_
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string>
+
+#include "win32/handles.h"
+
+namespace win32 {
+
+// An owner-drawn Static control (SS_OWNERDRAW) that keeps what is drawn into it
+// in a bitmap of its own, so that it survives repainting. The bitmap is one
+// standard icon large at the system's DPI, which is the size that DrawIcon()
+// draws at.
+class PictureBox {
+ public:
+  // Borrows the control. Its parent has to pass WM_DRAWITEM on to Paint().
+  void Attach(HWND control);
+  HWND control() const { return control_; }
+
+  // The colour that Clear() fills the box with, at first that of a button's
+  // face. Setting it clears nothing.
+  void SetBackground(COLORREF colour) { background_ = colour; }
+  void Clear();
+
+  // Both draw at (0, 0) on top of what is there. Nothing is taken over.
+  void Draw(HICON icon);
+  void Draw(HIMAGELIST images, int index);
+
+  // Shows on the screen what has been drawn.
+  void Refresh() const;
+
+  void Paint(const DRAWITEMSTRUCT& item) const;
+
+  // The box as a Windows bitmap file: 24 bits a pixel, bottom row first.
+  std::string BitmapFile() const;
+
+  // Of the bitmap, in pixels.
+  static SIZE Size();
+
+ private:
+  struct Canvas;
+
+  HWND control_ = nullptr;
+  UniqueBitmap bitmap_;
+  void* pixels_ = nullptr;  // of bitmap_
+  COLORREF background_ = GetSysColor(COLOR_BTNFACE);
+};
+
+}  // namespace win32
+
+#endif  // CORVALIS_WIN32_PICTURE_BOX_H_

@@ -1,0 +1,31 @@
+#include "win32/shell_file.h"
+
+#include <shellapi.h>
+
+#include <cstring>
+
+namespace win32 {
+namespace {
+
+constexpr UINT kFlags =
+    SHGFI_SYSICONINDEX | SHGFI_TYPENAME | SHGFI_DISPLAYNAME | SHGFI_EXETYPE | SHGFI_SHELLICONSIZE;
+static_assert(kFlags == 0x6604);
+// The ANSI record is packed to single bytes on 32-bit Windows only.
+static_assert(sizeof(SHFILEINFOA) == (sizeof(void*) == 4 ? 352 : 360));
+
+}  // namespace
+
+ShellFile::ShellFile(const std::string& path) {
+  SHFILEINFOA info{};
+  DWORD_PTR answer = SHGetFileInfoA(path.c_str(), 0, &info, sizeof info, kFlags);
+  if (answer == 0) {
+    // Some versions refuse to combine the type of a program with anything else.
+    info = {};
+    answer = SHGetFileInfoA(path.c_str(), 0, &info, sizeof info, kFlags & ~UINT{SHGFI_EXETYPE});
+  }
+  displayName.assign(info.szDisplayName, strnlen(info.szDisplayName, sizeof info.szDisplayName));
+  images = reinterpret_cast<HIMAGELIST>(answer);
+  imageIndex = info.iIcon;
+}
+
+}  // namespace win32

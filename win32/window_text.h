@@ -1,0 +1,25 @@
+#ifndef CORVALIS_WIN32_WINDOW_TEXT_H_
+#define CORVALIS_WIN32_WINDOW_TEXT_H_
+
+#include <windows.h>
+
+#include <string>
+
+namespace win32 {
+
+// The text of a window or control, in the system's ANSI code page.
+std::string WindowText(HWND window);
+
+// Sets it; an edit control reports the change to its parent as for typing.
+void SetText(HWND window, const std::string& text);
+
+// The text of a list box row (0-based). Empty when there is no such row.
+std::string ListText(HWND list, int row);
+
+// What Windows says about an error code of GetLastError(), without line ends
+// and full stop, in the system's ANSI code page.
+std::string ErrorText(DWORD error);
+
+}  // namespace win32
+
+#endif  // CORVALIS_WIN32_WINDOW_TEXT_H_
