@@ -4,15 +4,15 @@
 #
 #   tools/wine_run.sh PROGRAM.exe [ARGUMENT...]
 #
-# Within tools/wine_session.sh it costs little; on its own it makes a session
-# for this one program.
+# Within a session of tools/wine_session.sh it uses that and costs little; on
+# its own it makes a session for this one program.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 
-if [ "${CORVALIS_WINE_SESSION:-}" != test ]; then
+if [ -z "${CORVALIS_WINE_SESSION:-}" ]; then
   exec "$project_root/tools/wine_session.sh" test "$0" "$@"
 fi
-use_wine_prefix test
+use_wine_prefix "$CORVALIS_WINE_SESSION"
 
 # Wine's own services start with the first program, inherit its output and stay
 # for the session; a caller who reads to the end of a pipe would wait for them.
