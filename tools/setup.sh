@@ -47,6 +47,12 @@ apt() {
 }
 
 echo "Installing: ${missing[*]}"
+log=$(dirname "$0")/../build/log/setup.log
+mkdir -p "$(dirname "$log")"
 # A list that cannot be fetched anew may still be good enough.
-apt update || echo "$0: the package lists may be old" >&2
-apt install -y --no-install-recommends "${missing[@]}"
+apt update >"$log" 2>&1 || echo "$0: the package lists may be old" >&2
+apt install -y --no-install-recommends "${missing[@]}" >>"$log" 2>&1 </dev/null || {
+  cat "$log" >&2
+  echo "$0: could not install what is missing" >&2
+  exit 1
+}
