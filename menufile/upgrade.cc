@@ -17,18 +17,17 @@ bool Replace(File& menu, std::string_view picture, std::string_view description,
   AppendTypeLine(head, TypeKeyword(MenuType::UserDefined));
   try {
     menu.Truncate(0);
-  } catch (const Failure&) {
-    return false;
-  }
-  try {
     menu.Write(head);
     menu.Write(description);
     menu.Flush();
     return true;
   } catch (const Failure&) {
-    menu.Truncate(0);
-    menu.Write(old);
-    menu.Flush();
+    // A failure says nothing of how much was done before it.
+    if (menu.ReadAll() != old) {
+      menu.Truncate(0);
+      menu.Write(old);
+      menu.Flush();
+    }
     return false;
   }
 }
