@@ -1,0 +1,142 @@
+#include "tests/menufile/posix_files.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+#include "menufile/failure.h"
+
+namespace menufile {
+namespace {
+
+constexpr int kExitCode = 77;
+
+void Require(bool succeeded, const std::string& path, const char* doing) {
+  if (!succeeded) {
+    throw Failure(path, std::string(doing) + " the file", std::strerror(errno));
+  }
+}
+
+}  // namespace
+
+class PosixFiles::OpenFile final : public File {
+ public:
+  OpenFile(PosixFiles& files, std::string path, int descriptor)
+      : files_(files), path_(std::move(path)), descriptor_(descriptor) {}
+
+  ~OpenFile() override { close(descriptor_); }
+
+  std::string ReadAll() override {
+    EndIfAsked();
+    struct stat status;
+    Require(fstat(descriptor_, &status) == 0, path_, "read");
+    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+    const ssize_t read = pread(descriptor_, bytes.data(), bytes.size(), 0);
+    Require(read == status.st_size, path_, "read");
+    return bytes;
+  }
+
+  void Truncate(std::uint64_t size) override {
+    EndIfAsked();
+    Require(ftruncate(descriptor_, static_cast<off_t>(size)) == 0, path_, "cut");
+    position_ = static_cast<off_t>(size);
+  }
+
+  std::uint64_t SeekToEnd() override {
+    EndIfAsked();
+    position_ = lseek(descriptor_, 0, SEEK_END);
+    Require(position_ >= 0, path_, "find the end of");
+    return static_cast<std::uint64_t>(position_);
+  }
+
+  void Write(std::string_view bytes) override {
+    if (files_.CountOperation()) {
+      WriteNow(bytes.substr(0, bytes.size() / 2));
+      _exit(kExitCode);
+    }
+    WriteNow(bytes);
+  }
+
+  void Flush() override {
+    EndIfAsked();
+    Require(fsync(descriptor_) == 0, path_, "flush");
+  }
+
+ private:
+  void EndIfAsked() {
+    if (files_.CountOperation()) {
+      _exit(kExitCode);
+    }
+  }
+
+  void WriteNow(std::string_view bytes) {
+    while (!bytes.empty()) {
+      const ssize_t written = pwrite(descriptor_, bytes.data(), bytes.size(), position_);
+      Require(written > 0, path_, "write");
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+      position_ += written;
+    }
+  }
+
+  PosixFiles& files_;
+  std::string path_;
+  int descriptor_;
+  off_t position_ = 0;
+};
+
+PosixFiles::PosixFiles() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "menufile_XXXXXX").string();
+  Require(mkdtemp(pattern.data()) != nullptr, pattern, "make");
+  folder_ = pattern;
+}
+
+PosixFiles::~PosixFiles() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+void PosixFiles::Put(const std::string& path, std::string_view bytes) {
+  std::ofstream(Full(path), std::ios::binary) << bytes;
+}
+
+std::optional<std::string> PosixFiles::Get(const std::string& path) const {
+  std::ifstream file(Full(path), std::ios::binary);
+  if (!file) {
+    return std::nullopt;
+  }
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+std::unique_ptr<File> PosixFiles::Open(const std::string& path, OpenMode mode) {
+  if (CountOperation()) {
+    _exit(kExitCode);
+  }
+  const int flags = mode == OpenMode::Read     ? O_RDONLY
+                    : mode == OpenMode::Change ? O_RDWR
+                                               : O_RDWR | O_CREAT;
+  const int descriptor = open(Full(path).c_str(), flags | O_CLOEXEC, 0666);
+  Require(descriptor >= 0, path, "open");
+  auto file = std::make_unique<OpenFile>(*this, path, descriptor);
+  if (mode != OpenMode::Read) {
+    Require(flock(descriptor, LOCK_EX | LOCK_NB) == 0, path, "open");
+  }
+  return file;
+}
+
+void PosixFiles::Remove(const std::string& path) {
+  if (CountOperation()) {
+    _exit(kExitCode);
+  }
+  Require(unlink(Full(path).c_str()) == 0, path, "delete");
+}
+
+}  // namespace menufile

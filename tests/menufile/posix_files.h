@@ -1,0 +1,45 @@
+#ifndef CORVALIS_TESTS_MENUFILE_POSIX_FILES_H_
+#define CORVALIS_TESTS_MENUFILE_POSIX_FILES_H_
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "menufile/file_system.h"
+
+namespace menufile {
+
+// Files on a real disk, in a new folder of their own that goes with this
+// object. All paths are taken to be in that folder.
+class PosixFiles final : public FileSystem {
+ public:
+  PosixFiles();
+  ~PosixFiles() override;
+
+  void Put(const std::string& path, std::string_view bytes);
+  std::optional<std::string> Get(const std::string& path) const;
+
+  // The process ends, without any cleaning up, when it comes to this operation
+  // (counted from 1), after half of what it writes.
+  void EndProcessAt(std::size_t operation) { endAt_ = operation; }
+
+  std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
+  void Remove(const std::string& path) override;
+
+ private:
+  class OpenFile;
+
+  std::string Full(const std::string& path) const { return folder_ + '/' + path; }
+  // True when the process is to end in this operation.
+  bool CountOperation() { return ++operations_ == endAt_; }
+
+  std::string folder_;
+  std::size_t operations_ = 0;
+  std::size_t endAt_ = 0;
+};
+
+}  // namespace menufile
+
+#endif  // CORVALIS_TESTS_MENUFILE_POSIX_FILES_H_
