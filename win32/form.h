@@ -111,6 +111,11 @@ class Form {
 // leaving it to a default button.
 void ReportEnter(HWND list);
 
+// Gives a message that was taken from the queue to the form that it is for, with
+// all that a dialog box does with keys. False when it is for none: then it is to
+// be dispatched as usual.
+bool DispatchToForm(MSG& message);
+
 // Runs until the program is to end, and returns its exit code.
 int RunMessageLoop();
 

@@ -1,0 +1,97 @@
+#include "tests/windows/dialog_answers.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "win32/window_text.h"
+
+namespace {
+
+// The id that MessageBoxA() gives the Static control with its text.
+constexpr int kMessageTextId = 0xFFFF;
+
+std::string WithoutAmpersand(std::string text) {
+  text.erase(std::remove(text.begin(), text.end(), '&'), text.end());
+  return text;
+}
+
+BOOL CALLBACK AddButton(HWND control, LPARAM box) {
+  char name[16] = "";
+  GetClassNameA(control, name, sizeof name);
+  if (std::string(name) == "Button") {
+    reinterpret_cast<ShownBox*>(box)->buttons.push_back(
+        WithoutAmpersand(win32::WindowText(control)));
+  }
+  return TRUE;
+}
+
+}  // namespace
+
+DialogAnswers* DialogAnswers::current_ = nullptr;
+
+DialogAnswers::DialogAnswers()
+    : hook_(SetWindowsHookExA(WH_CBT, Hook, nullptr, GetCurrentThreadId())) {
+  current_ = this;
+}
+
+DialogAnswers::~DialogAnswers() {
+  UnhookWindowsHookEx(hook_);
+  current_ = nullptr;
+}
+
+void DialogAnswers::Answer(std::vector<int> buttons) {
+  answers_.insert(answers_.end(), buttons.begin(), buttons.end());
+}
+
+void DialogAnswers::OnDialog(std::function<void(HWND)> drive) {
+  drives_.push_back(std::move(drive));
+}
+
+// A dialog is looked at by a timer once its own message loop runs: at the time
+// of the hook it is not filled yet.
+LRESULT CALLBACK DialogAnswers::Hook(int code, WPARAM wide, LPARAM data) {
+  if (code == HCBT_ACTIVATE && current_ != nullptr) {
+    const HWND window = reinterpret_cast<HWND>(wide);
+    char name[16] = "";
+    GetClassNameA(window, name, sizeof name);
+    std::vector<HWND>& opened = current_->opened_;
+    if (std::string(name) == "#32770" &&
+        std::find(opened.begin(), opened.end(), window) == opened.end()) {
+      opened.push_back(window);
+      SetTimer(window, 0x7E57, 10, Tick);
+    }
+  }
+  return CallNextHookEx(nullptr, code, wide, data);
+}
+
+void CALLBACK DialogAnswers::Tick(HWND dialog, UINT, UINT_PTR timer, DWORD) {
+  KillTimer(dialog, timer);
+  if (current_ != nullptr) {
+    current_->Handle(dialog);
+  }
+}
+
+void DialogAnswers::Handle(HWND dialog) {
+  // The handle may be given to another dialog later.
+  opened_.erase(std::remove(opened_.begin(), opened_.end(), dialog), opened_.end());
+  const HWND message = GetDlgItem(dialog, kMessageTextId);
+  if (message == nullptr) {
+    if (drives_.empty()) {
+      PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+      return;
+    }
+    const std::function<void(HWND)> drive = std::move(drives_.front());
+    drives_.pop_front();
+    drive(dialog);
+    return;
+  }
+  ShownBox box{win32::WindowText(dialog), win32::WindowText(message), {}};
+  EnumChildWindows(dialog, AddButton, reinterpret_cast<LPARAM>(&box));
+  shown_.push_back(box);
+  int button = GetDlgItem(dialog, IDOK) != nullptr ? IDOK : IDNO;
+  if (!answers_.empty()) {
+    button = answers_.front();
+    answers_.pop_front();
+  }
+  PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+}

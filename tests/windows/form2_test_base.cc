@@ -1,0 +1,111 @@
+#include "tests/windows/form2_test_base.h"
+
+#include <commctrl.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+Form2Test::Form2Test() {
+  char path[MAX_PATH];
+  GetCurrentDirectoryA(MAX_PATH, path);
+  formerFolder_ = path;
+  GetTempPathA(MAX_PATH, path);
+  static int count = 0;
+  folder_ = std::string(path) + "corvalis " + std::to_string(GetCurrentProcessId()) + "-" +
+            std::to_string(++count);
+  CreateDirectoryA(folder_.c_str(), nullptr);
+  SetCurrentDirectoryA(folder_.c_str());
+}
+
+Form2Test::~Form2Test() {
+  form_.reset();
+  RunMessages();
+  SetCurrentDirectoryA(formerFolder_.c_str());
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+bool Form2Test::Open(const std::string& menuBytes) {
+  WriteBytes(MenuPath(), menuBytes);
+  form_ = std::make_unique<editor::Form2>("\"" + MenuPath() + "\"", *files);
+  return form_->Load();
+}
+
+void Form2Test::Press(int buttonId) {
+  SendMessageA(Control(buttonId), BM_CLICK, 0, 0);
+  RunMessages();
+}
+
+void Form2Test::SelectRow(int row) {
+  const HWND list = Control(IDC_FORM2_LIST1);
+  SendMessageA(list, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
+  SendMessageA(form_->window(), WM_COMMAND, MAKEWPARAM(IDC_FORM2_LIST1, LBN_SELCHANGE),
+               reinterpret_cast<LPARAM>(list));
+  RunMessages();
+}
+
+void Form2Test::SelectTab(int tab) {
+  SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
+  RunMessages();
+}
+
+void Form2Test::Type(int editId, const std::string& text) {
+  SendMessageA(Control(editId), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  RunMessages();
+}
+
+void Form2Test::RunMessages() {
+  MSG message;
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
+    if (!win32::DispatchToForm(message)) {
+      TranslateMessage(&message);
+      DispatchMessageA(&message);
+    }
+  }
+}
+
+std::vector<std::string> Form2Test::Rows() {
+  std::vector<std::string> rows;
+  for (int row = 0; row < form_->items().Count(); ++row) {
+    rows.push_back(win32::ListText(Control(IDC_FORM2_LIST1), row));
+  }
+  return rows;
+}
+
+int Form2Test::SelectedRow() {
+  return static_cast<int>(SendMessageA(Control(IDC_FORM2_LIST1), LB_GETCURSEL, 0, 0));
+}
+
+bool Form2Test::IsVisible(int id) {
+  return (GetWindowLongA(Control(id), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+bool Form2Test::IsChecked(int id) {
+  return SendMessageA(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+std::vector<editor::HiddenRow> Form2Test::HiddenRows() {
+  std::vector<editor::HiddenRow> rows;
+  for (int row = 0; row < form_->items().Count(); ++row) {
+    rows.push_back(form_->items().Hidden(row));
+  }
+  return rows;
+}
+
+std::string Form2Test::ReadBytes(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+void Form2Test::WriteBytes(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+bool Form2Test::Exists(const std::string& path) {
+  return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
