@@ -24,6 +24,8 @@ use_wine_prefix() {
   export XDG_CACHE_HOME=$build_dir/wine/xdg/cache
   export XDG_CONFIG_HOME=$build_dir/wine/xdg/config
   export XDG_DATA_HOME=$build_dir/wine/xdg/data
+  # The folder of Wine's server socket.
+  export TMPDIR=$build_dir/wine/tmp
   # File names pass from Linux to Windows through the locale's character set;
   # only UTF-8 holds them all.
   if [ "$(locale charmap 2>/dev/null)" != UTF-8 ]; then
@@ -34,7 +36,7 @@ use_wine_prefix() {
     export HOME=$build_dir/wine/home
     mkdir -p "$HOME"
   fi
-  mkdir -p "$WINEPREFIX" "$XDG_CACHE_HOME" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME"
+  mkdir -p "$WINEPREFIX" "$TMPDIR" "$XDG_CACHE_HOME" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME"
   # Wine refuses a prefix that another user made, in words that do not help.
   [ -O "$WINEPREFIX" ] ||
     fail "$WINEPREFIX belongs to another user; remove $build_dir and try again"
