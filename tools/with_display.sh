@@ -60,6 +60,9 @@ for ((tries = 0; ; tries++)); do
   sleep 0.1
 done
 
+# The pointer starts in the middle, where windows open, and would raise tips.
+xdotool mousemove 1279 1023
+
 status=0
 "$@" {numbers}<&- || status=$?
 exit "$status"
