@@ -47,7 +47,7 @@ RecordRule RuleFor(const Operation& operation) {
             MenuItemRecord changed = record;
             if (counter == operation.row) {
               const bool isCaption = operation.iconFile == record.caption.Text();
-              changed.iconFile = Value::Quoted(isCaption ? "" : operation.iconFile);
+              changed.iconFile = isCaption ? Value::Quoted("") : Value::Quoted(operation.iconFile);
               changed.iconIndex = Value::Bare(operation.iconIndex);
             }
             records.Write(changed);
