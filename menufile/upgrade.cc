@@ -8,17 +8,12 @@
 namespace menufile {
 namespace {
 
-// True when `menu` holds `picture` and, behind the lines that every menu has,
-// `description`; false when it holds `old`, its bytes so far.
-bool Replace(File& menu, std::string_view picture, std::string_view description,
-             const std::string& old) {
-  std::string head(picture);
-  head += kMarkerLine;
-  AppendTypeLine(head, TypeKeyword(MenuType::UserDefined));
+// True when `menu` holds its `converted` bytes, false when it holds its `old`
+// ones.
+bool Replace(File& menu, const std::string& converted, const std::string& old) {
   try {
     menu.Truncate(0);
-    menu.Write(head);
-    menu.Write(description);
+    menu.Write(converted);
     menu.Flush();
     return true;
   } catch (const Failure&) {
@@ -33,6 +28,14 @@ bool Replace(File& menu, std::string_view picture, std::string_view description,
 }
 
 }  // namespace
+
+std::string ConvertedMenu(std::string_view picture, std::string_view old) {
+  std::string menu(picture);
+  menu += kMarkerLine;
+  AppendTypeLine(menu, TypeKeyword(MenuType::UserDefined));
+  menu += old;
+  return menu;
+}
 
 bool UpgradeMenuFile(FileSystem& files, const std::string& path, std::string_view picture) {
   std::unique_ptr<File> menu;
@@ -50,7 +53,7 @@ bool UpgradeMenuFile(FileSystem& files, const std::string& path, std::string_vie
   }
   bool converted = false;
   try {
-    converted = Replace(*menu, picture, scratch->Contents(), old);
+    converted = Replace(*menu, ConvertedMenu(picture, scratch->Contents()), old);
   } catch (const Failure& failure) {
     throw Failure(path, "convert the file",
                   failure.reason() + ". What the file held is complete in the file \"" +

@@ -8,6 +8,10 @@
 
 namespace menufile {
 
+// The bytes of a user-defined menu with that picture whose description is what
+// a file without a marker line held.
+std::string ConvertedMenu(std::string_view picture, std::string_view old);
+
 // Turns a file without a marker line into a user-defined menu: `picture`, the
 // marker line and the type line are put in front of what the file holds, which
 // stays as it is. (A previous-version file is just an appearance line and the

@@ -1,0 +1,37 @@
+#ifndef CORVALIS_MENUFILE_RESTORE_H_
+#define CORVALIS_MENUFILE_RESTORE_H_
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "menufile/file_system.h"
+
+namespace menufile {
+
+// A change that ended while the menu file was being written: by a power cut,
+// say, or because the disk was full. The scratch file then holds what the menu
+// file lacks.
+struct InterruptedChange {
+  std::string scratchFile;
+  std::string menu;  // the bytes of the menu file as the change was to leave it
+};
+
+// Looks for a scratch file in the current directory that shows that the last
+// change to the menu file at `path` was interrupted. That is so where the menu
+// file is a strict beginning of
+//   - a complete menu in the scratch file;
+//   - a bitmap file and the complete description in the scratch file;
+//   - the conversion of the file in the scratch file, with `defaultPicture`.
+// Nothing when there is none, or when a file cannot be read.
+std::optional<InterruptedChange> FindInterruptedChange(FileSystem& files, const std::string& path,
+                                                       std::string_view defaultPicture);
+
+// Writes the menu file as it was to be and deletes the scratch file. Throws
+// Failure when the menu file could not be written; the scratch file then stays.
+void FinishInterruptedChange(FileSystem& files, const std::string& path,
+                             const InterruptedChange& change);
+
+}  // namespace menufile
+
+#endif  // CORVALIS_MENUFILE_RESTORE_H_
