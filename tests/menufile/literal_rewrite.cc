@@ -18,6 +18,8 @@ class LiteralRewrite {
   LiteralRewrite(LiteralFile& menu, LiteralFile& scratch, const Operation& operation)
       : menu_(menu), scratch_(scratch), operation_(operation) {}
 
+  bool foundMarker() const { return foundMarker_; }
+
   void CopyPicture() {
     for (std::size_t p = 1; p <= menu_.Length(); ++p) {
       const char byte = menu_.GetAt(p);
@@ -26,6 +28,7 @@ class LiteralRewrite {
         const std::string line = menu_.ReadLine();
         scratch_.PutNext(Trimmed(line + "\r\n"));
         if (line == "START ZOL>") {
+          foundMarker_ = true;
           break;
         }
       }
@@ -35,6 +38,7 @@ class LiteralRewrite {
   void SkipPicture() {
     for (std::size_t p = 1; p <= menu_.Length(); ++p) {
       if (menu_.GetAt(p) == '<' && menu_.ReadLine() == "START ZOL>") {
+        foundMarker_ = true;
         break;
       }
     }
@@ -152,6 +156,7 @@ class LiteralRewrite {
   LiteralFile& menu_;
   LiteralFile& scratch_;
   const Operation& operation_;
+  bool foundMarker_ = false;
 };
 
 }  // namespace
@@ -187,6 +192,7 @@ LiteralResult RewriteLiterally(std::string_view menuBytes,
     result.menu = menuBytes;
     result.scratch = scratch.bytes();
     result.failed = true;
+    result.noMarker = !rewrite.foundMarker();
     return result;
   }
   // The emptied menu file may hold a line end; it is written over.
@@ -196,6 +202,7 @@ LiteralResult RewriteLiterally(std::string_view menuBytes,
     copy.PutAt(before + p, scratch.GetAt(p));
   }
   result.menu = copy.bytes();
+  result.noMarker = !rewrite.foundMarker();
   if (!scratchCanBeDeleted) {
     result.scratch = scratch.bytes();
   }

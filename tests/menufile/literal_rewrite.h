@@ -14,6 +14,7 @@ struct LiteralResult {
   std::string menu;
   std::optional<std::string> scratch;  // nothing when it was deleted
   bool failed = false;                 // and told so
+  bool noMarker = false;               // the picture ended with the file
 };
 
 // The rewrite of a menu file, one byte and one field at a time, as an editor

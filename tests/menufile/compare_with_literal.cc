@@ -1,0 +1,64 @@
+#include "tests/menufile/compare_with_literal.h"
+
+#include "menufile/failure.h"
+#include "tests/menufile/literal_rewrite.h"
+#include "tests/menufile/loaded_menu.h"
+#include "tests/menufile/memory_files.h"
+
+namespace menufile {
+namespace {
+
+// For messages: line ends and other unprintable bytes as numbers.
+std::string Printable(std::string_view bytes) {
+  static constexpr char kDigits[] = "0123456789abcdef";
+  std::string text;
+  for (char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < ' ' || byte > '~') {
+      text += {'{', kDigits[byte / 16], kDigits[byte % 16], '}'};
+    } else {
+      text += c;
+    }
+  }
+  return text;
+}
+
+}  // namespace
+
+Comparison CompareWithLiteral(std::string_view menu, const std::optional<std::string>& leftover,
+                              bool scratchCanBeDeleted, const Operation& operation) {
+  const LiteralResult literal = RewriteLiterally(menu, leftover, scratchCanBeDeleted, operation);
+
+  const char* const scratchFile = ScratchFileOf(operation.kind);
+  MemoryFiles files;
+  files.Put(kMenuPath, menu);
+  if (leftover) {
+    files.Put(scratchFile, *leftover);
+  }
+  if (!scratchCanBeDeleted) {
+    files.ForbidRemove(scratchFile);
+  }
+  Comparison comparison;
+  try {
+    RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+  } catch (const Failure&) {
+    comparison.failed = true;
+  }
+  const std::string written = files.Get(kMenuPath).value_or("(no file)");
+  const std::string scratch = files.Get(scratchFile).value_or("(no file)");
+  if (comparison.failed != literal.failed) {
+    comparison.difference = comparison.failed ? "only the rewrite failed" : "the rewrite went on";
+  } else if (written != literal.menu) {
+    comparison.difference =
+        "menu file\n" + Printable(written) + "\nliterally\n" + Printable(literal.menu);
+  } else if (literal.noMarker && literal.failed) {
+    // The scratch file is then a copy of the menu, of use to no one. The
+    // literal one may have another line end behind it.
+  } else if (scratch != literal.scratch.value_or("(no file)")) {
+    comparison.difference = "scratch file\n" + Printable(scratch) + "\nliterally\n" +
+                            Printable(literal.scratch.value_or("(no file)"));
+  }
+  return comparison;
+}
+
+}  // namespace menufile

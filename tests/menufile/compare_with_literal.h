@@ -1,0 +1,24 @@
+#ifndef CORVALIS_TESTS_MENUFILE_COMPARE_WITH_LITERAL_H_
+#define CORVALIS_TESTS_MENUFILE_COMPARE_WITH_LITERAL_H_
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "tests/menufile/operation.h"
+
+namespace menufile {
+
+struct Comparison {
+  std::string difference;  // empty when there is none
+  bool failed = false;     // both failed
+};
+
+// Runs the operation on the same bytes through RewriteMenuFile() and through
+// RewriteLiterally(), and compares what they leave.
+Comparison CompareWithLiteral(std::string_view menu, const std::optional<std::string>& leftover,
+                              bool scratchCanBeDeleted, const Operation& operation);
+
+}  // namespace menufile
+
+#endif  // CORVALIS_TESTS_MENUFILE_COMPARE_WITH_LITERAL_H_

@@ -1,0 +1,129 @@
+// Scratch files that are there already when a rewrite begins.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "menufile/failure.h"
+#include "menufile/rewrite.h"
+#include "tests/menufile/loaded_menu.h"
+#include "tests/menufile/operation.h"
+#include "tests/menufile/sample_menus.h"
+
+namespace menufile {
+namespace {
+
+using namespace std::string_literals;
+using Kind = Operation::Kind;
+
+constexpr Kind kEveryKind[] = {Kind::Keep,
+                               Kind::MoveUp,
+                               Kind::MoveDown,
+                               Kind::Delete,
+                               Kind::Separator,
+                               Kind::Edit,
+                               Kind::ChangeIcon,
+                               Kind::SaveAppearance,
+                               Kind::SaveDirectory,
+                               Kind::SwitchToDirectory,
+                               Kind::SwitchToUserDefined};
+
+class Leftover : public testing::TestWithParam<Kind> {
+ protected:
+  Leftover() : operation_(MakeOperation(GetParam(), 1)), scratch_(ScratchFileOf(GetParam())) {
+    files_.Put(kMenuPath, UserMenu(4));
+    RewriteMenuFile(files_, kMenuPath, ChangeFor(operation_));
+    clean_ = files_.Get(kMenuPath).value_or("");
+    copied_ = clean_.substr(GetParam() == Kind::SaveAppearance ? operation_.picture.size() : 0);
+    files_.Put(kMenuPath, UserMenu(4));
+  }
+
+  void Rewrite() { RewriteMenuFile(files_, kMenuPath, ChangeFor(operation_)); }
+
+  const Operation operation_;
+  const std::string scratch_;
+  std::string clean_;   // the menu as it is without a leftover
+  std::string copied_;  // what of it goes through the scratch file
+  MemoryFiles files_;
+};
+
+TEST_P(Leftover, ThatIsShorterIsWrittenOver) {
+  files_.Put(scratch_, "leftover");
+  Rewrite();
+  EXPECT_EQ(clean_, files_.Get(kMenuPath));
+  EXPECT_EQ(std::nullopt, files_.Get(scratch_));
+}
+
+TEST_P(Leftover, ThatIsLongerIsDeletedFirst) {
+  files_.Put(scratch_, std::string(2000, 'x'));
+  Rewrite();
+  const std::string tail =
+      DeletesScratchFirst(GetParam()) ? "" : std::string(2000 - copied_.size(), 'x');
+  EXPECT_EQ(clean_ + tail, files_.Get(kMenuPath));
+  EXPECT_EQ(std::nullopt, files_.Get(scratch_));
+}
+
+TEST_P(Leftover, ThatIsLongerAndCannotBeDeletedLeavesItsTailInBothFiles) {
+  for (std::size_t more : {1u, 2u, 17u, 1000u}) {
+    files_.Put(kMenuPath, UserMenu(4));
+    files_.Put(scratch_, std::string(copied_.size() + more, '<'));
+    files_.ForbidRemove(scratch_);
+    Rewrite();
+    EXPECT_EQ(clean_ + std::string(more, '<'), files_.Get(kMenuPath));
+    EXPECT_EQ(copied_ + std::string(more, '<'), files_.Get(scratch_));
+  }
+}
+
+TEST_P(Leftover, OfTheSameLengthLeavesNothing) {
+  files_.Put(scratch_, std::string(copied_.size(), '\0'));
+  files_.ForbidRemove(scratch_);
+  Rewrite();
+  EXPECT_EQ(clean_, files_.Get(kMenuPath));
+  EXPECT_EQ(copied_, files_.Get(scratch_));
+}
+
+TEST_P(Leftover, ThatAnotherEditorUsesIsNotTouchedAndNorIsTheMenu) {
+  files_.Put(scratch_, "the only copy of another menu");
+  files_.HoldByOther(scratch_);
+  if (IgnoresFailures(GetParam())) {
+    Rewrite();
+  } else {
+    try {
+      Rewrite();
+      ADD_FAILURE() << "no failure";
+    } catch (const Failure& failure) {
+      EXPECT_EQ("Cannot open the file:\n" + scratch_ + "\n\nAnother program uses the file.",
+                std::string(failure.what()));
+    }
+  }
+  EXPECT_EQ(UserMenu(4), files_.Get(kMenuPath));
+  EXPECT_EQ("the only copy of another menu", files_.Get(scratch_));
+}
+
+TEST_P(Leftover, AMenuThatAnotherProgramHoldsIsNotTouched) {
+  files_.HoldByOther(kMenuPath);
+  if (IgnoresFailures(GetParam())) {
+    Rewrite();
+  } else {
+    EXPECT_THROW(Rewrite(), Failure);
+  }
+  EXPECT_EQ(UserMenu(4), files_.Get(kMenuPath));
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryKind, Leftover, testing::ValuesIn(kEveryKind),
+                         [](const auto& info) { return NameOf(info.param); });
+
+TEST(LeftoverOfTheOtherName, IsNotTouched) {
+  for (Kind kind : kEveryKind) {
+    MemoryFiles files;
+    files.Put(kMenuPath, UserMenu(4));
+    const bool isList = ScratchFileOf(kind) == "temporaryfile"s;
+    const char* const other = isList ? "zoltempfileoktodelete" : "temporaryfile";
+    files.Put(other, "x");
+    const Operation operation = MakeOperation(kind, 1);
+    RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+    EXPECT_EQ("x", files.Get(other)) << NameOf(kind);
+  }
+}
+
+}  // namespace
+}  // namespace menufile
