@@ -9,11 +9,6 @@
 namespace menufile {
 namespace {
 
-[[noreturn]] void Fail(const std::string& path, const std::string& doing,
-                       const std::string& reason) {
-  throw Failure(path, doing, reason);
-}
-
 void WriteAt(std::string& bytes, std::size_t position, std::string_view written) {
   if (bytes.size() < position + written.size()) {
     bytes.resize(position + written.size(), '\0');
@@ -82,7 +77,7 @@ class MemoryFiles::OpenFile final : public File {
       stored_->unflushed.push_back({position_, std::string(fits), false});
       position_ += fits.size();
       if (tooMany > 0) {
-        Fail(path_, "write the file", "The disk is full");
+        files_.Refuse(path_, "write the file", "The disk is full");
       }
     }
     files_.End(path_);
@@ -139,10 +134,10 @@ std::unique_ptr<File> MemoryFiles::Open(const std::string& path, OpenMode mode) 
       stored = std::make_shared<Stored>();
       files_[path] = stored;
     } else {
-      Fail(path, "open the file", "There is no such file");
+      Refuse(path, "open the file", "There is no such file");
     }
     if (mode != OpenMode::Read && (heldByOther_.count(path) || !stored->openedToChange.empty())) {
-      Fail(path, "open the file", "Another program uses the file");
+      Refuse(path, "open the file", "Another program uses the file");
     }
   }
   End(path);
@@ -153,11 +148,11 @@ void MemoryFiles::Remove(const std::string& path) {
   if (Begin("remove", path) != Fault::Done::Nothing) {
     const auto found = files_.find(path);
     if (found == files_.end()) {
-      Fail(path, "delete the file", "There is no such file");
+      Refuse(path, "delete the file", "There is no such file");
     }
     if (heldByOther_.count(path) || forbiddenToRemove_.count(path) ||
         !found->second->opened.empty()) {
-      Fail(path, "delete the file", "The file cannot be deleted");
+      Refuse(path, "delete the file", "The file cannot be deleted");
     }
     files_.erase(found);
   }
@@ -237,7 +232,12 @@ void MemoryFiles::End(const std::string& path) {
     ended_ = true;
     throw ProcessEnded();
   }
-  Fail(path, "use the file", "The disk does not answer");
+  throw Failure(path, "use the file", "The disk does not answer");
+}
+
+void MemoryFiles::Refuse(const std::string& path, const char* doing, const char* reason) {
+  End(path);
+  throw Failure(path, doing, reason);
 }
 
 }  // namespace menufile

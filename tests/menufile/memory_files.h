@@ -95,6 +95,8 @@ class MemoryFiles final : public FileSystem {
 
   Fault::Done Begin(const std::string& operation, const std::string& path);
   void End(const std::string& path);
+  // End(), and a failure that would have come without a fault.
+  [[noreturn]] void Refuse(const std::string& path, const char* doing, const char* reason);
   static std::string Apply(const Stored& stored, Unflushed unflushed);
   std::size_t Used() const;
 

@@ -1,0 +1,99 @@
+// The same on a real disk: changes end as they do in memory, and a process that
+// ends in the middle of one leaves a complete menu.
+#include "tests/menufile/posix_files.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+
+#include "menufile/append.h"
+#include "menufile/failure.h"
+#include "menufile/upgrade.h"
+#include "tests/menufile/literal_rewrite.h"
+#include "tests/menufile/loaded_menu.h"
+#include "tests/menufile/operation.h"
+#include "tests/menufile/sample_menus.h"
+
+namespace menufile {
+namespace {
+
+using Kind = Operation::Kind;
+
+TEST(RealFiles, EveryOperationEndsAsTheLiteralOne) {
+  for (int kind = 0; kind < kOperationKinds; ++kind) {
+    const Operation operation = MakeOperation(static_cast<Kind>(kind), 2);
+    PosixFiles files;
+    files.Put("a.menu", UserMenu(300));
+    RewriteMenuFile(files, "a.menu", ChangeFor(operation));
+    EXPECT_EQ(RewriteLiterally(UserMenu(300), std::nullopt, true, operation).menu,
+              files.Get("a.menu"))
+        << NameOf(operation.kind);
+    EXPECT_EQ(std::nullopt, files.Get(ScratchFileOf(operation.kind)));
+  }
+}
+
+TEST(RealFiles, UpgradeAndAppend) {
+  PosixFiles files;
+  files.Put("a.menu", PreviousVersionMenu(3));
+  EXPECT_TRUE(UpgradeMenuFile(files, "a.menu", SamplePicture()));
+  EXPECT_EQ(UserMenu(3), files.Get("a.menu"));
+  MenuAppender(files, "a.menu").Append(MenuItemRecord{});
+  EXPECT_EQ(UserMenu(3) + std::string(kSeparatorLine), files.Get("a.menu"));
+  RecordingView view;
+  EXPECT_TRUE(LoadMenuFile(files, "a.menu", "", view));
+  EXPECT_EQ(5u, view.shown().size());
+}
+
+TEST(RealFiles, AMissingFileIsAFailure) {
+  PosixFiles files;
+  RecordingView view;
+  try {
+    LoadMenuFile(files, "a.menu", "", view);
+    ADD_FAILURE() << "no failure";
+  } catch (const Failure& failure) {
+    EXPECT_STREQ("Cannot open the file:\na.menu\n\nNo such file or directory.", failure.what());
+  }
+}
+
+// Runs the operation in a process of its own that ends at the given file
+// operation; false when it came to its own end before.
+bool EndsAt(std::size_t number, PosixFiles& files, const Operation& operation) {
+  const pid_t child = fork();
+  if (child == 0) {
+    files.EndProcessAt(number);
+    RewriteMenuFile(files, "a.menu", ChangeFor(operation));
+    _exit(0);
+  }
+  int status = -1;
+  EXPECT_EQ(child, waitpid(child, &status, 0));
+  EXPECT_TRUE(WIFEXITED(status));
+  return WEXITSTATUS(status) != 0;
+}
+
+TEST(RealFiles, AProcessThatEndsLeavesACompleteMenu) {
+  for (int kind = 0; kind < kOperationKinds; ++kind) {
+    const Operation operation = MakeOperation(static_cast<Kind>(kind), 2);
+    const std::string oldMenu = UserMenu(50);
+    const std::string newMenu = RewriteLiterally(oldMenu, std::nullopt, true, operation).menu;
+    const std::size_t head = operation.kind == Kind::SaveAppearance ? operation.picture.size() : 0;
+    std::size_t number = 1;
+    for (;; ++number) {
+      PosixFiles files;
+      files.Put("a.menu", oldMenu);
+      if (!EndsAt(number, files, operation)) {
+        EXPECT_EQ(newMenu, files.Get("a.menu"));
+        break;
+      }
+      const std::optional<std::string> menu = files.Get("a.menu");
+      EXPECT_TRUE(menu == oldMenu || menu == newMenu ||
+                  files.Get(ScratchFileOf(operation.kind)) == newMenu.substr(head))
+          << NameOf(operation.kind) << " at " << number;
+    }
+    EXPECT_GE(number, 11u);
+  }
+}
+
+}  // namespace
+}  // namespace menufile
