@@ -162,14 +162,16 @@ void Form::Arrange() {
   HDWP moves = BeginDeferWindowPos(static_cast<int>(plan_.controls.size()));
   for (const ControlRow& row : plan_.controls) {
     const HWND control = Control(row.id);
-    const RECT rect = layout.Rect(row.place, row.anchors, {client.right, client.bottom});
-    SIZE size{rect.right - rect.left, rect.bottom - rect.top};
+    RECT rect = layout.Rect(row.place, row.anchors, {client.right, client.bottom});
     if (IsPictureBox(row)) {
       const SIZE frame = FrameSize(control);
-      size = {PictureBox::Size().cx + frame.cx, PictureBox::Size().cy + frame.cy};
+      const LONG width = PictureBox::Size().cx + frame.cx;
+      rect.left = row.anchors & kLeft ? rect.left : rect.right - width;
+      rect.right = rect.left + width;
+      rect.bottom = rect.top + PictureBox::Size().cy + frame.cy;
     }
-    moves = DeferWindowPos(moves, control, nullptr, rect.left, rect.top, size.cx, size.cy,
-                           SWP_NOZORDER | SWP_NOACTIVATE);
+    moves = DeferWindowPos(moves, control, nullptr, rect.left, rect.top, rect.right - rect.left,
+                           rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
   }
   EndDeferWindowPos(moves);
   InvalidateRect(window_, nullptr, TRUE);
@@ -179,6 +181,11 @@ void Form::ShowPages(unsigned pages) {
   shownPages_ = pages;
   for (const ControlRow& row : plan_.controls) {
     ShowWindow(Control(row.id), IsVisible(row) ? SW_SHOWNA : SW_HIDE);
+  }
+  // A hidden control would keep the focus, and the keyboard lead nowhere.
+  const HWND focus = GetFocus();
+  if (focus != nullptr && IsChild(window_, focus) && !IsWindowVisible(focus)) {
+    SendMessageA(window_, WM_NEXTDLGCTL, 0, FALSE);
   }
 }
 
