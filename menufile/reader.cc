@@ -77,8 +77,7 @@ void MenuReader::ReadRecord(const char* record, std::initializer_list<Field> fie
         doing += ' ' + std::to_string(entriesRead_);
       }
       throw Failure(path_, doing + ", field " + field.name + ", of the file",
-                    "The file ends too early",
-                    bytes_.size());
+                    "The file ends too early", bytes_.size());
     }
   }
 }

@@ -40,8 +40,8 @@ class RecordStream {
 // Called once for each item record, top one first, with a counter from 0. It
 // writes the record or does not, and may write or read others. The counter
 // counts calls, so it runs behind the records once a rule reads one itself.
-using RecordRule = std::function<void(std::size_t counter, const MenuItemRecord& record,
-                                      RecordStream& records)>;
+using RecordRule =
+    std::function<void(std::size_t counter, const MenuItemRecord& record, RecordStream& records)>;
 
 // The rule that changes nothing.
 void KeepRecord(std::size_t counter, const MenuItemRecord& record, RecordStream& records);
