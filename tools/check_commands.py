@@ -125,7 +125,8 @@ def cmake_targets(paths):
     names = set()
     for path in paths:
         with open(path) as file:
-            names |= set(re.findall(r"add_(?:executable|custom_target)\(\s*([\w.+-]+)", file.read()))
+            text = file.read()
+        names |= set(re.findall(r"add_(?:executable|custom_target)\(\s*([\w.+-]+)", text))
     return names
 
 
@@ -159,16 +160,21 @@ class Installed:
             for owner in owners.split(","):
                 self.owners.setdefault(name, set()).add(owner.split(":")[0].strip())
         self.depends = {}
-        for line in dpkg_query("-W", "-f", "${Package}\t${Pre-Depends},${Depends}\n", *packages).splitlines():
+        dependencies = "${Package}\t${Pre-Depends},${Depends}\n"
+        for line in dpkg_query("-W", "-f", dependencies, *packages).splitlines():
             package, _, depends = line.partition("\t")
-            self.depends[package] = {re.split(r"[ :(]", d.strip())[0] for d in re.split(r"[,|]", depends)}
-        smallest = dpkg_query("-W", "-f", "${Package} ${Essential} ${Priority}\n").splitlines()
-        self.smallest = {line.split()[0] for line in smallest if " yes " in line or " required" in line}
+            self.depends[package] = {
+                re.split(r"[ :(]", name.strip())[0] for name in re.split(r"[,|]", depends)
+            }
+        rows = dpkg_query("-W", "-f", "${Package} ${Essential} ${Priority}\n").splitlines()
+        self.smallest = {
+            row.split()[0] for row in rows if row.endswith(" required") or " yes " in row
+        }
 
     @staticmethod
     def names_of(path):
-        # A link of the alternatives belongs to no package, nor does a path below
-        # a merged /usr to the one that ships it below /.
+        # A link of the alternatives belongs to no package, nor does a path
+        # below a merged /usr to the one that ships it below /.
         real = os.path.realpath(path)
         return {path, real, path.removeprefix("/usr"), real.removeprefix("/usr")}
 
@@ -195,9 +201,11 @@ def is_shell(path):
 def commands_of_files(root):
     """The commands that each file starts, by the file's path below the root."""
     listing = ["bash", "-c", "compgen -bk"]
-    builtins = set(subprocess.run(listing, check=True, capture_output=True, text=True).stdout.split())
+    listed = subprocess.run(listing, check=True, capture_output=True, text=True).stdout
+    builtins = set(listed.split())
     files = sorted(source_files(root))
-    cmake = [f for f in files if re.search(r"(CMakeLists\.txt|\.cmake|CMakePresets\.json)$", f)]
+    cmake_name = re.compile(r"(CMakeLists\.txt|\.cmake|CMakePresets\.json)$")
+    cmake = [f for f in files if cmake_name.search(f)]
     python = [f for f in files if f.endswith(".py")]
     shell = {
         f: shell_nodes(os.path.join(root, f))
@@ -242,7 +250,8 @@ def main():
 
     faults = []
     for name in sorted(users.keys() - commands.keys()):
-        faults.append(f"{name}: not in tools/commands.txt, used by {', '.join(sorted(users[name]))}")
+        where = ", ".join(sorted(users[name]))
+        faults.append(f"{name}: not in tools/commands.txt, used by {where}")
     for name in sorted(commands.keys() - users.keys()):
         faults.append(f"{name}: in tools/commands.txt, used by nothing")
     # Where Debian puts its commands, whatever else the machine has.
