@@ -53,27 +53,41 @@ void CopyPicture(MenuReader& reader, std::string_view bytes, std::string& out) {
   }
 }
 
-void WriteScratchFile(ScratchFile& scratch, std::string_view menu, const std::string& path,
-                      const MenuChange& change) {
+// Makes the text of the scratch file in `out`: the whole menu, or with a new
+// picture what follows that.
+void MakeText(std::string_view menu, const std::string& path, const MenuChange& change,
+              std::string& out) {
   MenuReader reader(menu, path,
                     change.errorMode == ErrorMode::Ignores ? MenuReader::PastEnd::LeavesEmpty
                                                            : MenuReader::PastEnd::Throws);
-  std::string out;
   out.reserve(menu.size() + 64);
+  if (change.picture) {
+    reader.SkipMarker();
+    out += kMarkerLine;
+  } else {
+    CopyPicture(reader, menu, out);
+  }
+  MenuWriter(reader, out).Run(change);
+}
+
+// Makes the bytes of the changed menu and leaves them on the disk, in the
+// scratch file. Where that fails half-way, the scratch file holds the text so
+// far.
+std::string WriteScratchFile(ScratchFile& scratch, std::string_view menu, const std::string& path,
+                             const MenuChange& change) {
+  std::string text;
   try {
-    if (change.picture) {
-      reader.SkipMarker();
-      out += kMarkerLine;
-    } else {
-      CopyPicture(reader, menu, out);
-    }
-    MenuWriter(reader, out).Run(change);
+    MakeText(menu, path, change, text);
   } catch (const Failure&) {
-    scratch.Write(out);
+    scratch.Write(text);
     throw;
   }
-  scratch.Write(out);
-  scratch.Complete();
+  text += scratch.Tail(text.size());
+  // A new picture goes through the scratch file too: while the menu file is
+  // being written it stands nowhere else.
+  text.insert(0, change.picture.value_or(std::string_view()));
+  scratch.WriteWhole(text);
+  return text;
 }
 
 }  // namespace
@@ -82,25 +96,24 @@ void KeepRecord(std::size_t, const MenuItemRecord& record, RecordStream& records
   records.Write(record);
 }
 
-void RewriteMenuFile(FileSystem& files, const std::string& path, const MenuChange& change) {
+bool RewriteMenuFile(FileSystem& files, const std::string& path, const MenuChange& change) {
   // Once the menu file is being written, only the scratch file is sure to be
   // complete.
   bool menuIsWhole = true;
+  bool done = false;
   try {
     if (change.deleteScratchFirst) {
       RemoveScratchFile(files, change.scratchFile);
     }
     const std::unique_ptr<File> menu = files.Open(path, OpenMode::Change);
     ScratchFile scratch(files, change.scratchFile);
-    WriteScratchFile(scratch, menu->ReadAll(), path, change);
+    const std::string changed = WriteScratchFile(scratch, menu->ReadAll(), path, change);
     menuIsWhole = false;
     menu->Truncate(0);
-    if (change.picture) {
-      menu->Write(*change.picture);
-    }
-    menu->Write(scratch.Contents());
+    menu->Write(changed);
     menu->Flush();
     menuIsWhole = true;
+    done = true;
   } catch (const Failure&) {
     if (change.errorMode == ErrorMode::Throws) {
       throw;
@@ -109,6 +122,7 @@ void RewriteMenuFile(FileSystem& files, const std::string& path, const MenuChang
   if (menuIsWhole) {
     RemoveScratchFile(files, change.scratchFile);
   }
+  return done;
 }
 
 }  // namespace menufile

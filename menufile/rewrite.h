@@ -68,13 +68,13 @@ struct MenuChange {
 
 // Applies `change` to the menu file at `path`: writes the menu as it is to be
 // into the scratch file, empties the menu file, copies the scratch file back
-// and deletes it. With a new picture the scratch file holds only what follows
-// the picture.
+// and deletes it.
 //
 // The menu file is not touched before the scratch file stands complete on the
 // disk, and the scratch file is not deleted before the menu file does. When
-// this fails in between, the scratch file stays where it is.
-void RewriteMenuFile(FileSystem& files, const std::string& path, const MenuChange& change);
+// this fails in between, the scratch file stays where it is
+// (FindInterruptedChange()). False when a failure was ignored.
+bool RewriteMenuFile(FileSystem& files, const std::string& path, const MenuChange& change);
 
 }  // namespace menufile
 

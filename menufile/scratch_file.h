@@ -1,6 +1,7 @@
 #ifndef CORVALIS_MENUFILE_SCRATCH_FILE_H_
 #define CORVALIS_MENUFILE_SCRATCH_FILE_H_
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,23 +15,22 @@ namespace menufile {
 // that a second editor in the same directory fails before it does any harm.
 class ScratchFile {
  public:
-  // Opens the file, or makes it. An old one is written over from its front;
-  // what is longer in it stays.
+  // Opens the file, or makes it.
   ScratchFile(FileSystem& files, const std::string& name);
 
+  // What an old file holds behind its first `size` bytes. Writing over it from
+  // its front leaves that there, so it belongs to what the scratch file holds.
+  std::string_view Tail(std::size_t size) const;
+
+  // Writes over what the file holds, from its front.
   void Write(std::string_view bytes);
 
-  // Returns once all that was written is on the disk.
-  void Complete();
-
-  // All that the file holds: what was written, and what an old file held
-  // behind that.
-  const std::string& Contents();
+  // The same, and returns once it is on the disk.
+  void WriteWhole(std::string_view bytes);
 
  private:
   std::unique_ptr<File> file_;
-  std::string leftover_;  // what the file held when it was opened
-  std::string contents_;
+  std::string old_;  // what the file held when it was opened
 };
 
 // Deletes the file. That it does not exist, or cannot be deleted, is ignored.

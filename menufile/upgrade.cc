@@ -41,19 +41,21 @@ bool UpgradeMenuFile(FileSystem& files, const std::string& path, std::string_vie
   std::unique_ptr<File> menu;
   std::unique_ptr<ScratchFile> scratch;
   std::string old;
+  std::string description;
   try {
     RemoveScratchFile(files, kListScratchFile);
     menu = files.Open(path, OpenMode::Change);
     old = menu->ReadAll();
     scratch = std::make_unique<ScratchFile>(files, kListScratchFile);
-    scratch->Write(old);
-    scratch->Complete();
+    description = old;
+    description += scratch->Tail(old.size());
+    scratch->WriteWhole(description);
   } catch (const Failure&) {
     return false;
   }
   bool converted = false;
   try {
-    converted = Replace(*menu, ConvertedMenu(picture, scratch->Contents()), old);
+    converted = Replace(*menu, ConvertedMenu(picture, description), old);
   } catch (const Failure& failure) {
     throw Failure(path, "convert the file",
                   failure.reason() + ". What the file held is complete in the file \"" +

@@ -51,10 +51,10 @@ TEST(OrderOfOperations, OfANewPicture) {
   operation.picture = "bitmap";
   EXPECT_EQ((Log{"remove zoltempfileoktodelete", "open to change C:\\menus\\a.menu",
                  "open or make zoltempfileoktodelete", "read zoltempfileoktodelete",
-                 "read C:\\menus\\a.menu", "write 148 bytes to zoltempfileoktodelete",
+                 "read C:\\menus\\a.menu", "write 154 bytes to zoltempfileoktodelete",
                  "flush zoltempfileoktodelete", "truncate to 0: C:\\menus\\a.menu",
-                 "write 6 bytes to C:\\menus\\a.menu", "write 148 bytes to C:\\menus\\a.menu",
-                 "flush C:\\menus\\a.menu", "remove zoltempfileoktodelete"}),
+                 "write 154 bytes to C:\\menus\\a.menu", "flush C:\\menus\\a.menu",
+                 "remove zoltempfileoktodelete"}),
             LogOf(operation));
 }
 
