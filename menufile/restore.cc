@@ -20,8 +20,12 @@ std::optional<std::string> ReadFile(FileSystem& files, const std::string& path) 
   }
 }
 
-bool IsStrictBeginning(std::string_view beginning, std::string_view whole) {
-  return beginning.size() < whole.size() && whole.substr(0, beginning.size()) == beginning;
+// Whether `file` is what a writer of `whole` left that came no further: a strict
+// beginning of it. Where the power was cut, zeros may follow: a file gets its
+// new length before the bytes that belong there.
+bool IsCutShort(std::string_view file, std::string_view whole) {
+  const std::string_view beginning = file.substr(0, file.find_last_not_of('\0') + 1);
+  return file.size() <= whole.size() && file != whole && whole.starts_with(beginning);
 }
 
 // Whether the bytes hold a whole menu: every line of it, each with its end.
@@ -67,20 +71,21 @@ std::string_view LeadingBitmap(std::string_view bytes) {
 // What the change was to make of the menu file, if it was interrupted.
 std::optional<std::string> IntendedMenu(std::string_view menu, const std::string& scratch,
                                         std::string_view defaultPicture) {
-  if (IsStrictBeginning(menu, scratch) && IsComplete(scratch)) {
+  if (IsCutShort(menu, scratch) && IsComplete(scratch)) {
     return scratch;
   }
   if (scratch.starts_with(kMarkerLine) && IsComplete(scratch)) {
     const std::string_view picture = LeadingBitmap(menu);
-    if (!picture.empty() && IsStrictBeginning(menu.substr(picture.size()), scratch)) {
+    if (!picture.empty() && IsCutShort(menu.substr(picture.size()), scratch)) {
       return std::string(picture) + scratch;
     }
   }
-  // A conversion is known by its picture. Of an empty file that is not to be
-  // told, but by a scratch file that makes a menu.
+  // A conversion is known by its picture, or by a scratch file that makes a
+  // menu: the file may be empty, or have been cut while it was put back.
   const std::string converted = ConvertedMenu(defaultPicture, scratch);
-  if (!scratch.empty() && IsStrictBeginning(menu, converted) &&
-      (!menu.empty() || IsComplete(converted))) {
+  const bool begins = IsCutShort(menu, converted);
+  if (!scratch.empty() && ((begins && !menu.empty()) ||
+                           ((begins || IsCutShort(menu, scratch)) && IsComplete(converted)))) {
     return converted;
   }
   return std::nullopt;

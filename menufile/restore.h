@@ -19,7 +19,7 @@ struct InterruptedChange {
 
 // Looks for a scratch file in the current directory that shows that the last
 // change to the menu file at `path` was interrupted. That is so where the menu
-// file is a strict beginning of
+// file is a strict beginning (which zeros may follow in its place) of
 //   - a complete menu in the scratch file;
 //   - a bitmap file and the complete description in the scratch file;
 //   - the conversion of the file in the scratch file, with `defaultPicture`.
