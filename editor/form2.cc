@@ -7,6 +7,8 @@
 
 #include "editor/command_line.h"
 #include "editor/default_picture.h"
+#include "menufile/failure.h"
+#include "menufile/restore.h"
 #include "resources/resource.h"
 #include "win32/message_box.h"
 #include "win32/window_text.h"
@@ -54,6 +56,9 @@ constexpr Route kRoutes[] = {
 constexpr const char* kTabs[] = {"Contents", "Appearance", "About"};
 constexpr Page kTabPages[] = {kItemPage, kAppearancePage, kAboutPage};
 
+// What the sample shows at most; the file may hold any number.
+constexpr double kMostPoints = 1000;
+
 HICON LoadPicture(int id) {
   return LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(id));  // shared, not owned
 }
@@ -86,6 +91,14 @@ Form2::Form2(std::string arguments, menufile::FileSystem& files)
 Form2::~Form2() = default;
 
 bool Form2::Load() {
+  const std::string path = MenuFilePath();
+  if (const auto change = menufile::FindInterruptedChange(files_, path, DefaultPictureFile())) {
+    if (win32::AskYesOrNo(window(),
+                          "The last change to the menu file was interrupted.\r"
+                          "Would you like to finish it?")) {
+      menufile::FinishInterruptedChange(files_, path, *change);
+    }
+  }
   if (!LoadMenuFile()) {
     return false;
   }
@@ -114,7 +127,34 @@ bool Form2::LoadMenuFile() {
 }
 
 void Form2::Rewrite(const menufile::MenuChange& change) {
-  menufile::RewriteMenuFile(files_, MenuFilePath(), change);
+  try {
+    FinishOwnChange();
+  } catch (const menufile::Failure&) {
+    if (change.errorMode == menufile::ErrorMode::Throws) {
+      throw;
+    }
+    return;
+  }
+  menuMayBeCut_ = true;
+  menuMayBeCut_ = !menufile::RewriteMenuFile(files_, MenuFilePath(), change);
+}
+
+menufile::MenuAppender Form2::OpenToAppend() {
+  FinishOwnChange();
+  return {files_, MenuFilePath()};
+}
+
+// The next change would take the cut file for the menu, and delete the scratch
+// file that holds the whole one.
+void Form2::FinishOwnChange() {
+  if (!menuMayBeCut_) {
+    return;
+  }
+  const std::string path = MenuFilePath();
+  if (const auto change = menufile::FindInterruptedChange(files_, path, DefaultPictureFile())) {
+    menufile::FinishInterruptedChange(files_, path, *change);
+  }
+  menuMayBeCut_ = false;
 }
 
 void Form2::OpenChild(std::unique_ptr<win32::Form> child) {
@@ -223,7 +263,8 @@ void Form2::AppendItem(std::size_t row, const menufile::MenuItemRecord& item) {
 
 void Form2::ShowSampleFont() {
   LOGFONTA font{};
-  font.lfHeight = -static_cast<LONG>(menuFont_.points * win32::DpiOf(window()) / 72 + 0.5);
+  const double points = std::clamp(menuFont_.points, 0.0, kMostPoints);
+  font.lfHeight = -static_cast<LONG>(points * win32::DpiOf(window()) / 72 + 0.5);
   font.lfWeight = menuFont_.bold ? FW_BOLD : FW_NORMAL;
   font.lfItalic = menuFont_.italic;
   font.lfCharSet = DEFAULT_CHARSET;

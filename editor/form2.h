@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "editor/item_list.h"
+#include "menufile/append.h"
 #include "menufile/file_system.h"
 #include "menufile/loader.h"
 #include "menufile/rewrite.h"
@@ -50,9 +51,9 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   Form2(std::string arguments, menufile::FileSystem& files);
   ~Form2() override;
 
-  // Start-up: reads the menu file into the window, which is still hidden. False
-  // when the user declined to have the file converted. Throws
-  // menufile::Failure.
+  // Start-up: offers to finish a change that was interrupted, and reads the menu
+  // file into the window, which is still hidden. False when the user declined to
+  // have the file converted. Throws menufile::Failure.
   bool Load();
 
   // For the windows that this one opens and for the handlers.
@@ -63,7 +64,11 @@ class Form2 final : public win32::Form, private menufile::MenuView {
 
   // Reads the file again, into a list that is empty.
   bool LoadMenuFile();
+
+  // All changes to the menu file go through these two. Both throw
+  // menufile::Failure, as their change has it.
   void Rewrite(const menufile::MenuChange& change);
+  menufile::MenuAppender OpenToAppend();
 
   // Shows a window that this one has made and disables this one while it is
   // open. The window is owned from here on.
@@ -129,6 +134,10 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   const win32::PictureBox& AppearancePicture() const;
 
   void SelectTab(int tab);
+  // Finishes a change of this window that could not be finished when it was
+  // made. What the user was told of it then holds again: nothing.
+  void FinishOwnChange();
+
   // Shows the page of a menu type on the tab "Contents".
   void ShowContents(Page page);
   void ShowSampleFont();
@@ -136,6 +145,8 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   std::string arguments_;
   menufile::FileSystem& files_;
   win32::UniqueIcon defaultIcon_;
+  // The last change may have left the menu file cut short.
+  bool menuMayBeCut_ = false;
   Page contents_ = kItemPage;
   ItemList items_;
   win32::PictureBox iconic1_;
