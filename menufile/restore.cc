@@ -71,14 +71,19 @@ std::string_view LeadingBitmap(std::string_view bytes) {
 // What the change was to make of the menu file, if it was interrupted.
 std::optional<std::string> IntendedMenu(std::string_view menu, const std::string& scratch,
                                         std::string_view defaultPicture) {
-  if (IsCutShort(menu, scratch) && IsComplete(scratch)) {
-    return scratch;
-  }
-  if (scratch.starts_with(kMarkerLine) && IsComplete(scratch)) {
+  if (MenuReader(scratch, "").SkipMarkerLine()) {
+    if (!IsComplete(scratch)) {
+      return std::nullopt;
+    }
+    if (IsCutShort(menu, scratch)) {
+      return scratch;
+    }
     const std::string_view picture = LeadingBitmap(menu);
-    if (!picture.empty() && IsCutShort(menu.substr(picture.size()), scratch)) {
+    if (scratch.starts_with(kMarkerLine) && !picture.empty() &&
+        IsCutShort(menu.substr(picture.size()), scratch)) {
       return std::string(picture) + scratch;
     }
+    return std::nullopt;
   }
   // A conversion is known by its picture, or by a scratch file that makes a
   // menu: the file may be empty, or have been cut while it was put back.

@@ -1,0 +1,115 @@
+#include "menufile/restore.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "menufile/failure.h"
+#include "tests/menufile/loaded_menu.h"
+#include "tests/menufile/memory_files.h"
+#include "tests/menufile/sample_menus.h"
+
+namespace menufile {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr std::string_view kPicture = "default picture";
+
+// What start-up would write, or nothing.
+std::optional<std::string> Intended(std::string_view menu, std::string_view scratch,
+                                    const char* scratchFile = "temporaryfile") {
+  MemoryFiles files;
+  files.Put(kMenuPath, menu);
+  files.Put(scratchFile, scratch);
+  const auto change = FindInterruptedChange(files, kMenuPath, kPicture);
+  if (!change) {
+    return std::nullopt;
+  }
+  EXPECT_EQ(scratchFile, change->scratchFile);
+  return change->menu;
+}
+
+TEST(FindInterruptedChange, SeesEveryStrictBeginningOfACompleteScratchFile) {
+  for (const std::string& whole : {UserMenu(3), DirectoryMenu()}) {
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+      const std::string menu = whole.substr(0, size);
+      EXPECT_EQ(whole, Intended(menu, whole)) << size;
+      EXPECT_EQ(whole, Intended(menu, whole, "zoltempfileoktodelete")) << size;
+      EXPECT_EQ(whole, Intended(menu + std::string(whole.size() - size, '\0'), whole)) << size;
+    }
+    EXPECT_EQ(std::nullopt, Intended(whole, whole));
+    EXPECT_EQ(std::nullopt, Intended(whole + '\0', whole));
+  }
+}
+
+TEST(FindInterruptedChange, SeesNoneInAnIncompleteScratchFile) {
+  const std::string whole = UserMenu(1, "picture");
+  for (std::size_t cut = 1; cut < 10; ++cut) {
+    EXPECT_EQ(std::nullopt, Intended("pic", whole.substr(0, whole.size() - cut))) << cut;
+  }
+  EXPECT_EQ(std::nullopt, Intended("pic", whole + "\r\n"));
+  EXPECT_EQ(std::nullopt, Intended("pic", whole + "x\r\n"));
+  EXPECT_EQ(std::nullopt, Intended("pic", DirectoryMenu() + "x\r\n"));
+  EXPECT_EQ(std::nullopt, Intended("", "\r\n<START ZOL>\r\n\"OTHER\"\r\n0,\"f\",8,0,0\r\n"));
+}
+
+TEST(FindInterruptedChange, SeesNoneWhereTheMenuIsAnother) {
+  const std::string whole = UserMenu(2);
+  EXPECT_EQ(std::nullopt, Intended("x", whole));
+  EXPECT_EQ(std::nullopt, Intended(whole.substr(0, 9) + "x", whole));
+}
+
+TEST(FindInterruptedChange, SeesANewBitmapBeforeACutDescription) {
+  const std::string bitmap = "BM\x0B\0\0\0<\r\n<x"s;
+  const std::string description = "\r\n<START ZOL>\r\n\"USERDEF\"\r\n0,\"f\",8,0,0\r\n";
+  for (std::size_t size = 0; size < description.size(); ++size) {
+    EXPECT_EQ(bitmap + description, Intended(bitmap + description.substr(0, size), description));
+  }
+  EXPECT_EQ(std::nullopt, Intended(bitmap + description, description));
+  EXPECT_EQ(std::nullopt, Intended(bitmap.substr(0, 10), description));
+  EXPECT_EQ(std::nullopt, Intended("BM", description));
+  EXPECT_EQ(std::nullopt, Intended("another picture", description));
+  EXPECT_EQ(std::nullopt, Intended(bitmap, "picture" + description));
+}
+
+TEST(FindInterruptedChange, SeesAConversion) {
+  const std::string old = PreviousVersionMenu(2);
+  const std::string converted = std::string(kPicture) + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n" + old;
+  for (std::size_t size = 0; size < converted.size(); ++size) {
+    EXPECT_EQ(converted, Intended(converted.substr(0, size), old)) << size;
+  }
+  for (std::size_t size = 0; size < old.size(); ++size) {
+    EXPECT_EQ(converted, Intended(old.substr(0, size), old)) << size;
+  }
+  EXPECT_EQ(std::nullopt, Intended(converted, old));
+  EXPECT_EQ(std::nullopt, Intended(old, old));
+  // Of an old file that makes no menu only the new picture tells.
+  EXPECT_EQ(std::nullopt, Intended("", "anything"));
+  EXPECT_EQ(std::nullopt, Intended("any", "anything"));
+  EXPECT_EQ(std::string(kPicture) + "\r\n<START ZOL>\r\n\"USERDEF\"\r\nanything",
+            Intended("def", "anything"));
+  EXPECT_EQ(std::nullopt, Intended("def", ""));
+}
+
+TEST(FindInterruptedChange, SeesNoneWithoutBothFiles) {
+  MemoryFiles files;
+  EXPECT_FALSE(FindInterruptedChange(files, kMenuPath, kPicture).has_value());
+  files.Put("temporaryfile", UserMenu(2));
+  EXPECT_FALSE(FindInterruptedChange(files, kMenuPath, kPicture).has_value());
+}
+
+TEST(FinishInterruptedChange, LeavesTheScratchFileWhereTheMenuCannotBeWritten) {
+  const std::string whole = UserMenu(3);
+  for (std::size_t operation = 1; operation <= 4; ++operation) {
+    MemoryFiles files;
+    files.Put(kMenuPath, "");
+    files.Put("temporaryfile", whole);
+    files.SetFault({operation, Fault::Kind::FailsForGood, Fault::Done::Half});
+    EXPECT_THROW(FinishInterruptedChange(files, kMenuPath, {"temporaryfile", whole}), Failure);
+    EXPECT_EQ(whole, files.Get("temporaryfile"));
+  }
+}
+
+}  // namespace
+}  // namespace menufile
