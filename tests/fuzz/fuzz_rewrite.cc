@@ -1,0 +1,62 @@
+// Any operation on any menu file, with any scratch file left from before: the
+// rewrite leaves the same bytes as the literal one.
+//
+// The input is the operation's kind, its row, flags, the leftover and, where the
+// flags say so, the texts of the operation; the rest is the menu file.
+#include <cstdint>
+#include <cstdio>
+#include <optional>
+#include <string>
+
+#include "tests/fuzz/fuzz_input.h"
+#include "tests/fuzz/require.h"
+#include "tests/menufile/compare_with_literal.h"
+#include "tests/menufile/operation.h"
+
+namespace {
+
+using namespace menufile;
+
+constexpr unsigned kHasLeftover = 1;
+constexpr unsigned kCannotBeDeleted = 2;
+constexpr unsigned kHasTexts = 4;
+constexpr unsigned kLongLeftover = 8;
+
+void ReadTexts(FuzzInput& input, Operation& operation) {
+  for (std::string* text : {&operation.caption, &operation.target, &operation.arguments,
+                            &operation.startIn, &operation.iconFile, &operation.fontName,
+                            &operation.picture, &operation.folderPath, &operation.filePattern}) {
+    *text = input.Text();
+  }
+  // What stands in these is a number in every case.
+  operation.iconIndex = std::to_string(input.Byte());
+  operation.smallIcons = std::to_string(input.Byte() % 3);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  FuzzInput input(data, size);
+  const auto kind = static_cast<Operation::Kind>(input.Byte() % kOperationKinds);
+  Operation operation = MakeOperation(kind, input.Byte());
+  const unsigned flags = input.Byte();
+  std::optional<std::string> leftover;
+  if (flags & kHasLeftover) {
+    leftover = input.Text();
+    if (flags & kLongLeftover) {
+      leftover->resize(leftover->size() + 1000, 'L');
+    }
+  }
+  if (flags & kHasTexts) {
+    ReadTexts(input, operation);
+  }
+  const std::string menu = input.Rest();
+  const Comparison comparison =
+      CompareWithLiteral(menu, leftover, (flags & kCannotBeDeleted) == 0, operation);
+  if (!comparison.difference.empty()) {
+    std::fprintf(stderr, "%s, row %zu: %s\n", NameOf(kind), operation.row,
+                 comparison.difference.c_str());
+  }
+  Require(comparison.difference.empty(), "the rewrite is as the literal one");
+  return 0;
+}
