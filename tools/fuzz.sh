@@ -20,4 +20,5 @@ mkdir -p "$found" "$broken"
 }
 
 exec "$root/build/fuzz/$target" -max_total_time="$seconds" -timeout=10 -print_final_stats=1 \
+  -dict="$root/tests/fuzz/menu.dict" \
   -artifact_prefix="$broken/$target-" "$found" "$corpus"
