@@ -135,8 +135,13 @@ void Form2::Rewrite(const menufile::MenuChange& change) {
     }
     return;
   }
-  menuMayBeCut_ = true;
-  menuMayBeCut_ = !menufile::RewriteMenuFile(files_, MenuFilePath(), change);
+  try {
+    menuMayBeCut_ = menufile::RewriteMenuFile(files_, MenuFilePath(), change) ==
+                    menufile::RewriteResult::MenuMayBeCut;
+  } catch (const menufile::MenuMayBeCutFailure&) {
+    menuMayBeCut_ = true;
+    throw;
+  }
 }
 
 menufile::MenuAppender Form2::OpenToAppend() {
@@ -147,14 +152,10 @@ menufile::MenuAppender Form2::OpenToAppend() {
 // The next change would take the cut file for the menu, and delete the scratch
 // file that holds the whole one.
 void Form2::FinishOwnChange() {
-  if (!menuMayBeCut_) {
-    return;
+  if (menuMayBeCut_) {
+    menufile::MakeMenuWhole(files_, MenuFilePath(), DefaultPictureFile());
+    menuMayBeCut_ = false;
   }
-  const std::string path = MenuFilePath();
-  if (const auto change = menufile::FindInterruptedChange(files_, path, DefaultPictureFile())) {
-    menufile::FinishInterruptedChange(files_, path, *change);
-  }
-  menuMayBeCut_ = false;
 }
 
 void Form2::OpenChild(std::unique_ptr<win32::Form> child) {

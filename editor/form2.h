@@ -135,7 +135,7 @@ class Form2 final : public win32::Form, private menufile::MenuView {
 
   void SelectTab(int tab);
   // Finishes a change of this window that could not be finished when it was
-  // made. What the user was told of it then holds again: nothing.
+  // made. Throws menufile::Failure when it still cannot.
   void FinishOwnChange();
 
   // Shows the page of a menu type on the tab "Contents".

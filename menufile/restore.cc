@@ -119,6 +119,17 @@ std::optional<InterruptedChange> FindInterruptedChange(FileSystem& files, const 
   return std::nullopt;
 }
 
+void MakeMenuWhole(FileSystem& files, const std::string& path, std::string_view defaultPicture) {
+  if (const auto change = FindInterruptedChange(files, path, defaultPicture)) {
+    FinishInterruptedChange(files, path, *change);
+  } else if (!IsComplete(files.Open(path, OpenMode::Read)->ReadAll())) {
+    throw Failure(path, "change the file",
+                  "Its last change was interrupted and cannot be finished. The whole menu is in a "
+                  "file in the current folder, \"" +
+                      std::string(kListScratchFile) + "\" or \"" + kDialogScratchFile + '"');
+  }
+}
+
 void FinishInterruptedChange(FileSystem& files, const std::string& path,
                              const InterruptedChange& change) {
   {

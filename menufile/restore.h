@@ -27,6 +27,11 @@ struct InterruptedChange {
 std::optional<InterruptedChange> FindInterruptedChange(FileSystem& files, const std::string& path,
                                                        std::string_view defaultPicture);
 
+// For the change after one that may have left the menu file cut short
+// (RewriteResult::MenuMayBeCut): finishes that one where it did. Throws Failure
+// when the menu file is not whole and could not be made so.
+void MakeMenuWhole(FileSystem& files, const std::string& path, std::string_view defaultPicture);
+
 // Writes the menu file as it was to be and deletes the scratch file. Throws
 // Failure when the menu file could not be written; the scratch file then stays.
 void FinishInterruptedChange(FileSystem& files, const std::string& path,

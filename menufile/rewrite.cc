@@ -96,11 +96,9 @@ void KeepRecord(std::size_t, const MenuItemRecord& record, RecordStream& records
   records.Write(record);
 }
 
-bool RewriteMenuFile(FileSystem& files, const std::string& path, const MenuChange& change) {
-  // Once the menu file is being written, only the scratch file is sure to be
-  // complete.
-  bool menuIsWhole = true;
-  bool done = false;
+RewriteResult RewriteMenuFile(FileSystem& files, const std::string& path,
+                              const MenuChange& change) {
+  RewriteResult result = RewriteResult::MenuUntouched;
   try {
     if (change.deleteScratchFirst) {
       RemoveScratchFile(files, change.scratchFile);
@@ -108,21 +106,24 @@ bool RewriteMenuFile(FileSystem& files, const std::string& path, const MenuChang
     const std::unique_ptr<File> menu = files.Open(path, OpenMode::Change);
     ScratchFile scratch(files, change.scratchFile);
     const std::string changed = WriteScratchFile(scratch, menu->ReadAll(), path, change);
-    menuIsWhole = false;
+    // From here on only the scratch file is sure to be complete.
+    result = RewriteResult::MenuMayBeCut;
     menu->Truncate(0);
     menu->Write(changed);
     menu->Flush();
-    menuIsWhole = true;
-    done = true;
-  } catch (const Failure&) {
+    result = RewriteResult::Done;
+  } catch (const Failure& failure) {
     if (change.errorMode == ErrorMode::Throws) {
+      if (result == RewriteResult::MenuMayBeCut) {
+        throw MenuMayBeCutFailure(failure);
+      }
       throw;
     }
   }
-  if (menuIsWhole) {
+  if (result != RewriteResult::MenuMayBeCut) {
     RemoveScratchFile(files, change.scratchFile);
   }
-  return done;
+  return result;
 }
 
 }  // namespace menufile

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "menufile/failure.h"
 #include "menufile/file_system.h"
 #include "menufile/records.h"
 
@@ -66,15 +67,31 @@ struct MenuChange {
   std::optional<std::string_view> picture;
 };
 
+// What a change that failed left of the menu file.
+enum class RewriteResult {
+  Done,
+  // A failure was ignored; the menu file is as it was.
+  MenuUntouched,
+  // A failure was ignored while the menu file was being written. It may be cut
+  // short; the scratch file holds it whole.
+  MenuMayBeCut,
+};
+
+// Thrown for MenuMayBeCut where failures are not ignored.
+class MenuMayBeCutFailure final : public Failure {
+ public:
+  explicit MenuMayBeCutFailure(const Failure& failure) : Failure(failure) {}
+};
+
 // Applies `change` to the menu file at `path`: writes the menu as it is to be
 // into the scratch file, empties the menu file, copies the scratch file back
 // and deletes it.
 //
 // The menu file is not touched before the scratch file stands complete on the
 // disk, and the scratch file is not deleted before the menu file does. When
-// this fails in between, the scratch file stays where it is
-// (FindInterruptedChange()). False when a failure was ignored.
-bool RewriteMenuFile(FileSystem& files, const std::string& path, const MenuChange& change);
+// this fails in between, the scratch file stays where it is, and MakeMenuWhole()
+// is due before the next change.
+RewriteResult RewriteMenuFile(FileSystem& files, const std::string& path, const MenuChange& change);
 
 }  // namespace menufile
 

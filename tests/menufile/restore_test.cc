@@ -5,6 +5,7 @@
 #include <string>
 
 #include "menufile/failure.h"
+#include "menufile/rewrite.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/memory_files.h"
 #include "tests/menufile/sample_menus.h"
@@ -97,6 +98,66 @@ TEST(FindInterruptedChange, SeesNoneWithoutBothFiles) {
   EXPECT_FALSE(FindInterruptedChange(files, kMenuPath, kPicture).has_value());
   files.Put("temporaryfile", UserMenu(2));
   EXPECT_FALSE(FindInterruptedChange(files, kMenuPath, kPicture).has_value());
+}
+
+// A fault, for good or once, at each file operation of two changes in a row:
+// the second must not delete what the first one left in the scratch file.
+TEST(MakeMenuWhole, LetsNoSecondChangeLoseWhatTheFirstOneLeft) {
+  MenuChange change;
+  change.errorMode = ErrorMode::Ignores;
+  change.recordRule = KeepRecord;
+  const std::string menu = UserMenu(3);
+  std::size_t mended = 0;
+  for (std::size_t operation = 1; operation <= 30; ++operation) {
+    for (Fault::Kind kind : {Fault::Kind::FailsOnce, Fault::Kind::FailsForGood}) {
+      for (Fault::Done done : {Fault::Done::Nothing, Fault::Done::Half, Fault::Done::All}) {
+        MemoryFiles files;
+        files.Put(kMenuPath, menu);
+        files.SetFault({operation, kind, done});
+        bool mayBeCut = false;
+        for (int i = 0; i < 3; ++i) {
+          try {
+            if (mayBeCut) {
+              MakeMenuWhole(files, kMenuPath, kPicture);
+              ++mended;
+            }
+            mayBeCut = RewriteMenuFile(files, kMenuPath, change) == RewriteResult::MenuMayBeCut;
+          } catch (const Failure&) {
+            EXPECT_TRUE(mayBeCut);
+          }
+          EXPECT_TRUE(files.Get(kMenuPath) == menu || files.Get("temporaryfile") == menu)
+              << operation;
+        }
+      }
+    }
+  }
+  EXPECT_GT(mended, 0U);
+}
+
+TEST(MakeMenuWhole, DoesNothingToAWholeMenu) {
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(3));
+  files.Put("temporaryfile", UserMenu(2));
+  MakeMenuWhole(files, kMenuPath, kPicture);
+  EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
+  EXPECT_EQ(UserMenu(2), files.Get("temporaryfile"));
+}
+
+TEST(MakeMenuWhole, SaysWhereTheMenuIsWhenItCannotBeRead) {
+  for (const char* menu : {"", "\r\n", "cut\r\n<START ZOL>\r\n\"USERDEF\"\r\n"}) {
+    MemoryFiles files;
+    files.Put(kMenuPath, menu);
+    try {
+      MakeMenuWhole(files, kMenuPath, kPicture);
+      ADD_FAILURE() << "no failure";
+    } catch (const Failure& failure) {
+      EXPECT_STREQ(
+          "Cannot change the file:\nC:\\menus\\a.menu\n\n"
+          "Its last change was interrupted and cannot be finished. The whole menu is in a file in "
+          "the current folder, \"temporaryfile\" or \"zoltempfileoktodelete\".",
+          failure.what());
+    }
+  }
 }
 
 TEST(FinishInterruptedChange, LeavesTheScratchFileWhereTheMenuCannotBeWritten) {
