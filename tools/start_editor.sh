@@ -29,16 +29,17 @@ CORVALIS_MENU=$(windows_path "$menu")
 export CORVALIS_PROGRAM CORVALIS_MENU
 starter=$(winepath -w "$project_root/tools/start_quoted.bat")
 
-# The editor writes its scratch files into its current folder. One folder for
-# each run, so that two editors do not share a scratch file.
-mkdir -p "$build_dir/run"
-folder=$(mktemp -d "$build_dir/run/scratch.XXXXXX")
+# The editor writes its scratch files into its current folder, and looks there
+# for one that an interrupted change of this menu left. So the folder is the
+# same each time for one menu, and never that of another.
+key=$(sha256sum <<<"$menu")
+folder=$build_dir/run/scratch/${key:0:16}
+mkdir -p "$folder"
 cd "$folder"
 status=0
 wine cmd /c "$starter" || status=$?
-cd "$build_dir"
-# Only an empty folder goes: what an interrupted change left may be the one
-# complete copy of a menu.
-rmdir "$folder" 2>/dev/null ||
-  echo "The editor left files in $folder: one may be a complete copy of the menu's entries." >&2
+# Not to be swept away: it may be the one complete copy of the menu.
+if compgen -G "$folder/*" >/dev/null; then
+  echo "Left for the next start with this menu:" "$folder"/* >&2
+fi
 exit "$status"

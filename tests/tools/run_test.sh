@@ -46,6 +46,25 @@ cd "$folder"
 photograph plain.menu
 expect 'a relative path opens' [ "$status" -eq 0 ]
 
+# What an interrupted change leaves is found by the next start with that menu,
+# and by that alone.
+scratch_folders() {
+  find "$root/build/run/scratch" -mindepth 1 -maxdepth 1 -newer "$folder/earlier" | wc -l
+}
+mkdir "$folder/other"
+cp plain.menu other/plain.menu
+touch "$folder/earlier"
+photograph other/plain.menu
+expect 'another menu has a scratch folder of its own' [ "$(scratch_folders)" -eq 1 ]
+left=$(find "$root/build/run/scratch" -mindepth 1 -maxdepth 1 -newer "$folder/earlier")
+echo left >"$left/temporaryfile"
+photograph "$folder/other/plain.menu"
+expect 'the same menu has the same scratch folder' \
+  grep -qF "Left for the next start with this menu: $left/temporaryfile" "$folder/log"
+photograph "$folder/plain.menu"
+expect 'one menu is not told what another left' [ "$(grep -c Left "$folder/log")" -eq 0 ]
+rm -r "$left"
+
 photograph "$folder/missing.menu"
 expect 'a missing file is a failure' [ "$status" -eq 1 ]
 expect 'the failure is shown' shows_something "$folder/picture.png"
