@@ -1,17 +1,162 @@
 #include "editor/form2.h"
+#include "menufile/failure.h"
 #include "resources/resource.h"
+#include "win32/message_box.h"
 #include "win32/window_text.h"
+
 namespace editor {
-void Form2::Drive1Change() {}
-void Form2::Dir1Change() {}
-void Form2::Dir1KeyPress() {}
-void Form2::Text7Change() {}
-void Form2::Command15Click() {}
-void Form2::Command13Click() {}
-void Form2::Command14Click() {}
-void Form2::ShowDirectoryPointer(const menufile::DirectoryPointerRecord& directory) {
-  ShowContents(kDirectoryPage);
-  win32::SetText(Control(IDC_FORM2_TEXT7), directory.folderPath.Text());
-  win32::SetText(Control(IDC_FORM2_TEXT8), directory.filePattern.Text());
+namespace {
+
+using menufile::DirectoryPointerRecord;
+using menufile::MenuChange;
+using menufile::MenuType;
+using menufile::Value;
+
+bool ConfirmLoss(HWND owner) {
+  return win32::AskYesOrNo(owner,
+                           "Changing menu type will lose existing data.\r"
+                           "Do you wish to continue?");
 }
+
+// What a menu holds that has just become a directory pointer.
+DirectoryPointerRecord DefaultDirectoryPointer() {
+  DirectoryPointerRecord record;
+  record.folderPath = Value::Quoted("C:\\");
+  record.filePattern = Value::Quoted("*.*");
+  record.showFolders = Value::Bare("1");
+  record.hideKnownExtensions = Value::Bare("0");
+  record.showHiddenFiles = Value::Bare("0");
+  return record;
+}
+
+}  // namespace
+
+void Form2::CreateDirectoryPage() {
+  const HWND drive1 = Control(IDC_FORM2_DRIVE1);
+  dir1_.Attach(Control(IDC_FORM2_DIR1));
+  win32::ReportEnter(dir1_.window());
+  win32::FillDriveList(drive1);
+  win32::SelectDrive(drive1, dir1_.Path());
+  // Without a limit there is always room for the backslash.
+  SendMessageA(Control(IDC_FORM2_TEXT7), EM_SETLIMITTEXT, 0, 0);
+  SendMessageA(Control(IDC_FORM2_TEXT8), EM_SETLIMITTEXT, 0, 0);
+}
+
+void Form2::ShowDirectoryPointer(const DirectoryPointerRecord& directory) {
+  ShowContents(kDirectoryPage);
+  const std::string path = directory.folderPath.Text();
+  const HWND drive1 = Control(IDC_FORM2_DRIVE1);
+  const std::string formerDrive = win32::SelectedDrive(drive1);
+  if (win32::SelectDrive(drive1, path) && win32::SelectedDrive(drive1) != formerDrive) {
+    Drive1Change();
+  }
+  if (dir1_.SetPath(path)) {
+    Dir1Change();
+  }
+  // A box that shows the path already does not change: an empty one stays so.
+  if (const HWND text7 = Control(IDC_FORM2_TEXT7); win32::WindowText(text7) != path) {
+    win32::SetText(text7, path);
+  }
+  win32::SetText(Control(IDC_FORM2_TEXT8), directory.filePattern.Text());
+  const auto check = [this](int id, const Value& flag) {
+    CheckDlgButton(window(), id, flag.Integer() != 0 ? BST_CHECKED : BST_UNCHECKED);
+  };
+  check(IDC_FORM2_CHECK2, directory.showFolders);
+  check(IDC_FORM2_CHECK4, directory.hideKnownExtensions);
+  check(IDC_FORM2_CHECK3, directory.showHiddenFiles);
+}
+
+// Drives come and go.
+void Form2::Drive1DropDown() { win32::FillDriveList(Control(IDC_FORM2_DRIVE1)); }
+
+void Form2::Drive1Change() {
+  if (dir1_.SetPath(win32::SelectedDrive(Control(IDC_FORM2_DRIVE1)))) {
+    Dir1Change();
+  }
+}
+
+void Form2::Dir1Change() { win32::SetText(Control(IDC_FORM2_TEXT7), dir1_.Path()); }
+
+void Form2::Dir1KeyPress() {
+  if (dir1_.OpenSelected()) {
+    Dir1Change();
+  }
+}
+
+void Form2::Text7Change() {
+  const HWND text7 = Control(IDC_FORM2_TEXT7);
+  const std::string text = win32::WindowText(text7);
+  // The second byte of a double-byte character may be that of a backslash.
+  if (*CharPrevA(text.c_str(), text.c_str() + text.size()) == '\\') {
+    return;
+  }
+  DWORD first = 0;
+  DWORD last = 0;
+  SendMessageA(text7, EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
+  const int end = GetWindowTextLengthA(text7);
+  SendMessageA(text7, EM_SETSEL, static_cast<WPARAM>(end), end);
+  // This comes back here with nothing left to do.
+  SendMessageA(text7, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>("\\"));
+  SendMessageA(text7, EM_SETSEL, first, static_cast<LPARAM>(last));
+}
+
+bool Form2::RewriteSilently(const MenuChange& change) {
+  try {
+    Rewrite(change);
+    return true;
+  } catch (const menufile::Failure&) {
+    return false;
+  }
+}
+
+void Form2::Command15Click() {
+  const std::string folderPath = win32::WindowText(Control(IDC_FORM2_TEXT7));
+  const std::string filePattern = win32::WindowText(Control(IDC_FORM2_TEXT8));
+  const auto flag = [this](int id) {
+    return Value::Bare(IsDlgButtonChecked(window(), id) == BST_CHECKED ? "1" : "0");
+  };
+  MenuChange change;
+  change.type = MenuType::DirectoryPointer;
+  change.directory = DirectoryPointerRecord{Value::Quoted(folderPath), Value::Quoted(filePattern),
+                                            flag(IDC_FORM2_CHECK2), flag(IDC_FORM2_CHECK4),
+                                            flag(IDC_FORM2_CHECK3)};
+  RewriteSilently(change);
+}
+
+void Form2::Command13Click() {
+  if (items_.Count() > 0 && !ConfirmLoss(window())) {
+    return;
+  }
+  MenuChange change;
+  change.type = MenuType::DirectoryPointer;
+  change.directory = DefaultDirectoryPointer();
+  if (!RewriteSilently(change)) {
+    return;
+  }
+  items_.Clear();
+  items_.Hidden(0).text.clear();
+  SwitchContents(kDirectoryPage, IDC_FORM2_COMMAND14);
+}
+
+void Form2::Command14Click() {
+  if (!win32::WindowText(Control(IDC_FORM2_TEXT7)).empty() && !ConfirmLoss(window())) {
+    return;
+  }
+  MenuChange change;
+  change.type = MenuType::UserDefined;
+  if (RewriteSilently(change)) {
+    SwitchContents(kItemPage, IDC_FORM2_COMMAND13);
+  }
+}
+
+// The keyboard would be lost on the button that goes: the one that comes in its
+// place takes over.
+void Form2::SwitchContents(Page page, int button) {
+  const bool hasFocus = IsChild(window(), GetFocus()) != FALSE;
+  ShowContents(page);
+  if (hasFocus) {
+    SendMessageA(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(button)), TRUE);
+  }
+}
+
 }  // namespace editor

@@ -37,6 +37,7 @@ constexpr Route kRoutes[] = {
     {IDC_FORM2_COMMAND11, BN_CLICKED, &Form2::ChangeItemIcon},
     {IDC_FORM2_COMMAND13, BN_CLICKED, &Form2::Command13Click},
 
+    {IDC_FORM2_DRIVE1, CBN_DROPDOWN, &Form2::Drive1DropDown},
     {IDC_FORM2_DRIVE1, CBN_SELCHANGE, &Form2::Drive1Change},
     {IDC_FORM2_DIR1, LBN_DBLCLK, &Form2::Dir1KeyPress},
     {IDC_FORM2_DIR1, win32::kEnterPressed, &Form2::Dir1KeyPress},
@@ -69,8 +70,7 @@ Form2::Form2(std::string arguments, menufile::FileSystem& files)
     : Form(kForm2Plan, nullptr), arguments_(std::move(arguments)), files_(files) {
   items_.Attach(Control(IDC_FORM2_LIST1));
   iconic1_.Attach(Control(IDC_FORM2_ICONIC1));
-  dir1_.Attach(Control(IDC_FORM2_DIR1));
-  win32::FillDriveList(Control(IDC_FORM2_DRIVE1));
+  CreateDirectoryPage();
   SetPicture(IDC_FORM2_IMAGE4, LoadPicture(IDI_CONTENTS));
   SetPicture(IDC_FORM2_IMAGE5, LoadPicture(IDI_FOLDER));
   SetPicture(IDC_FORM2_IMAGE3, LoadPicture(IDI_APPEARANCE));
@@ -208,6 +208,10 @@ void Form2::OnCommand(int id, UINT event) {
 }
 
 void Form2::OnDrawItem(const DRAWITEMSTRUCT& item) {
+  if (item.hwndItem == dir1_.window()) {
+    dir1_.Draw(item);
+    return;
+  }
   const bool isPreview = item.hwndItem == iconic1_.control();
   (isPreview ? iconic1_ : AppearancePicture()).Paint(item);
 }
@@ -240,7 +244,10 @@ void Form2::OnClose() {
   PostQuitMessage(EXIT_SUCCESS);
 }
 
-void Form2::OnFontChanged() { ShowSampleFont(); }
+void Form2::OnFontChanged() {
+  ShowSampleFont();
+  dir1_.FitToFont();
+}
 
 bool Form2::ConfirmUpgrade() {
   return win32::AskYesOrNo(window(),

@@ -86,6 +86,7 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void SSTab1Change();
 
   // editor/directory_page.cc
+  void Drive1DropDown();
   void Drive1Change();
   void Dir1Change();
   void Dir1KeyPress();  // Enter, or a double-click
@@ -128,6 +129,11 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void AppendItem(std::size_t row, const menufile::MenuItemRecord& item) override;
   // editor/directory_page.cc
   void ShowDirectoryPointer(const menufile::DirectoryPointerRecord& directory) override;
+  void CreateDirectoryPage();
+  // False when the rewrite failed, of which nobody is told.
+  bool RewriteSilently(const menufile::MenuChange& change);
+  // Shows the other page of the tab "Contents", from which the user came here.
+  void SwitchContents(Page page, int button);
 
   // icons/appearance_page.cc
   void CreateAppearancePage();
