@@ -1,0 +1,89 @@
+#include "tests/windows/folder_list_test_base.h"
+
+namespace {
+
+class FolderListDrawingTest : public FolderListTest {};
+
+// One row as the list draws it.
+struct DrawnRow {
+  DrawnRow(const win32::FolderList& folders, HWND list, int row, UINT state) {
+    const win32::WindowDc screen(nullptr);
+    const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
+    const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), 400, 24));
+    const win32::SelectedObject selected(dc.get(), bitmap.get());
+    DRAWITEMSTRUCT item{};
+    item.CtlType = ODT_LISTBOX;
+    item.itemID = static_cast<UINT>(row);
+    item.itemState = state;
+    item.hwndItem = list;
+    item.hDC = dc.get();
+    item.rcItem = {0, 0, 400, 24};
+    folders.Draw(item);
+    background = GetPixel(dc.get(), 399, 23);
+    for (int x = 0; x < 400; ++x) {
+      for (int y = 0; y < 24; ++y) {
+        pixels.push_back(GetPixel(dc.get(), x, y));
+        if (firstInk < 0 && pixels.back() != background) {
+          firstInk = x;
+        }
+      }
+    }
+  }
+  COLORREF background = CLR_INVALID;
+  std::vector<COLORREF> pixels;  // column by column
+  int firstInk = -1;             // the leftmost column that is not all background
+};
+
+TEST_F(FolderListDrawingTest, DrawsEachFolderAStepFurtherIn) {
+  Make("first");
+  Make("second");
+  ASSERT_TRUE(folders.SetPath(folder()));
+  const int current = Selected();
+  int former = -1;
+  for (int row = 0; row <= current + 1; ++row) {
+    const DrawnRow drawn(folders, list_, row, 0);
+    EXPECT_EQ(drawn.background, GetSysColor(COLOR_WINDOW));
+    EXPECT_GT(drawn.firstInk, former) << row;
+    former = drawn.firstInk;
+  }
+  EXPECT_EQ(DrawnRow(folders, list_, current + 2, 0).firstInk, former);
+}
+
+TEST_F(FolderListDrawingTest, DrawsTheSelectedRowInTheColoursOfASelection) {
+  const DrawnRow drawn(folders, list_, 0, ODS_SELECTED);
+  EXPECT_EQ(drawn.background, GetSysColor(COLOR_HIGHLIGHT));
+  EXPECT_GE(drawn.firstInk, 0);
+}
+
+TEST_F(FolderListDrawingTest, DrawsTheFocusWhereThereIsNoRow) {
+  const DrawnRow drawn(folders, list_, -1, ODS_FOCUS);
+  EXPECT_EQ(drawn.firstInk, 0);
+}
+
+TEST_F(FolderListDrawingTest, ScrollsSidewaysToTheEndOfTheLongestName) {
+  const LRESULT before = SendMessageA(list_, LB_GETHORIZONTALEXTENT, 0, 0);
+  Make(std::string(150, 'W'));
+  ASSERT_TRUE(folders.SetPath(folder()));
+  const LRESULT after = SendMessageA(list_, LB_GETHORIZONTALEXTENT, 0, 0);
+  EXPECT_GT(after, before + 500);
+  const DrawnRow drawn(folders, list_, 0, 0);
+  EXPECT_LT(drawn.firstInk, 20);
+}
+
+TEST_F(FolderListDrawingTest, RowsAreHighEnoughForTheFontAndTheIcon) {
+  const win32::UniqueFont large(
+      CreateFontA(-60, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, "Tahoma"));
+  EXPECT_GE(SendMessageA(list_, LB_GETITEMHEIGHT, 0, 0), 16);
+  SendMessageA(list_, WM_SETFONT, reinterpret_cast<WPARAM>(large.get()), FALSE);
+  folders.FitToFont();
+  EXPECT_GE(SendMessageA(list_, LB_GETITEMHEIGHT, 0, 0), 60);
+}
+
+TEST_F(FolderListDrawingTest, TypingANameFindsItsRow) {
+  Make("zebra");
+  ASSERT_TRUE(folders.SetPath(folder()));
+  SendMessageA(list_, WM_CHAR, 'z', 0);
+  EXPECT_EQ(ListRows()[static_cast<std::size_t>(Selected())], "zebra");
+}
+
+}  // namespace

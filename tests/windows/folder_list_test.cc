@@ -1,0 +1,260 @@
+#include "tests/windows/folder_list_test_base.h"
+
+namespace {
+
+// A folder's handle that keeps everybody else out.
+class LockedFolder {
+ public:
+  explicit LockedFolder(const std::string& path)
+      : handle_(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                            FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {}
+  ~LockedFolder() { CloseHandle(handle_); }
+
+ private:
+  HANDLE handle_;
+};
+
+TEST_F(FolderListTest, StartsAtTheCurrentDirectory) {
+  EXPECT_EQ(folders.Path(), folder());
+  EXPECT_EQ(ListRows(), RowsDownTo(folder()));
+  EXPECT_EQ(Selected(), static_cast<int>(RowsDownTo(folder()).size()) - 1);
+}
+
+TEST_F(FolderListTest, ShowsTheFoldersInsideSortedWhateverTheirAttributes) {
+  for (const char* name : {"b", "C", "a", "hidden", "system", "B2"}) {
+    Make(name);
+  }
+  WriteBytes(PathOf("a file"), "x");
+  SetFileAttributesA(PathOf("hidden").c_str(), FILE_ATTRIBUTE_HIDDEN);
+  SetFileAttributesA(PathOf("system").c_str(), FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN);
+  ASSERT_TRUE(folders.SetPath(folder()));
+  EXPECT_EQ(RowsBelow(folder()), (Names{"a", "b", "B2", "C", "hidden", "system"}));
+  EXPECT_EQ(ListRows()[static_cast<std::size_t>(Selected())],
+            folder().substr(folder().rfind('\\') + 1));
+}
+
+TEST_F(FolderListTest, ARootIsOneRowAndItsFolders) {
+  ASSERT_TRUE(folders.SetPath("C:\\"));
+  EXPECT_EQ(folders.Path(), "C:\\");
+  const Names rows = ListRows();
+  EXPECT_EQ(rows[0], "C:\\");
+  EXPECT_EQ(Selected(), 0);
+  EXPECT_NE(std::find(rows.begin() + 1, rows.end(), "windows"), rows.end());
+  EXPECT_TRUE(std::is_sorted(rows.begin() + 1, rows.end(), [](const auto& a, const auto& b) {
+    return lstrcmpiA(a.c_str(), b.c_str()) < 0;
+  }));
+}
+
+TEST_F(FolderListTest, BringsAPathIntoItsUsualForm) {
+  Make("one");
+  for (const std::string& path : {PathOf("one\\"), PathOf("one\\\\"), PathOf("one\\."),
+                                  PathOf("one\\..\\one"), folder() + "/one/"}) {
+    ASSERT_TRUE(folders.SetPath("C:\\"));
+    EXPECT_TRUE(folders.SetPath(path)) << path;
+    EXPECT_EQ(folders.Path(), PathOf("one")) << path;
+  }
+  EXPECT_TRUE(folders.SetPath("c:\\"));
+  EXPECT_EQ(folders.Path(), "C:\\");
+}
+
+TEST_F(FolderListTest, ADriveAloneIsItsCurrentFolder) {
+  ASSERT_TRUE(folders.SetPath("C:\\"));
+  EXPECT_TRUE(folders.SetPath(folder().substr(0, 2)));
+  EXPECT_EQ(folders.Path(), folder());
+
+  const std::string other = OtherDrive();
+  ASSERT_NE(other, "") << "there is one drive only";
+  const std::string inside = FolderInRoot(other);
+  ASSERT_NE(inside, "");
+  {
+    const CurrentFolderOfDrive current(other, inside);
+    EXPECT_TRUE(folders.SetPath(other));
+    EXPECT_EQ(folders.Path(), inside);
+  }
+  EXPECT_TRUE(folders.SetPath(other));
+  EXPECT_EQ(folders.Path(), other + "\\");
+}
+
+TEST_F(FolderListTest, ADriveWhoseCurrentFolderIsGoneShowsItsRoot) {
+  const std::string other = OtherDrive();
+  ASSERT_NE(other, "") << "there is one drive only";
+  const CurrentFolderOfDrive current(other, other + "\\no such folder");
+  EXPECT_TRUE(folders.SetPath(other));
+  EXPECT_EQ(folders.Path(), other + "\\");
+}
+
+TEST_F(FolderListTest, WhatCannotBeListedLeavesEverythingAsItWas) {
+  Make("sub");
+  WriteBytes(PathOf("file"), "x");
+  ASSERT_TRUE(folders.SetPath(folder()));
+  Select("sub");
+  const Names rows = ListRows();
+  const int selected = Selected();
+  for (const std::string& path : {std::string(),
+                                  std::string("\\"),
+                                  std::string("sub"),
+                                  std::string("\\windows"),
+                                  std::string("K:"),
+                                  std::string("K:\\"),
+                                  std::string("K:\\sub"),
+                                  std::string("1:\\"),
+                                  std::string(":\\"),
+                                  std::string("C"),
+                                  std::string("\\\\server\\share\\folder"),
+                                  std::string("\\\\?\\C:\\windows"),
+                                  std::string("\\\\.\\C:"),
+                                  PathOf("none"),
+                                  PathOf("sub\\none"),
+                                  PathOf("file"),
+                                  PathOf("su*"),
+                                  PathOf("s?b"),
+                                  PathOf("con"),
+                                  PathOf("<>|"),
+                                  PathOf(std::string(300, 'x')),
+                                  PathOf(std::string(40000, 'y'))}) {
+    EXPECT_FALSE(folders.SetPath(path)) << path;
+    EXPECT_EQ(folders.Path(), folder()) << path;
+    EXPECT_EQ(ListRows(), rows) << path;
+    EXPECT_EQ(Selected(), selected) << path;
+  }
+}
+
+TEST_F(FolderListTest, AFolderThatMayNotBeReadStaysClosed) {
+  Make("locked");
+  ASSERT_TRUE(folders.SetPath(folder()));
+  const LockedFolder lock(PathOf("locked"));
+  Select("locked");
+  EXPECT_FALSE(folders.OpenSelected());
+  EXPECT_EQ(folders.Path(), folder());
+  EXPECT_EQ(RowsBelow(folder()), Names{"locked"});
+}
+
+TEST_F(FolderListTest, OpensWhatIsSelected) {
+  Make("one");
+  Make("one\\two");
+  Make("one\\three");
+  ASSERT_TRUE(folders.SetPath(folder()));
+  Select("one");
+  ASSERT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(folders.Path(), PathOf("one"));
+  EXPECT_EQ(RowsBelow(PathOf("one")), (Names{"three", "two"}));
+  Select("two");
+  ASSERT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(folders.Path(), PathOf("one\\two"));
+  EXPECT_EQ(ListRows(), RowsDownTo(PathOf("one\\two")));
+  Select("one");
+  ASSERT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(folders.Path(), PathOf("one"));
+  SendMessageA(list_, LB_SETCURSEL, 0, 0);
+  ASSERT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(folders.Path(), folder().substr(0, 3));
+  SendMessageA(list_, LB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+  EXPECT_FALSE(folders.OpenSelected());
+}
+
+TEST_F(FolderListTest, EveryFolderOnTheWayCanBeOpened) {
+  const Names rows = RowsDownTo(folder());
+  std::string path = rows[0];
+  for (std::size_t row = 1; row < rows.size(); ++row) {
+    path += (row == 1 ? "" : "\\") + rows[row];
+    ASSERT_TRUE(folders.SetPath(folder()));
+    SendMessageA(list_, LB_SETCURSEL, row, 0);
+    EXPECT_TRUE(folders.OpenSelected());
+    EXPECT_EQ(folders.Path(), path);
+  }
+}
+
+TEST_F(FolderListTest, OpeningTheCurrentFolderReadsItAnew) {
+  ASSERT_TRUE(folders.SetPath(folder()));
+  EXPECT_EQ(RowsBelow(folder()), Names{});
+  Make("new");
+  ASSERT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(RowsBelow(folder()), Names{"new"});
+}
+
+TEST_F(FolderListTest, AFolderThatIsGoneMeanwhileStaysClosed) {
+  Make("gone");
+  ASSERT_TRUE(folders.SetPath(folder()));
+  RemoveDirectoryA(PathOf("gone").c_str());
+  Select("gone");
+  EXPECT_FALSE(folders.OpenSelected());
+  EXPECT_EQ(folders.Path(), folder());
+}
+
+TEST_F(FolderListTest, TheWayUpIsOpenWhenTheCurrentFolderIsGone) {
+  Make("gone");
+  ASSERT_TRUE(folders.SetPath(PathOf("gone")));
+  RemoveDirectoryA(PathOf("gone").c_str());
+  EXPECT_FALSE(folders.OpenSelected());
+  EXPECT_EQ(folders.Path(), PathOf("gone"));
+  Select(folder().substr(folder().rfind('\\') + 1));
+  EXPECT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(folders.Path(), folder());
+  EXPECT_EQ(RowsBelow(folder()), Names{});
+}
+
+TEST_F(FolderListTest, OddNamesAreShownAndOpened) {
+  const Names names{"  leading blanks",   "%TEMP%",       "a & b",
+                    "\xE4\xF6\xFC \xDF",  "comma, comma", "...dots",
+                    std::string(200, 'n')};
+  for (const std::string& name : names) {
+    Make(name);
+    ASSERT_TRUE(folders.SetPath(folder()));
+    Select(name);
+    EXPECT_TRUE(folders.OpenSelected()) << name;
+    EXPECT_EQ(folders.Path(), PathOf(name));
+    EXPECT_EQ(ListRows().back(), name);
+    RemoveDirectoryA(PathOf(name).c_str());
+  }
+}
+
+TEST_F(FolderListTest, ANameOutsideTheCodePageIsShownByItsShortOne) {
+  const std::wstring wide = std::wstring(folder().begin(), folder().end()) + L"\\\u65E5\u672C";
+  ASSERT_TRUE(CreateDirectoryW(wide.c_str(), nullptr));
+  ASSERT_TRUE(CreateDirectoryW((wide + L"\\inside").c_str(), nullptr));
+  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_EQ(RowsBelow(folder()).size(), 1U);
+  EXPECT_EQ(RowsBelow(folder())[0].find('?'), std::string::npos);
+  Select(RowsBelow(folder())[0]);
+  ASSERT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(ListRows().back(), "inside");
+}
+
+TEST_F(FolderListTest, GoesDownAsFarAsPathsMayBeLong) {
+  const std::string name(60, 'd');
+  std::wstring wide = L"\\\\?\\" + std::wstring(folder().begin(), folder().end());
+  for (int depth = 0; depth < 10; ++depth) {
+    wide += L"\\" + std::wstring(name.begin(), name.end());
+    ASSERT_TRUE(CreateDirectoryW(wide.c_str(), nullptr));
+  }
+  ASSERT_TRUE(folders.SetPath(folder()));
+  int opened = 0;
+  for (;; ++opened) {
+    const std::string before = folders.Path();
+    SendMessageA(list_, LB_SETCURSEL,
+                 static_cast<WPARAM>(SendMessageA(list_, LB_GETCOUNT, 0, 0) - 1), 0);
+    if (!folders.OpenSelected() || folders.Path() == before) {
+      break;
+    }
+    EXPECT_EQ(folders.Path(), before + "\\" + name);
+  }
+  EXPECT_GE(opened, 1);
+  EXPECT_LT(folders.Path().size(), 1000U);
+  // And it goes on as before.
+  ASSERT_TRUE(folders.SetPath(folder()));
+  EXPECT_EQ(RowsBelow(folder()), Names{name});
+  while (wide.size() > folder().size() + 4) {
+    RemoveDirectoryW(wide.c_str());
+    wide.resize(wide.size() - name.size() - 1);
+  }
+}
+
+TEST_F(FolderListTest, ManyFoldersAreAllThere) {
+  for (int number = 0; number < 1000; ++number) {
+    Make("folder " + std::to_string(number));
+  }
+  ASSERT_TRUE(folders.SetPath(folder()));
+  EXPECT_EQ(RowsBelow(folder()).size(), 1000U);
+}
+
+}  // namespace

@@ -1,0 +1,90 @@
+#ifndef CORVALIS_TESTS_WINDOWS_FOLDER_LIST_TEST_BASE_H_
+#define CORVALIS_TESTS_WINDOWS_FOLDER_LIST_TEST_BASE_H_
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/windows/drives.h"
+#include "tests/windows/form2_test_base.h"
+#include "win32/folder_list.h"
+
+using Names = std::vector<std::string>;
+
+// A folder list and a drive list on a window of the test's own.
+class FolderListTest : public Form2Test {
+ protected:
+  FolderListTest() {
+    parent_ = CreateWindowExA(0, "Static", "", WS_POPUP, 0, 0, 300, 300, nullptr, nullptr,
+                              GetModuleHandleA(nullptr), nullptr);
+    list_ = CreateWindowExA(0, "ListBox", "",
+                            WS_CHILD | WS_VSCROLL | WS_HSCROLL | LBS_OWNERDRAWFIXED |
+                                LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
+                            0, 0, 200, 120, parent_, nullptr, GetModuleHandleA(nullptr), nullptr);
+    combo_ = CreateWindowExA(0, "ComboBox", "", WS_CHILD | CBS_DROPDOWNLIST | CBS_HASSTRINGS, 0,
+                             150, 200, 100, parent_, nullptr, GetModuleHandleA(nullptr), nullptr);
+    folders.Attach(list_);
+  }
+  ~FolderListTest() override {
+    // Nothing that a test did may have moved the program itself.
+    char path[MAX_PATH] = "";
+    GetCurrentDirectoryA(MAX_PATH, path);
+    EXPECT_EQ(std::string(path), folder());
+    DestroyWindow(parent_);
+  }
+
+  void Make(const std::string& name) {
+    ASSERT_TRUE(CreateDirectoryA(PathOf(name).c_str(), nullptr));
+  }
+
+  Names ListRows() const {
+    Names rows;
+    const int count = static_cast<int>(SendMessageA(list_, LB_GETCOUNT, 0, 0));
+    for (int row = 0; row < count; ++row) {
+      rows.push_back(win32::ListText(list_, row));
+    }
+    return rows;
+  }
+  // The rows of the folders down to `path`, the path in its pieces.
+  static Names RowsDownTo(const std::string& path) {
+    Names rows{path.substr(0, 3)};
+    std::size_t from = 3;
+    while (from < path.size()) {
+      const std::size_t end = std::min(path.find('\\', from), path.size());
+      rows.push_back(path.substr(from, end - from));
+      from = end + 1;
+    }
+    return rows;
+  }
+  Names RowsBelow(const std::string& path) const {
+    const Names rows = ListRows();
+    const std::size_t down = RowsDownTo(path).size();
+    return Names(rows.begin() + static_cast<std::ptrdiff_t>(std::min(down, rows.size())),
+                 rows.end());
+  }
+  int Selected() const { return static_cast<int>(SendMessageA(list_, LB_GETCURSEL, 0, 0)); }
+  void Select(const std::string& name) {
+    const Names rows = ListRows();
+    const auto row = std::find(rows.rbegin(), rows.rend(), name);
+    ASSERT_NE(row, rows.rend()) << name;
+    SendMessageA(list_, LB_SETCURSEL, static_cast<WPARAM>(rows.rend() - row - 1), 0);
+  }
+
+  Names Drives() const {
+    Names drives;
+    const int count = static_cast<int>(SendMessageA(combo_, CB_GETCOUNT, 0, 0));
+    for (int row = 0; row < count; ++row) {
+      char text[64] = "";
+      SendMessageA(combo_, CB_GETLBTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text));
+      drives.push_back(text);
+    }
+    return drives;
+  }
+
+  win32::FolderList folders;
+  HWND parent_;
+  HWND list_;
+  HWND combo_;
+};
+
+#endif  // CORVALIS_TESTS_WINDOWS_FOLDER_LIST_TEST_BASE_H_
