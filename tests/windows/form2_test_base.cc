@@ -109,3 +109,19 @@ void Form2Test::WriteBytes(const std::string& path, const std::string& bytes) {
 bool Form2Test::Exists(const std::string& path) {
   return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
+
+bool Form2Test::MakeReadOnly(const std::string& path) {
+  SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
+  const HANDLE file =
+      CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return true;
+  }
+  CloseHandle(file);
+  MakeWritable(path);
+  return false;
+}
+
+void Form2Test::MakeWritable(const std::string& path) {
+  SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+}

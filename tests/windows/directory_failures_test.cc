@@ -1,0 +1,270 @@
+#include <functional>
+
+#include "menufile/failure.h"
+#include "tests/windows/directory_test_base.h"
+
+using testing_menus::DirectoryMenu;
+using testing_menus::ItemLine;
+using testing_menus::kAppearance;
+using testing_menus::kPicture;
+using testing_menus::UserDefinedMenu;
+
+namespace {
+
+// One of the three buttons that write, and a menu on which to press it.
+struct Action {
+  const char* name;
+  int button;
+  bool onDirectoryPage;
+  int questions;
+};
+
+constexpr Action kActions[] = {
+    {"Save Changes", IDC_FORM2_COMMAND15, true, 0},
+    {"Change Menu Type, to a directory pointer", IDC_FORM2_COMMAND13, false, 1},
+    {"Change Menu Type, to a user-defined list", IDC_FORM2_COMMAND14, true, 1},
+};
+
+// Whatever goes wrong: nobody is told, the menu keeps its bytes, and the window
+// shows what it showed.
+class DirectoryFailuresTest : public DirectoryTest {
+ protected:
+  static std::string MenuFor(const Action& action) {
+    return action.onDirectoryPage
+               ? DirectoryMenu(Line("C:\\windows\\", "*.exe", "0,1,0"))
+               : UserDefinedMenu({ItemLine("One", "C:\\one.exe"), ItemLine("Two", "C:\\two.exe")});
+  }
+
+  static std::string NewMenuFor(const Action& action) {
+    switch (action.button) {
+      case IDC_FORM2_COMMAND15:
+        return DirectoryMenu(Line("C:\\windows\\", "*.changed", "0,1,0"));
+      case IDC_FORM2_COMMAND13:
+        return DirectoryMenu("\"C:\\\",\"*.*\",1,0,0\r\n");
+      default:
+        return UserDefinedMenu({});
+    }
+  }
+
+  // Loads the menu, changes what the page shows and presses the button after
+  // `spoil` and before `repair`.
+  void PressSpoiled(const Action& action, const std::function<void()>& spoil,
+                    const std::function<void()>& repair) {
+    SCOPED_TRACE(action.name);
+    ASSERT_TRUE(Open(MenuFor(action)));
+    if (action.onDirectoryPage) {
+      Type(IDC_FORM2_TEXT8, "*.changed");
+    }
+    const std::size_t shownBefore = answers.Shown().size();
+    answers.Answer(std::vector<int>(static_cast<std::size_t>(action.questions), IDYES));
+    spoil();
+    Press(action.button);
+    repair();
+    ASSERT_EQ(answers.Shown().size() - shownBefore, static_cast<std::size_t>(action.questions));
+    if (action.questions == 1) {
+      EXPECT_EQ(answers.Shown().back().text, kQuestion);
+    }
+  }
+
+  void ExpectAsItWas(const Action& action) {
+    EXPECT_EQ(MenuBytes(), MenuFor(action)) << action.name;
+    EXPECT_FALSE(Exists(PathOf("temporaryfile"))) << action.name;
+    ExpectWindowAsItWas(action);
+  }
+
+  void ExpectWindowAsItWas(const Action& action) {
+    SCOPED_TRACE(action.name);
+    EXPECT_EQ(ShowsDirectoryPage(), action.onDirectoryPage);
+    if (action.onDirectoryPage) {
+      EXPECT_EQ(Pattern(), "*.changed");
+      EXPECT_EQ(Path(), "C:\\windows\\");
+      EXPECT_EQ(Checks(), "001");
+    } else {
+      EXPECT_EQ(Rows(), (std::vector<std::string>{"One", "Two"}));
+      EXPECT_EQ(form().items().Hidden(1).tag, "C:\\two.exe");
+    }
+  }
+
+  // And the button works once nothing is in its way.
+  void ExpectWorksNow(const Action& action) {
+    answers.Answer(std::vector<int>(static_cast<std::size_t>(action.questions), IDYES));
+    Press(action.button);
+    EXPECT_EQ(MenuBytes(), NewMenuFor(action)) << action.name;
+    EXPECT_FALSE(Exists(PathOf("temporaryfile"))) << action.name;
+  }
+};
+
+TEST_F(DirectoryFailuresTest, AReadOnlyMenu) {
+  WriteBytes(MenuPath(), "");
+  if (!MakeReadOnly(MenuPath())) {
+    GTEST_SKIP() << "this user may write read-only files";
+  }
+  MakeWritable(MenuPath());
+  for (const Action& action : kActions) {
+    PressSpoiled(
+        action, [&] { MakeReadOnly(MenuPath()); }, [&] { MakeWritable(MenuPath()); });
+    ExpectAsItWas(action);
+    ExpectWorksNow(action);
+  }
+}
+
+TEST_F(DirectoryFailuresTest, AMenuThatIsGone) {
+  for (const Action& action : kActions) {
+    PressSpoiled(
+        action, [&] { DeleteFileA(MenuPath().c_str()); }, [] {});
+    EXPECT_FALSE(Exists(MenuPath())) << action.name;
+    EXPECT_FALSE(Exists(PathOf("temporaryfile"))) << action.name;
+    ExpectWindowAsItWas(action);
+  }
+}
+
+TEST_F(DirectoryFailuresTest, AMenuThatAnotherProgramHolds) {
+  for (const Action& action : kActions) {
+    for (const DWORD share : {DWORD{0}, DWORD{FILE_SHARE_READ}}) {
+      HANDLE held = INVALID_HANDLE_VALUE;
+      PressSpoiled(
+          action,
+          [&] {
+            held = CreateFileA(MenuPath().c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0,
+                               nullptr);
+            ASSERT_NE(held, INVALID_HANDLE_VALUE);
+          },
+          [&] { CloseHandle(held); });
+      ExpectAsItWas(action);
+    }
+    ExpectWorksNow(action);
+  }
+}
+
+TEST_F(DirectoryFailuresTest, AScratchFileThatCannotBeMade) {
+  for (const Action& action : kActions) {
+    PressSpoiled(
+        action, [&] { Make("temporaryfile"); },
+        [&] { EXPECT_TRUE(RemoveDirectoryA(PathOf("temporaryfile").c_str())); });
+    ExpectAsItWas(action);
+    ExpectWorksNow(action);
+  }
+}
+
+TEST_F(DirectoryFailuresTest, AScratchFileThatAnotherProgramHolds) {
+  for (const Action& action : kActions) {
+    HANDLE held = INVALID_HANDLE_VALUE;
+    PressSpoiled(
+        action,
+        [&] {
+          held = CreateFileA(PathOf("temporaryfile").c_str(), GENERIC_READ | GENERIC_WRITE, 0,
+                             nullptr, CREATE_ALWAYS, 0, nullptr);
+          ASSERT_NE(held, INVALID_HANDLE_VALUE);
+        },
+        [&] {
+          CloseHandle(held);
+          DeleteFileA(PathOf("temporaryfile").c_str());
+        });
+    ExpectAsItWas(action);
+    ExpectWorksNow(action);
+  }
+}
+
+// Another program has spoiled the file meanwhile: what is left of it stays.
+TEST_F(DirectoryFailuresTest, AMenuThatIsCutShort) {
+  for (const Action& action : kActions) {
+    for (const std::string& rest :
+         {std::string(), std::string("no menu at all"), kPicture, kPicture + "\r\n<START ZOL>\r\n",
+          kPicture + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n0,\"Tahoma\",8"}) {
+      PressSpoiled(
+          action, [&] { WriteBytes(MenuPath(), rest); }, [] {});
+      EXPECT_EQ(MenuBytes(), rest) << action.name;
+      ExpectWindowAsItWas(action);
+      DeleteFileA(PathOf("temporaryfile").c_str());
+    }
+  }
+}
+
+// Lets so many operations succeed and none after them.
+class FilesFailingFrom final : public menufile::FileSystem {
+ public:
+  explicit FilesFailingFrom(menufile::FileSystem& files) : files_(files) {}
+
+  int left = 1000;
+
+  void Count() {
+    if (left-- <= 0) {
+      throw menufile::Failure("path", "do it", "It was made to fail");
+    }
+  }
+  std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override {
+    Count();
+    return std::make_unique<FailingFile>(*this, files_.Open(path, mode));
+  }
+  void Remove(const std::string& path) override {
+    Count();
+    files_.Remove(path);
+  }
+
+ private:
+  class FailingFile final : public menufile::File {
+   public:
+    FailingFile(FilesFailingFrom& files, std::unique_ptr<menufile::File> file)
+        : files_(files), file_(std::move(file)) {}
+    std::string ReadAll() override {
+      files_.Count();
+      return file_->ReadAll();
+    }
+    void Truncate(std::uint64_t size) override {
+      files_.Count();
+      file_->Truncate(size);
+    }
+    std::uint64_t SeekToEnd() override {
+      files_.Count();
+      return file_->SeekToEnd();
+    }
+    void Write(std::string_view bytes) override {
+      files_.Count();
+      file_->Write(bytes);
+    }
+    void Flush() override {
+      files_.Count();
+      file_->Flush();
+    }
+
+   private:
+    FilesFailingFrom& files_;
+    std::unique_ptr<menufile::File> file_;
+  };
+
+  menufile::FileSystem& files_;
+};
+
+TEST_F(DirectoryFailuresTest, AFailureAtAnyStepLeavesACompleteMenuSomewhere) {
+  for (const Action& action : kActions) {
+    FilesFailingFrom failing(windowsFiles);
+    files = &failing;
+    int steps = 0;
+    int halfWritten = 0;
+    for (bool undisturbed = false; !undisturbed && steps < 50; ++steps) {
+      SCOPED_TRACE(action.name + std::string(", step ") + std::to_string(steps));
+      DeleteFileA(PathOf("temporaryfile").c_str());
+      PressSpoiled(
+          action, [&] { failing.left = steps; },
+          [&] {
+            undisturbed = failing.left >= 0;
+            failing.left = 1000;
+          });
+      const std::string menu = MenuBytes();
+      if (menu == MenuFor(action)) {
+        ExpectWindowAsItWas(action);
+      } else if (menu != NewMenuFor(action)) {
+        ++halfWritten;
+        EXPECT_EQ(ReadBytes(PathOf("temporaryfile")), NewMenuFor(action));
+        ExpectWindowAsItWas(action);
+      }
+    }
+    EXPECT_EQ(MenuBytes(), NewMenuFor(action));
+    EXPECT_GT(halfWritten, 0);
+    EXPECT_GT(steps, 5);
+    EXPECT_LT(steps, 50);
+    files = &windowsFiles;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,295 @@
+#include "tests/windows/directory_test_base.h"
+
+using testing_menus::DirectoryMenu;
+using testing_menus::ItemLine;
+using testing_menus::UserDefinedMenu;
+
+// How the page is filled, and what its lists and boxes do.
+class DirectoryPageTest : public DirectoryTest {};
+
+TEST_F(DirectoryPageTest, ShowsTheRecord) {
+  Make("sub");
+  Make("sub\\inside");
+  const std::string menu = DirectoryMenu(Line(PathOf("sub"), "*.exe", "1,0,1"));
+  ASSERT_TRUE(Open(menu));
+  EXPECT_TRUE(ShowsDirectoryPage());
+  EXPECT_EQ(Drive(), folder().substr(0, 2));
+  EXPECT_EQ(ListPath(), PathOf("sub"));
+  EXPECT_GE(RowOf("inside"), 0);
+  EXPECT_EQ(Path(), PathOf("sub\\"));
+  EXPECT_EQ(Pattern(), "*.exe");
+  EXPECT_EQ(Checks(), "110");
+  EXPECT_EQ(MenuBytes(), menu);
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
+// The file keeps folders, extensions, hidden; the window shows folders, hidden,
+// extensions.
+TEST_F(DirectoryPageTest, EachFlagHasItsCheckBox) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"0,0,0", "000"},    {"1,0,0", "100"},    {"0,1,0", "001"},     {"0,0,1", "010"},
+      {"1,1,1", "111"},    {",,", "000"},       {"\"1\",0,0", "100"}, {"1x,0,0", "100"},
+      {"yes,no,1", "010"}, {"01,00,0.0", "100"}};
+  for (const auto& [flags, checks] : cases) {
+    ASSERT_TRUE(Open(DirectoryMenu(Line(folder(), "*.*", flags))));
+    EXPECT_EQ(Checks(), checks) << flags;
+  }
+}
+
+TEST_F(DirectoryPageTest, AStoredBackslashIsNotDoubled) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line(folder() + "\\"))));
+  EXPECT_EQ(Path(), folder() + "\\");
+  EXPECT_EQ(ListPath(), folder());
+  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
+  EXPECT_EQ(Path(), "C:\\");
+  EXPECT_EQ(ListPath(), "C:\\");
+}
+
+TEST_F(DirectoryPageTest, AFolderThatIsNotThereLeavesTheListWhereItWas) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line(PathOf("none")))));
+  EXPECT_TRUE(ShowsDirectoryPage());
+  EXPECT_EQ(Path(), PathOf("none\\"));
+  EXPECT_EQ(Drive(), folder().substr(0, 2));
+  EXPECT_EQ(ListPath(), folder());
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
+TEST_F(DirectoryPageTest, ADriveThatIsNotThereLeavesBothListsWhereTheyWere) {
+  for (const std::string& path :
+       {std::string("K:\\menus"), std::string("\\\\server\\share"), std::string("menus"),
+        std::string("\\windows"), std::string("http://www.debian.org/")}) {
+    ASSERT_TRUE(Open(DirectoryMenu(Line(path))));
+    EXPECT_EQ(Path(), path.back() == '\\' ? path : path + "\\") << path;
+    EXPECT_EQ(Drive(), folder().substr(0, 2)) << path;
+    EXPECT_EQ(ListPath(), folder()) << path;
+    EXPECT_EQ(Pattern(), "*.*") << path;
+  }
+}
+
+TEST_F(DirectoryPageTest, AnEmptyDriveIsNoFolder) {
+  const EmptyDrive drive("Q:");
+  ASSERT_TRUE(drive.made());
+  ASSERT_TRUE(Open(DirectoryMenu(Line("Q:\\menus"))));
+  EXPECT_EQ(Path(), "Q:\\menus\\");
+  EXPECT_EQ(Drive(), "Q:");
+  EXPECT_EQ(ListPath(), folder());
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
+TEST_F(DirectoryPageTest, GoesToAFolderOnAnotherDrive) {
+  const std::string other = OtherDrive();
+  ASSERT_NE(other, "") << "there is one drive only";
+  const std::string inside = FolderInRoot(other);
+  ASSERT_TRUE(Open(DirectoryMenu(Line(inside))));
+  EXPECT_EQ(Drive(), other);
+  EXPECT_EQ(ListPath(), inside);
+  EXPECT_EQ(Path(), inside + "\\");
+}
+
+// The drive is there and gets chosen, which shows its current folder.
+TEST_F(DirectoryPageTest, AFolderThatIsNotOnAnotherDriveLeavesItsCurrentFolder) {
+  const std::string other = OtherDrive();
+  ASSERT_NE(other, "") << "there is one drive only";
+  const CurrentFolderOfDrive current(other, FolderInRoot(other));
+  ASSERT_TRUE(Open(DirectoryMenu(Line(other + "\\no such folder"))));
+  EXPECT_EQ(Drive(), other);
+  EXPECT_EQ(ListPath(), FolderInRoot(other));
+  EXPECT_EQ(Path(), other + "\\no such folder\\");
+}
+
+TEST_F(DirectoryPageTest, AnEmptyPathStaysEmpty) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line("", ""))));
+  EXPECT_EQ(Path(), "");
+  EXPECT_EQ(Pattern(), "");
+  EXPECT_EQ(ListPath(), folder());
+}
+
+TEST_F(DirectoryPageTest, LongAndOddTextsAreShownAsTheyAre) {
+  std::string bytes;
+  for (int byte = 0x80; byte <= 0xFF; ++byte) {
+    bytes += static_cast<char>(byte);
+  }
+  ASSERT_TRUE(Open(DirectoryMenu(Line("K:\\, & " + bytes, " *.txt; *.doc "))));
+  EXPECT_EQ(Path(), "K:\\, & " + bytes + "\\");
+  EXPECT_EQ(Pattern(), " *.txt; *.doc ");
+  const std::string longPath = "K:\\" + std::string(40000, 'x');
+  ASSERT_TRUE(Open(DirectoryMenu(Line(longPath, std::string(40000, 'y')))));
+  EXPECT_EQ(Path(), longPath + "\\");
+  EXPECT_EQ(Pattern(), std::string(40000, 'y'));
+}
+
+TEST_F(DirectoryPageTest, StartsAtTheCurrentFolderOnAUserDefinedMenu) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  EXPECT_FALSE(ShowsDirectoryPage());
+  EXPECT_EQ(Drive(), folder().substr(0, 2));
+  EXPECT_EQ(ListPath(), folder());
+  EXPECT_EQ(Path(), "");
+  EXPECT_EQ(Pattern(), "");
+  EXPECT_EQ(Checks(), "000");
+}
+
+TEST_F(DirectoryPageTest, AnotherDriveShowsItsCurrentFolder) {
+  const std::string other = OtherDrive();
+  ASSERT_NE(other, "") << "there is one drive only";
+  const CurrentFolderOfDrive current(other, FolderInRoot(other));
+  const std::string menu = DirectoryMenu(Line("C:\\"));
+  ASSERT_TRUE(Open(menu));
+  ChooseDrive(other);
+  EXPECT_EQ(ListPath(), FolderInRoot(other));
+  EXPECT_EQ(Path(), FolderInRoot(other) + "\\");
+  ChooseDrive(folder().substr(0, 2));
+  EXPECT_EQ(ListPath(), folder());
+  EXPECT_EQ(Path(), folder() + "\\");
+  EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(DirectoryPageTest, AnEmptyDriveLeavesFolderAndPath) {
+  const EmptyDrive drive("Q:");
+  ASSERT_TRUE(drive.made());
+  ASSERT_TRUE(Open(DirectoryMenu(Line(folder()))));
+  ChooseDrive("Q:");
+  EXPECT_EQ(ListPath(), folder());
+  EXPECT_EQ(Path(), folder() + "\\");
+  EXPECT_TRUE(answers.Shown().empty());
+  ChooseDrive("C:");
+  EXPECT_EQ(Path(), folder() + "\\");
+}
+
+TEST_F(DirectoryPageTest, TheDriveListIsNewEachTimeItDropsDown) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line(folder()))));
+  const HWND combo = Control(IDC_FORM2_DRIVE1);
+  const LRESULT before = SendMessageA(combo, CB_GETCOUNT, 0, 0);
+  {
+    const EmptyDrive drive("Q:");
+    ASSERT_TRUE(drive.made());
+    Notify(IDC_FORM2_DRIVE1, CBN_DROPDOWN);
+    EXPECT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), before + 1);
+  }
+  Notify(IDC_FORM2_DRIVE1, CBN_DROPDOWN);
+  EXPECT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), before);
+  EXPECT_EQ(Drive(), folder().substr(0, 2));
+  EXPECT_EQ(Path(), folder() + "\\");
+}
+
+TEST_F(DirectoryPageTest, EnterOpensTheSelectedFolder) {
+  Make("sub");
+  Make("sub\\inside");
+  const std::string menu = DirectoryMenu(Line(folder()));
+  ASSERT_TRUE(Open(menu));
+  SendMessageA(Control(IDC_FORM2_DIR1), LB_SETCURSEL, static_cast<WPARAM>(RowOf("sub")), 0);
+  PressKey(IDC_FORM2_DIR1, VK_RETURN);
+  EXPECT_EQ(Path(), PathOf("sub\\"));
+  EXPECT_EQ(ListPath(), PathOf("sub"));
+  EXPECT_GE(RowOf("inside"), 0);
+  // And up again.
+  SendMessageA(Control(IDC_FORM2_DIR1), LB_SETCURSEL, 0, 0);
+  PressKey(IDC_FORM2_DIR1, VK_RETURN);
+  EXPECT_EQ(Path(), folder().substr(0, 3));
+  EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(DirectoryPageTest, EnterOnTheCurrentFolderBringsItsPathBack) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line(folder()))));
+  Type(IDC_FORM2_TEXT7, "K:\\elsewhere");
+  PressKey(IDC_FORM2_DIR1, VK_RETURN);
+  EXPECT_EQ(Path(), folder() + "\\");
+}
+
+TEST_F(DirectoryPageTest, OtherKeysOpenNothing) {
+  Make("sub");
+  ASSERT_TRUE(Open(DirectoryMenu(Line(folder()))));
+  PressKey(IDC_FORM2_DIR1, VK_DOWN);
+  EXPECT_EQ(SendMessageA(Control(IDC_FORM2_DIR1), LB_GETCURSEL, 0, 0), RowOf("sub"));
+  for (const WPARAM key : {WPARAM{VK_SPACE}, WPARAM{VK_ESCAPE}, WPARAM{'S'}, WPARAM{VK_DELETE}}) {
+    PressKey(IDC_FORM2_DIR1, key);
+    EXPECT_EQ(Path(), folder() + "\\") << key;
+    EXPECT_GE(RowOf("sub"), 0) << key;
+  }
+  EXPECT_NE(form().window(), nullptr);
+}
+
+TEST_F(DirectoryPageTest, AClickSelectsAndADoubleClickOpens) {
+  Make("sub");
+  ASSERT_TRUE(Open(DirectoryMenu(Line(folder()))));
+  ClickFolder("sub");
+  EXPECT_EQ(SendMessageA(Control(IDC_FORM2_DIR1), LB_GETCURSEL, 0, 0), RowOf("sub"));
+  EXPECT_EQ(Path(), folder() + "\\");
+  DoubleClickFolder("sub");
+  EXPECT_EQ(Path(), PathOf("sub\\"));
+  EXPECT_EQ(ListPath(), PathOf("sub"));
+}
+
+TEST_F(DirectoryPageTest, AFolderThatIsGoneOpensNothing) {
+  Make("sub");
+  ASSERT_TRUE(Open(DirectoryMenu(Line(folder()))));
+  RemoveDirectoryA(PathOf("sub").c_str());
+  ClickFolder("sub");
+  PressKey(IDC_FORM2_DIR1, VK_RETURN);
+  EXPECT_EQ(Path(), folder() + "\\");
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
+TEST_F(DirectoryPageTest, ThePathEndsWithABackslashAfterEveryKey) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
+  SetCaret(IDC_FORM2_TEXT7, 3, 3);
+  TypeKeys(IDC_FORM2_TEXT7, "a");
+  EXPECT_EQ(Path(), "C:\\a\\");
+  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(4UL, 4UL));
+  TypeKeys(IDC_FORM2_TEXT7, "bc");
+  EXPECT_EQ(Path(), "C:\\abc\\");
+  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(6UL, 6UL));
+  // A backslash of the user's own is a second one.
+  TypeKeys(IDC_FORM2_TEXT7, "\\");
+  EXPECT_EQ(Path(), "C:\\abc\\\\");
+  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(7UL, 7UL));
+}
+
+TEST_F(DirectoryPageTest, TheBackslashComesBackWhenItIsDeleted) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\menus"))));
+  SetCaret(IDC_FORM2_TEXT7, 9, 9);
+  TypeKeys(IDC_FORM2_TEXT7, "\b");
+  EXPECT_EQ(Path(), "C:\\menus\\");
+  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(8UL, 8UL));
+  TypeKeys(IDC_FORM2_TEXT7, "\b");
+  EXPECT_EQ(Path(), "C:\\menu\\");
+  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(7UL, 7UL));
+}
+
+TEST_F(DirectoryPageTest, AnEmptiedBoxBecomesABackslash) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\menus"))));
+  SetCaret(IDC_FORM2_TEXT7, 0, -1);
+  TypeKeys(IDC_FORM2_TEXT7, "\b");
+  EXPECT_EQ(Path(), "\\");
+  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(0UL, 0UL));
+  Type(IDC_FORM2_TEXT7, "");
+  EXPECT_EQ(Path(), "\\");
+}
+
+TEST_F(DirectoryPageTest, AChangeInTheMiddleLeavesTheCaretThere) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\menus"))));
+  SetCaret(IDC_FORM2_TEXT7, 3, 9);
+  SendMessageA(Control(IDC_FORM2_TEXT7), EM_REPLACESEL, TRUE,
+               reinterpret_cast<LPARAM>("work\\more"));
+  EXPECT_EQ(Path(), "C:\\work\\more\\");
+  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(12UL, 12UL));
+  SetCaret(IDC_FORM2_TEXT7, 3, 8);
+  TypeKeys(IDC_FORM2_TEXT7, "x");
+  EXPECT_EQ(Path(), "C:\\xmore\\");
+  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(4UL, 4UL));
+}
+
+TEST_F(DirectoryPageTest, ThereIsRoomForTheBackslashBehindALongText) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
+  const std::string text(70000, 'x');
+  Type(IDC_FORM2_TEXT7, text);
+  EXPECT_EQ(Path(), text + "\\");
+}
+
+TEST_F(DirectoryPageTest, TypingInThePathLeavesTheLists) {
+  Make("sub");
+  const std::string menu = DirectoryMenu(Line(folder()));
+  ASSERT_TRUE(Open(menu));
+  Type(IDC_FORM2_TEXT7, "C:\\windows");
+  EXPECT_EQ(ListPath(), folder());
+  EXPECT_EQ(MenuBytes(), menu);
+}

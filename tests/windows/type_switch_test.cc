@@ -1,0 +1,243 @@
+#include <stdexcept>
+
+#include "tests/windows/directory_test_base.h"
+
+using testing_menus::DirectoryMenu;
+using testing_menus::ItemLine;
+using testing_menus::kAppearance;
+using testing_menus::kPicture;
+using testing_menus::kSeparatorLine;
+using testing_menus::UserDefinedMenu;
+
+namespace {
+
+constexpr const char* kDefaultLine = "\"C:\\\",\"*.*\",1,0,0\r\n";
+
+// Both buttons "Change Menu Type".
+class TypeSwitchTest : public DirectoryTest {
+ protected:
+  void ExpectNoScratchFiles() {
+    EXPECT_FALSE(Exists(PathOf("temporaryfile")));
+    EXPECT_FALSE(Exists(PathOf("zoltempfileoktodelete")));
+  }
+  void ExpectOneQuestion() {
+    ASSERT_EQ(answers.Shown().size(), 1U);
+    EXPECT_EQ(answers.Shown()[0].text, kQuestion);
+    EXPECT_EQ(answers.Shown()[0].title, "Query?");
+    EXPECT_EQ(answers.Shown()[0].buttons, (std::vector<std::string>{"Yes", "No"}));
+  }
+
+  const std::string someEntries = UserDefinedMenu(
+      {ItemLine("One", "C:\\one.exe"), kSeparatorLine,
+       ItemLine("Two", "C:\\windows", "", "", "C:\\windows\\system32\\shell32.dll", "3")});
+};
+
+TEST_F(TypeSwitchTest, ToADirectoryPointerAfterAYes) {
+  answers.Answer({IDYES});
+  ASSERT_TRUE(Open(someEntries));
+  Press(IDC_FORM2_COMMAND13);
+  ExpectOneQuestion();
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));
+  ExpectNoScratchFiles();
+  EXPECT_TRUE(ShowsDirectoryPage());
+  EXPECT_TRUE(Rows().empty());
+}
+
+TEST_F(TypeSwitchTest, ToADirectoryPointerEmptiesTheHiddenRowsButTheFirst) {
+  answers.Answer({IDYES});
+  ASSERT_TRUE(Open(UserDefinedMenu(
+      {ItemLine("Two", "C:\\windows", "", "", "C:\\windows\\system32\\shell32.dll", "3"),
+       ItemLine("One", "C:\\one.exe")})));
+  EXPECT_NE(form().items().Hidden(0).text, "");
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_EQ(form().items().Hidden(0).text, "");
+  EXPECT_EQ(form().items().Hidden(0).tag, "C:\\windows");
+  EXPECT_THROW(form().items().Hidden(1), std::out_of_range);
+}
+
+TEST_F(TypeSwitchTest, ToADirectoryPointerNotAfterANo) {
+  answers.Answer({IDNO});
+  ASSERT_TRUE(Open(someEntries));
+  SelectRow(2);
+  const std::vector<std::string> rows = Rows();
+  const std::string icon = form().items().Hidden(2).text;
+  Press(IDC_FORM2_COMMAND13);
+  ExpectOneQuestion();
+  EXPECT_EQ(MenuBytes(), someEntries);
+  ExpectNoScratchFiles();
+  EXPECT_FALSE(ShowsDirectoryPage());
+  EXPECT_EQ(Rows(), rows);
+  EXPECT_EQ(SelectedRow(), 2);
+  EXPECT_EQ(form().items().Hidden(2).text, icon);
+}
+
+TEST_F(TypeSwitchTest, OneEntryIsEnoughForTheQuestion) {
+  answers.Answer({IDNO});
+  ASSERT_TRUE(Open(UserDefinedMenu({kSeparatorLine})));
+  Press(IDC_FORM2_COMMAND13);
+  ExpectOneQuestion();
+}
+
+TEST_F(TypeSwitchTest, AnEmptyListIsSwitchedWithoutAQuestion) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_TRUE(answers.Shown().empty());
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));
+  EXPECT_TRUE(ShowsDirectoryPage());
+  EXPECT_EQ(form().items().Hidden(0).text, "");
+}
+
+TEST_F(TypeSwitchTest, BothWaysKeepPictureAndAppearance) {
+  const std::string picture =
+      std::string("\0<\r\n<START ZOL> \r\n\xFF<", 20) + std::string(3000, '<');
+  const std::string appearance = "1,\"Courier New\",10.5,-1,-1\r\n";
+  answers.Answer({IDYES, IDYES});
+  ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("One", "C:\\one.exe")}, appearance, picture)));
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine, appearance, picture));
+  Type(IDC_FORM2_TEXT7, "C:\\");
+  Press(IDC_FORM2_COMMAND14);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({}, appearance, picture));
+  EXPECT_EQ(answers.Shown().size(), 2U);
+}
+
+TEST_F(TypeSwitchTest, AppearanceValuesAreReadAndWrittenAgain) {
+  ASSERT_TRUE(Open(UserDefinedMenu({}, "007,Tahoma,8.250,-1,\r\n")));
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine, "7,\"Tahoma\",8.25,-1,\r\n"));
+}
+
+// The page is not filled from the file, which holds the default by then.
+TEST_F(TypeSwitchTest, ThePageShowsWhatItShowedBefore) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_EQ(Drive(), folder().substr(0, 2));
+  EXPECT_EQ(ListPath(), folder());
+  EXPECT_EQ(Path(), "");
+  EXPECT_EQ(Pattern(), "");
+  EXPECT_EQ(Checks(), "000");
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));
+  // What the page shows is what the next save writes.
+  Type(IDC_FORM2_TEXT8, "*.txt");
+  PressKey(IDC_FORM2_DIR1, VK_RETURN);
+  Press(IDC_FORM2_COMMAND15);
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(Line(folder() + "\\", "*.txt", "0,0,0")));
+}
+
+TEST_F(TypeSwitchTest, ThereAndBackThePageStillShowsTheLoadedFolder) {
+  Make("sub");
+  answers.Answer({IDYES});
+  ASSERT_TRUE(Open(DirectoryMenu(Line(PathOf("sub"), "*.exe", "0,1,0"))));
+  Press(IDC_FORM2_COMMAND14);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({}));
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_EQ(answers.Shown().size(), 1U);
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));
+  EXPECT_EQ(ListPath(), PathOf("sub"));
+  EXPECT_EQ(Path(), PathOf("sub\\"));
+  EXPECT_EQ(Pattern(), "*.exe");
+  EXPECT_EQ(Checks(), "001");
+}
+
+TEST_F(TypeSwitchTest, ToAUserDefinedListAfterAYes) {
+  answers.Answer({IDYES});
+  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
+  Press(IDC_FORM2_COMMAND14);
+  ExpectOneQuestion();
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({}));
+  ExpectNoScratchFiles();
+  EXPECT_FALSE(ShowsDirectoryPage());
+  EXPECT_TRUE(Rows().empty());
+}
+
+TEST_F(TypeSwitchTest, ToAUserDefinedListNotAfterANo) {
+  const std::string menu = DirectoryMenu(Line("K:\\", "*.txt", "0,1,1"));
+  answers.Answer({IDNO});
+  ASSERT_TRUE(Open(menu));
+  Press(IDC_FORM2_COMMAND14);
+  ExpectOneQuestion();
+  EXPECT_EQ(MenuBytes(), menu);
+  ExpectNoScratchFiles();
+  EXPECT_TRUE(ShowsDirectoryPage());
+  EXPECT_EQ(Path(), "K:\\");
+  EXPECT_EQ(Pattern(), "*.txt");
+  EXPECT_EQ(Checks(), "011");
+}
+
+TEST_F(TypeSwitchTest, AnEmptyPathIsSwitchedWithoutAQuestion) {
+  ASSERT_TRUE(Open(DirectoryMenu(Line("", "*.*"))));
+  ASSERT_EQ(Path(), "");
+  Press(IDC_FORM2_COMMAND14);
+  EXPECT_TRUE(answers.Shown().empty());
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({}));
+  EXPECT_FALSE(ShowsDirectoryPage());
+}
+
+TEST_F(TypeSwitchTest, AnEmptiedPathIsABackslashAndIsAskedAbout) {
+  answers.Answer({IDNO});
+  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
+  Type(IDC_FORM2_TEXT7, "");
+  Press(IDC_FORM2_COMMAND14);
+  ExpectOneQuestion();
+}
+
+TEST_F(TypeSwitchTest, WhatFollowsTheDirectoryRecordGoesToo) {
+  answers.Answer({IDYES});
+  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\") + ItemLine("a", "b") + "\r\n")));
+  Press(IDC_FORM2_COMMAND14);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({}));
+}
+
+TEST_F(TypeSwitchTest, AnOldScratchFileIsThrownAway) {
+  answers.Answer({IDYES, IDYES});
+  WriteBytes(PathOf("temporaryfile"), std::string(10000, 'z'));
+  ASSERT_TRUE(Open(someEntries));
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));
+  WriteBytes(PathOf("temporaryfile"), std::string(10000, 'z'));
+  Type(IDC_FORM2_TEXT7, "C:\\");
+  Press(IDC_FORM2_COMMAND14);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({}));
+  ExpectNoScratchFiles();
+}
+
+TEST_F(TypeSwitchTest, WhatWasSwitchedLoadsAgain) {
+  answers.Answer({IDYES});
+  ASSERT_TRUE(Open(someEntries));
+  Press(IDC_FORM2_COMMAND13);
+  ASSERT_TRUE(Open(MenuBytes()));
+  EXPECT_TRUE(ShowsDirectoryPage());
+  EXPECT_EQ(Path(), "C:\\");
+  EXPECT_EQ(Pattern(), "*.*");
+  EXPECT_EQ(Checks(), "100");
+  answers.Answer({IDYES});
+  Press(IDC_FORM2_COMMAND14);
+  ASSERT_TRUE(Open(MenuBytes()));
+  EXPECT_FALSE(ShowsDirectoryPage());
+  EXPECT_TRUE(Rows().empty());
+}
+
+TEST_F(TypeSwitchTest, TheNewPageStaysThroughAChangeOfTabs) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  Press(IDC_FORM2_COMMAND13);
+  SelectTab(1);
+  EXPECT_FALSE(IsVisible(IDC_FORM2_FRAME3));
+  EXPECT_FALSE(IsVisible(IDC_FORM2_FRAME4));
+  SelectTab(0);
+  EXPECT_TRUE(ShowsDirectoryPage());
+}
+
+TEST_F(TypeSwitchTest, TheKeyboardGoesOnAtTheButtonInTheSamePlace) {
+  answers.Answer({IDYES});
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  ShowWindow(form().window(), SW_SHOW);
+  RunMessages();
+  SetFocus(Control(IDC_FORM2_COMMAND13));
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_EQ(GetFocus(), Control(IDC_FORM2_COMMAND14));
+  Type(IDC_FORM2_TEXT7, "C:\\");
+  Press(IDC_FORM2_COMMAND14);
+  EXPECT_EQ(GetFocus(), Control(IDC_FORM2_COMMAND13));
+}
+
+}  // namespace
