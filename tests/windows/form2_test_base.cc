@@ -28,6 +28,10 @@ Form2Test::~Form2Test() {
 
 bool Form2Test::Open(const std::string& menuBytes) {
   WriteBytes(MenuPath(), menuBytes);
+  return Load();
+}
+
+bool Form2Test::Load() {
   form_ = std::make_unique<editor::Form2>("\"" + MenuPath() + "\"", *files);
   return form_->Load();
 }

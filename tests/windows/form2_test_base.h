@@ -25,6 +25,8 @@ class Form2Test : public ::testing::Test {
 
   // Writes the bytes and loads them; false as for Form2::Load().
   bool Open(const std::string& menuBytes);
+  // Loads the file at MenuPath() as it is.
+  bool Load();
   editor::Form2& form() { return *form_; }
   HWND Control(int id) { return form_->Control(id); }
 
