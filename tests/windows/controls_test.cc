@@ -1,0 +1,314 @@
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "tests/windows/form2_test_base.h"
+
+using testing_menus::DirectoryMenu;
+using testing_menus::UserDefinedMenu;
+
+namespace {
+
+constexpr const char* kAny = nullptr;  // a caption that is not fixed
+
+// What the user finds in the window, with the texts as they are to be.
+struct ExpectedControl {
+  int id;
+  const char* windowClass;
+  LONG type;  // of a button: its BS_ type; of others 0
+  const char* caption;
+  const char* toolTip;
+  unsigned pages;
+};
+
+constexpr unsigned kItem = editor::kItemPage;
+constexpr unsigned kDirectory = editor::kDirectoryPage;
+constexpr unsigned kAppearance = editor::kAppearancePage;
+constexpr unsigned kAbout = editor::kAboutPage;
+constexpr unsigned kAlways = kItem | kDirectory | kAppearance | kAbout;
+constexpr unsigned kNever = 0;
+
+constexpr ExpectedControl kExpected[] = {
+    {IDC_FORM2_SSTAB1, "SysTabControl32", 0, "", "", kAlways},
+    {IDC_FORM2_COMMAND5, "Button", BS_PUSHBUTTON, "Quit", "", kAlways},
+
+    {IDC_FORM2_FRAME3, "Button", BS_GROUPBOX, "", "", kItem},
+    {IDC_FORM2_LABEL13, "Static", 0, "Menu Type :", "", kItem},
+    {IDC_FORM2_LABEL14, "Static", 0, "User Defined List", "", kItem},
+    {IDC_FORM2_IMAGE4, "Static", 0, kAny, "", kItem},
+    {IDC_FORM2_LIST1, "ListBox", 0, "", "You can drag and drop stuff to this list", kItem},
+    {IDC_FORM2_ICONIC1, "Static", 0, "", "", kItem},
+    {IDC_FORM2_COMMAND2, "Button", BS_PUSHBUTTON, "Add", "Add new item to menu", kItem},
+    {IDC_FORM2_COMMAND3, "Button", BS_PUSHBUTTON, "Edit", "Edit the selected item's properties",
+     kItem},
+    {IDC_FORM2_COMMAND7, "Button", BS_PUSHBUTTON, "Delete", "Delete Selected item", kItem},
+    {IDC_FORM2_COMMAND4, "Button", BS_PUSHBUTTON, "Move Up",
+     "Move the current item postition one step up", kItem},
+    {IDC_FORM2_COMMAND8, "Button", BS_PUSHBUTTON, "Move Down",
+     "Move the current item postition one step down", kItem},
+    {IDC_FORM2_COMMAND9, "Button", BS_PUSHBUTTON, "Separator",
+     "Add a seperator at the selected point", kItem},
+    {IDC_FORM2_COMMAND11, "Button", BS_PUSHBUTTON, "Change Icon", "", kItem},
+    {IDC_FORM2_COMMAND13, "Button", BS_PUSHBUTTON, "Change Menu Type", "", kItem},
+
+    {IDC_FORM2_FRAME4, "Button", BS_GROUPBOX, "", "", kDirectory},
+    {IDC_FORM2_LABEL15, "Static", 0, "Menu Type : Directory Pointer", "", kDirectory},
+    {IDC_FORM2_IMAGE5, "Static", 0, kAny, "", kDirectory},
+    {IDC_FORM2_DRIVE1, "ComboBox", 0, kAny, "", kDirectory},
+    {IDC_FORM2_DIR1, "ListBox", 0, "", "", kDirectory},
+    {IDC_FORM2_LABEL11, "Static", 0, "Current Path :", "", kDirectory},
+    {IDC_FORM2_TEXT7, "Edit", 0, kAny,
+     "The contents of this location will be displayed by the menu.", kDirectory},
+    {IDC_FORM2_LABEL12, "Static", 0, "File Pattern :", "", kDirectory},
+    {IDC_FORM2_TEXT8, "Edit", 0, kAny, "The type of files to display (*.* for all files)",
+     kDirectory},
+    {IDC_FORM2_CHECK2, "Button", BS_AUTOCHECKBOX, "Display Folders", "", kDirectory},
+    {IDC_FORM2_CHECK3, "Button", BS_AUTOCHECKBOX, "Display Hidden Files", "", kDirectory},
+    {IDC_FORM2_CHECK4, "Button", BS_AUTOCHECKBOX, "Hide file extentions for known file types", "",
+     kDirectory},
+    {IDC_FORM2_COMMAND15, "Button", BS_PUSHBUTTON, "Save Changes", "", kDirectory},
+    {IDC_FORM2_COMMAND14, "Button", BS_PUSHBUTTON, "Change Menu Type", "", kDirectory},
+
+    {IDC_FORM2_FRAME1, "Button", BS_GROUPBOX, "Menu Icon", "", kAppearance},
+    {IDC_FORM2_PICTURE1, "Static", 0, "", "", kAppearance},
+    {IDC_FORM2_PICTURE2, "Static", 0, "", "", kNever},
+    {IDC_FORM2_HSCROLL1, "ScrollBar", 0, kAny, "", kAppearance},
+    {IDC_FORM2_LABEL7, "Static", 0, kAny, "", kAppearance},
+    {IDC_FORM2_LABEL8, "Static", 0, kAny, "", kAppearance},
+    {IDC_FORM2_COMMAND10, "Button", BS_PUSHBUTTON, "Select Icon File", "", kAppearance},
+    {IDC_FORM2_FRAME2, "Button", BS_GROUPBOX, "Menu Font", "", kAppearance},
+    {IDC_FORM2_TEXT3, "Edit", 0, "Menu Text will look like this.", "", kAppearance},
+    {IDC_FORM2_COMMAND6, "Button", BS_PUSHBUTTON, "Change Font", "", kAppearance},
+    {IDC_FORM2_CHECK1, "Button", BS_AUTOCHECKBOX, "Show small icons in menu", "", kAppearance},
+    {IDC_FORM2_COMMAND12, "Button", BS_PUSHBUTTON, "Save Changes", "", kAppearance},
+    {IDC_FORM2_IMAGE3, "Static", 0, kAny, "", kAppearance},
+
+    {IDC_FORM2_IMAGE1, "Static", 0, kAny, "", kAbout},
+    {IDC_FORM2_LABEL5, "Static", 0, "Corvalis 1.2", "", kAbout},
+};
+
+// A page as the user comes to see it.
+struct ShownPage {
+  const char* name;
+  std::string menu;
+  int tab;
+  unsigned page;
+};
+
+const ShownPage kPages[] = {
+    {"items", UserDefinedMenu({}), 0, kItem},
+    {"directory", DirectoryMenu("\"C:\\windows\\\",\"*.*\",1,0,0\r\n"), 0, kDirectory},
+    {"appearance", UserDefinedMenu({}), 1, kAppearance},
+    {"about", UserDefinedMenu({}), 2, kAbout},
+    {"appearance of a directory pointer", DirectoryMenu("\"C:\\\",\"*.*\",1,0,0\r\n"), 1,
+     kAppearance},
+    {"about a directory pointer", DirectoryMenu("\"C:\\\",\"*.*\",1,0,0\r\n"), 2, kAbout},
+};
+
+class ControlsTest : public Form2Test {
+ protected:
+  void Show(const ShownPage& page) {
+    ASSERT_TRUE(Open(page.menu));
+    SelectTab(page.tab);
+  }
+
+  static BOOL CALLBACK FindToolTips(HWND window, LPARAM data) {
+    auto& [owner, found] = *reinterpret_cast<std::pair<HWND, HWND>*>(data);
+    char name[32] = "";
+    GetClassNameA(window, name, sizeof name);
+    if (std::string(name) == TOOLTIPS_CLASSA && GetWindow(window, GW_OWNER) == owner) {
+      found = window;
+    }
+    return TRUE;
+  }
+  std::string ToolTip(int id) {
+    std::pair<HWND, HWND> search{form().window(), nullptr};
+    EnumThreadWindows(GetCurrentThreadId(), FindToolTips, reinterpret_cast<LPARAM>(&search));
+    EXPECT_NE(search.second, nullptr);
+    char text[256] = "";
+    TTTOOLINFOA tool{};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND;
+    tool.hwnd = form().window();
+    tool.uId = reinterpret_cast<UINT_PTR>(Control(id));
+    tool.lpszText = text;
+    SendMessageA(search.second, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
+    return text;
+  }
+
+  std::vector<HWND> Visible() {
+    std::vector<HWND> visible;
+    for (HWND control = GetWindow(form().window(), GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+      if ((GetWindowLongA(control, GWL_STYLE) & WS_VISIBLE) != 0) {
+        visible.push_back(control);
+      }
+    }
+    return visible;
+  }
+  static std::string Class(HWND control) {
+    char name[32] = "";
+    GetClassNameA(control, name, sizeof name);
+    return name;
+  }
+  static bool IsFrame(HWND control) {
+    return Class(control) == "Button" &&
+           (GetWindowLongA(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
+  }
+  RECT Place(HWND control) {
+    RECT rect{};
+    GetWindowRect(control, &rect);
+    MapWindowPoints(nullptr, form().window(), reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+  }
+  void Enlarge(int width, int height) {
+    RECT rect{};
+    GetWindowRect(form().window(), &rect);
+    SetWindowPos(form().window(), nullptr, 0, 0, rect.right - rect.left + width,
+                 rect.bottom - rect.top + height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    RunMessages();
+  }
+  // Everything inside the window, and nothing on top of anything else.
+  void ExpectTidy() {
+    RECT client{};
+    GetClientRect(form().window(), &client);
+    const std::vector<HWND> controls = Visible();
+    for (const HWND control : controls) {
+      const RECT rect = Place(control);
+      const int id = GetDlgCtrlID(control);
+      EXPECT_LT(rect.left, rect.right) << id;
+      EXPECT_LT(rect.top, rect.bottom) << id;
+      EXPECT_GE(rect.left, 0) << id;
+      EXPECT_GE(rect.top, 0) << id;
+      EXPECT_LE(rect.right, client.right) << id;
+      EXPECT_LE(rect.bottom, client.bottom) << id;
+      for (const HWND other : controls) {
+        const RECT otherRect = Place(other);
+        RECT common{};
+        if (control < other && !IsFrame(control) && !IsFrame(other)) {
+          EXPECT_FALSE(IntersectRect(&common, &rect, &otherRect))
+              << id << " and " << GetDlgCtrlID(other);
+        }
+      }
+    }
+  }
+};
+
+TEST_F(ControlsTest, AreWhatTheyAreToBe) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  for (const ExpectedControl& expected : kExpected) {
+    SCOPED_TRACE(expected.id);
+    const HWND control = Control(expected.id);
+    ASSERT_NE(control, nullptr);
+    EXPECT_EQ(Class(control), expected.windowClass);
+    if (std::string(expected.windowClass) == "Button") {
+      EXPECT_EQ(GetWindowLongA(control, GWL_STYLE) & BS_TYPEMASK, expected.type);
+    }
+    if (expected.caption != kAny) {
+      EXPECT_EQ(win32::WindowText(control), expected.caption);
+    }
+    EXPECT_EQ(ToolTip(expected.id), expected.toolTip);
+  }
+}
+
+TEST_F(ControlsTest, AreVisibleOnTheirPageOnly) {
+  for (const ShownPage& page : kPages) {
+    Show(page);
+    for (const ExpectedControl& expected : kExpected) {
+      EXPECT_EQ(IsVisible(expected.id), (expected.pages & page.page) != 0)
+          << expected.id << " on " << page.name;
+    }
+  }
+}
+
+TEST_F(ControlsTest, TheFirstPageComesBackWithItsTab) {
+  for (const ShownPage& page : kPages) {
+    Show(page);
+    SelectTab(0);
+    const bool isDirectory = page.menu.find("DIRPOINT") != std::string::npos;
+    EXPECT_EQ(IsVisible(IDC_FORM2_FRAME4), isDirectory) << page.name;
+    EXPECT_EQ(IsVisible(IDC_FORM2_FRAME3), !isDirectory) << page.name;
+  }
+}
+
+TEST_F(ControlsTest, BothFramesAreInOnePlace) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  const RECT items = Place(Control(IDC_FORM2_FRAME3));
+  const RECT directory = Place(Control(IDC_FORM2_FRAME4));
+  EXPECT_TRUE(EqualRect(&items, &directory));
+}
+
+TEST_F(ControlsTest, NoneIsOnTopOfAnother) {
+  for (const ShownPage& page : kPages) {
+    SCOPED_TRACE(page.name);
+    Show(page);
+    ExpectTidy();
+    Enlarge(400, 300);
+    ExpectTidy();
+  }
+}
+
+TEST_F(ControlsTest, TheWindowHasALeastSize) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  RECT before{};
+  GetWindowRect(form().window(), &before);
+  Enlarge(-200, -200);
+  MINMAXINFO info{};
+  SendMessageA(form().window(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+  EXPECT_EQ(info.ptMinTrackSize.x, before.right - before.left);
+  EXPECT_EQ(info.ptMinTrackSize.y, before.bottom - before.top);
+}
+
+TEST_F(ControlsTest, ListsAndPathGrowWithTheWindow) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  const auto size = [this](int id) {
+    const RECT rect = Place(Control(id));
+    return std::make_pair(rect.right - rect.left, rect.bottom - rect.top);
+  };
+  const auto list = size(IDC_FORM2_LIST1);
+  const auto folders = size(IDC_FORM2_DIR1);
+  const auto path = size(IDC_FORM2_TEXT7);
+  Enlarge(200, 150);
+  EXPECT_EQ(size(IDC_FORM2_LIST1), std::make_pair(list.first + 200, list.second + 150));
+  EXPECT_EQ(size(IDC_FORM2_DIR1), std::make_pair(folders.first + 200, folders.second + 150));
+  EXPECT_EQ(size(IDC_FORM2_TEXT7), std::make_pair(path.first + 200, path.second));
+}
+
+TEST_F(ControlsTest, HaveRoomForTheirTexts) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  for (const ExpectedControl& expected : kExpected) {
+    const HWND control = Control(expected.id);
+    const std::string text = win32::WindowText(control);
+    if (expected.windowClass == std::string("Edit") || text.empty()) {
+      continue;
+    }
+    const win32::WindowDc dc(control);
+    const win32::SelectedObject font(
+        dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(control, WM_GETFONT, 0, 0)));
+    SIZE extent{};
+    GetTextExtentPoint32A(dc.get(), text.c_str(), static_cast<int>(text.size()), &extent);
+    const int frame = expected.type == BS_AUTOCHECKBOX ? 20 : 0;
+    const RECT rect = Place(control);
+    EXPECT_GE(rect.right - rect.left, extent.cx + frame) << text;
+    EXPECT_GE(rect.bottom - rect.top, extent.cy) << text;
+  }
+}
+
+// A screen reader takes the text before a control for its name.
+TEST_F(ControlsTest, WhatHasNoCaptionIsNamedByTheLabelBeforeIt) {
+  for (const ShownPage& page : kPages) {
+    Show(page);
+    HWND before = nullptr;
+    for (const HWND control : Visible()) {
+      const std::string name = Class(control);
+      if (name == "Edit" || name == "ListBox" || name == "ComboBox" || name == "ScrollBar") {
+        ASSERT_NE(before, nullptr);
+        EXPECT_EQ(Class(before), "Static") << GetDlgCtrlID(control);
+        EXPECT_NE(win32::WindowText(before), "") << GetDlgCtrlID(control);
+      }
+      before = control;
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,157 @@
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "tests/windows/form2_test_base.h"
+
+using testing_menus::DirectoryMenu;
+using testing_menus::ItemLine;
+using testing_menus::UserDefinedMenu;
+
+namespace {
+
+const std::string kDirectoryPointer = DirectoryMenu("\"C:\\windows\\\",\"*.*\",1,0,0\r\n");
+
+// Keys on the shown window.
+class KeyboardTest : public Form2Test {
+ protected:
+  void OpenShown(const std::string& menu) {
+    ASSERT_TRUE(Open(menu));
+    ShowWindow(form().window(), SW_SHOW);
+    RunMessages();
+  }
+  static void Key(WPARAM key) {
+    PostMessageA(GetFocus(), WM_KEYDOWN, key, 1);
+    PostMessageA(GetFocus(), WM_KEYUP, key, 1);
+    RunMessages();
+  }
+  // With further keys held down meanwhile.
+  static void KeyWith(std::vector<BYTE> held, WPARAM key) {
+    BYTE keys[256]{};
+    GetKeyboardState(keys);
+    for (const BYTE other : held) {
+      keys[other] = 0x80;
+    }
+    SetKeyboardState(keys);
+    Key(key);
+    for (const BYTE other : held) {
+      keys[other] = 0;
+    }
+    SetKeyboardState(keys);
+  }
+  int Tab() {
+    return static_cast<int>(SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_GETCURSEL, 0, 0));
+  }
+  // The controls that Tab comes to, from the tabs once around.
+  std::vector<int> Round() {
+    SetFocus(Control(IDC_FORM2_SSTAB1));
+    std::vector<int> ids;
+    do {
+      ids.push_back(GetDlgCtrlID(GetFocus()));
+      Key(VK_TAB);
+    } while (GetFocus() != Control(IDC_FORM2_SSTAB1) && ids.size() < 40);
+    return ids;
+  }
+};
+
+TEST_F(KeyboardTest, TabGoesThroughTheItemPage) {
+  OpenShown(UserDefinedMenu({ItemLine("One", "C:\\one.exe")}));
+  EXPECT_EQ(Round(), (std::vector<int>{IDC_FORM2_SSTAB1, IDC_FORM2_COMMAND13, IDC_FORM2_LIST1,
+                                       IDC_FORM2_COMMAND2, IDC_FORM2_COMMAND3, IDC_FORM2_COMMAND7,
+                                       IDC_FORM2_COMMAND4, IDC_FORM2_COMMAND8, IDC_FORM2_COMMAND9,
+                                       IDC_FORM2_COMMAND11, IDC_FORM2_COMMAND5}));
+}
+
+TEST_F(KeyboardTest, TabGoesThroughTheDirectoryPage) {
+  OpenShown(kDirectoryPointer);
+  EXPECT_EQ(Round(), (std::vector<int>{IDC_FORM2_SSTAB1, IDC_FORM2_COMMAND14, IDC_FORM2_DRIVE1,
+                                       IDC_FORM2_DIR1, IDC_FORM2_TEXT7, IDC_FORM2_TEXT8,
+                                       IDC_FORM2_CHECK2, IDC_FORM2_CHECK3, IDC_FORM2_CHECK4,
+                                       IDC_FORM2_COMMAND15, IDC_FORM2_COMMAND5}));
+}
+
+TEST_F(KeyboardTest, TabGoesThroughTheAboutPage) {
+  OpenShown(UserDefinedMenu({}));
+  SelectTab(2);
+  EXPECT_EQ(Round(), (std::vector<int>{IDC_FORM2_SSTAB1, IDC_FORM2_COMMAND5}));
+}
+
+TEST_F(KeyboardTest, ControlTabGoesThroughTheTabs) {
+  OpenShown(UserDefinedMenu({}));
+  for (const int tab : {1, 2, 0}) {
+    KeyWith({VK_CONTROL}, VK_TAB);
+    EXPECT_EQ(Tab(), tab);
+  }
+  for (const int tab : {2, 1, 0}) {
+    KeyWith({VK_CONTROL, VK_SHIFT}, VK_TAB);
+    EXPECT_EQ(Tab(), tab);
+  }
+  KeyWith({VK_CONTROL}, VK_NEXT);
+  EXPECT_EQ(Tab(), 1);
+  EXPECT_TRUE(IsVisible(IDC_FORM2_FRAME1));
+  KeyWith({VK_CONTROL}, VK_PRIOR);
+  EXPECT_EQ(Tab(), 0);
+}
+
+TEST_F(KeyboardTest, ArrowsGoThroughTheTabs) {
+  OpenShown(UserDefinedMenu({}));
+  SetFocus(Control(IDC_FORM2_SSTAB1));
+  Key(VK_RIGHT);
+  EXPECT_EQ(Tab(), 1);
+  EXPECT_TRUE(IsVisible(IDC_FORM2_FRAME1));
+  Key(VK_LEFT);
+  EXPECT_EQ(Tab(), 0);
+}
+
+TEST_F(KeyboardTest, ArrowsSelectAndShowAnEntry) {
+  OpenShown(UserDefinedMenu({ItemLine("One", "C:\\windows"), ItemLine("Two", "C:\\two.exe")}));
+  const std::string before = form().iconic1().BitmapFile();
+  SetFocus(Control(IDC_FORM2_LIST1));
+  Key(VK_DOWN);
+  Key(VK_HOME);
+  EXPECT_EQ(SelectedRow(), 0);
+  EXPECT_NE(form().iconic1().BitmapFile(), before);
+}
+
+TEST_F(KeyboardTest, EscapeDoesNothingAnywhere) {
+  for (const std::string& menu :
+       {UserDefinedMenu({ItemLine("One", "C:\\windows")}), kDirectoryPointer}) {
+    OpenShown(menu);
+    for (HWND control = GetWindow(form().window(), GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+      if (IsWindowVisible(control) && (GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) != 0) {
+        SetFocus(control);
+        Key(VK_ESCAPE);
+        ASSERT_NE(form().window(), nullptr) << GetDlgCtrlID(control);
+        EXPECT_TRUE(IsWindowVisible(form().window()));
+      }
+    }
+    EXPECT_EQ(MenuBytes(), menu);
+  }
+}
+
+// The exit code that the message loop was told to end with; -1 for none.
+int TakeQuitMessage() {
+  MSG message;
+  return PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)
+             ? static_cast<int>(message.wParam)
+             : -1;
+}
+
+TEST_F(KeyboardTest, QuitEndsTheProgram) {
+  OpenShown(UserDefinedMenu({}));
+  const HWND window = form().window();
+  SendMessageA(Control(IDC_FORM2_COMMAND5), BM_CLICK, 0, 0);
+  EXPECT_EQ(TakeQuitMessage(), 0);
+  EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(KeyboardTest, TheCloseBoxEndsTheProgram) {
+  OpenShown(UserDefinedMenu({}));
+  const HWND window = form().window();
+  SendMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0);
+  EXPECT_EQ(TakeQuitMessage(), 0);
+  EXPECT_FALSE(IsWindow(window));
+}
+
+}  // namespace
