@@ -1,0 +1,178 @@
+#include "tests/windows/editor_process.h"
+#include "tests/windows/form2_test_base.h"
+
+using testing_menus::DirectoryMenu;
+using testing_menus::ItemLine;
+using testing_menus::kAppearance;
+using testing_menus::kPicture;
+using testing_menus::UserDefinedMenu;
+
+namespace {
+
+// The finished program: how it starts and how it ends.
+class ProgramTest : public Form2Test {
+ protected:
+  std::string Quoted() const { return "\"" + MenuPath() + "\""; }
+
+  // Starts it with these arguments and expects one message box, with OK, that
+  // names `name`, and an exit code that tells of a failure.
+  std::string ExpectFailure(const std::string& arguments, const std::string& name) {
+    const EditorProcess editor(arguments, folder());
+    const HWND box = editor.WaitForWindow();
+    EXPECT_NE(box, nullptr);
+    if (box == nullptr) {
+      return {};
+    }
+    EXPECT_EQ(EditorProcess::ClassOf(box), "#32770");
+    EXPECT_EQ(EditorProcess::TextOf(box), "Error!");
+    const std::string message = EditorProcess::MessageOf(box);
+    EXPECT_NE(message.find(name), std::string::npos) << message;
+    EXPECT_NE(GetDlgItem(box, IDOK), nullptr);
+    EXPECT_EQ(GetDlgItem(box, IDYES), nullptr);
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+    EXPECT_EQ(editor.WaitForEnd(), 1U) << message;
+    EXPECT_FALSE(Exists(PathOf("temporaryfile")));
+    EXPECT_FALSE(Exists(PathOf("zoltempfileoktodelete")));
+    return message;
+  }
+
+  const std::string menu = UserDefinedMenu({ItemLine("One", "C:\\one.exe")});
+};
+
+TEST_F(ProgramTest, ShowsTheMenuAndEndsWithItsWindow) {
+  WriteBytes(MenuPath(), menu);
+  const std::pair<UINT, WPARAM> ways[] = {
+      {WM_COMMAND, IDC_FORM2_COMMAND5}, {WM_CLOSE, 0}, {WM_SYSCOMMAND, SC_CLOSE}};
+  for (const auto& [message, parameter] : ways) {
+    const EditorProcess editor(Quoted(), folder());
+    const HWND window = editor.WaitForWindow();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(EditorProcess::ClassOf(window), "Form2");
+    EXPECT_EQ(EditorProcess::TextOf(window), "Corvalis Edit");
+    EXPECT_EQ(SendMessageA(GetDlgItem(window, IDC_FORM2_LIST1), LB_GETCOUNT, 0, 0), 1);
+    PostMessageA(window, message, parameter, 0);
+    EXPECT_EQ(editor.WaitForEnd(), 0U) << message;
+  }
+  EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(ProgramTest, EscapeDoesNotEndIt) {
+  WriteBytes(MenuPath(), menu);
+  const EditorProcess editor(Quoted(), folder());
+  const HWND window = editor.WaitForWindow();
+  ASSERT_NE(window, nullptr);
+  const HWND list = GetDlgItem(window, IDC_FORM2_LIST1);
+  PostMessageA(list, WM_KEYDOWN, VK_ESCAPE, 1);
+  PostMessageA(list, WM_KEYUP, VK_ESCAPE, 1);
+  SendMessageA(window, WM_COMMAND, IDCANCEL, 0);  // what Escape is to a dialog box
+  EXPECT_EQ(SendMessageA(list, LB_GETCOUNT, 0, 0), 1);
+  EXPECT_TRUE(IsWindowVisible(window));
+  PostMessageA(window, WM_CLOSE, 0, 0);
+  EXPECT_EQ(editor.WaitForEnd(), 0U);
+}
+
+TEST_F(ProgramTest, WhateverStandsAroundThePathIsDropped) {
+  WriteBytes(MenuPath(), menu);
+  for (const char* around : {"\"\"", "''", "xy"}) {
+    const EditorProcess editor(around[0] + MenuPath() + around[1] + "  ", folder());
+    const HWND window = editor.WaitForWindow();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(EditorProcess::ClassOf(window), "Form2") << around;
+  }
+}
+
+TEST_F(ProgramTest, ARelativePathIsOneInTheCurrentDirectory) {
+  WriteBytes(MenuPath(), menu);
+  const EditorProcess editor("\"test.menu\"", folder());
+  EXPECT_EQ(EditorProcess::ClassOf(editor.WaitForWindow()), "Form2");
+}
+
+TEST_F(ProgramTest, ADirectoryPointerShowsItsPageAtOnce) {
+  WriteBytes(MenuPath(), DirectoryMenu("\"C:\\windows\\\",\"*.*\",1,0,0\r\n"));
+  const EditorProcess editor(Quoted(), folder());
+  const HWND window = editor.WaitForWindow();
+  ASSERT_NE(window, nullptr);
+  EXPECT_TRUE(IsWindowVisible(GetDlgItem(window, IDC_FORM2_FRAME4)));
+  EXPECT_FALSE(IsWindowVisible(GetDlgItem(window, IDC_FORM2_FRAME3)));
+  EXPECT_EQ(EditorProcess::TextOf(GetDlgItem(window, IDC_FORM2_TEXT7)), "C:\\windows\\");
+}
+
+TEST_F(ProgramTest, ANoToTheConversionEndsItWell) {
+  const std::string old = "0,\"Tahoma\",8.25,0,0\r\n";
+  WriteBytes(MenuPath(), old);
+  const EditorProcess editor(Quoted(), folder());
+  const HWND box = editor.WaitForWindow();
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(EditorProcess::TextOf(box), "Query?");
+  PostMessageA(box, WM_COMMAND, IDNO, 0);
+  EXPECT_EQ(editor.WaitForEnd(), 0U);
+  EXPECT_EQ(MenuBytes(), old);
+}
+
+TEST_F(ProgramTest, AYesConvertsAndGoesOn) {
+  const std::string old = "0,\"Tahoma\",8.25,0,0\r\n" + ItemLine("One", "C:\\one.exe");
+  WriteBytes(MenuPath(), old);
+  const EditorProcess editor(Quoted(), folder());
+  const HWND box = editor.WaitForWindow();
+  ASSERT_NE(box, nullptr);
+  PostMessageA(box, WM_COMMAND, IDYES, 0);
+  HWND window = box;
+  for (int tries = 0; tries < 500 && (window == box || window == nullptr); ++tries) {
+    Sleep(20);
+    window = editor.WaitForWindow();
+  }
+  EXPECT_EQ(EditorProcess::ClassOf(window), "Form2");
+  EXPECT_EQ(MenuBytes(), ReadBytes(CORVALIS_PROJECT_FOLDER "/resources/default_menu.ico") +
+                             "\r\n<START ZOL>\r\n\"USERDEF\"\r\n" + old);
+}
+
+TEST_F(ProgramTest, NoPath) {
+  ExpectFailure("", "path of a menu file");
+  ExpectFailure("x", "path of a menu file");
+}
+
+TEST_F(ProgramTest, AnEmptyPath) { ExpectFailure("\"\"", "open"); }
+
+TEST_F(ProgramTest, AFileThatIsMissing) {
+  ExpectFailure(Quoted(), MenuPath());
+  EXPECT_FALSE(Exists(MenuPath()));
+  ExpectFailure("\"" + PathOf("no folder\\test.menu") + "\"", PathOf("no folder\\test.menu"));
+  EXPECT_FALSE(Exists(PathOf("no folder")));
+}
+
+TEST_F(ProgramTest, AFolder) {
+  ASSERT_TRUE(CreateDirectoryA(MenuPath().c_str(), nullptr));
+  ExpectFailure(Quoted(), MenuPath());
+  EXPECT_TRUE(Exists(MenuPath()));
+}
+
+TEST_F(ProgramTest, AFileThatMayNotBeRead) {
+  WriteBytes(MenuPath(), menu);
+  const HANDLE held =
+      CreateFileA(MenuPath().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(held, INVALID_HANDLE_VALUE);
+  ExpectFailure(Quoted(), MenuPath());
+  CloseHandle(held);
+  EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(ProgramTest, AFileThatIsCutShort) {
+  const std::string head = kPicture + "\r\n<START ZOL>\r\n";
+  const std::pair<std::string, const char*> cases[] = {
+      {head, "type line"},
+      {head + "\"USERDEF\"\r\n0,\"Tahoma\",", "fontSize"},
+      {head + "\"USERDEF\"\r\n" + kAppearance + ItemLine("One", "C:\\one.exe") + "\"Two\",\"C:",
+       "entry 2, field target"},
+      {head + "\"USERDEF\"\r\n" + kAppearance + "\r\n", "entry 1"},
+      {head + "\"DIRPOINT\"\r\n" + kAppearance, "folderPath"},
+      {head + "\"DIRPOINT\"\r\n" + kAppearance + "\"C:\\\",\"*.*\",1,0,", "showHiddenFiles"}};
+  for (const auto& [bytes, what] : cases) {
+    WriteBytes(MenuPath(), bytes);
+    const std::string message = ExpectFailure(Quoted(), MenuPath());
+    EXPECT_NE(message.find(what), std::string::npos) << message;
+    EXPECT_NE(message.find("too early"), std::string::npos) << message;
+    EXPECT_EQ(MenuBytes(), bytes);
+  }
+}
+
+}  // namespace
