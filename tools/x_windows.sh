@@ -1,0 +1,38 @@
+# Sourced, behind wine_env.sh, by the scripts that look at the editor's windows
+# on a display of their own.
+
+# wait_for_window TITLE: prints the X window whose title this regular expression
+# is.
+wait_for_window() {
+  local tries window
+  for ((tries = 0; tries < 300; tries++)); do
+    window=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | tail -n 1 || true)
+    if [ -n "$window" ]; then
+      echo "$window"
+      return 0
+    fi
+    sleep 0.1
+  done
+  fail "no window \"$1\" within half a minute"
+}
+
+# photograph WINDOW PICTURE: with its frame, once two pictures in a row are
+# equal.
+photograph() {
+  local last new tries
+  last=${2%.png}.last.png new=${2%.png}.new.png
+  rm -f "$last"
+  for ((tries = 0; tries < 40; tries++)); do
+    import -silent -frame -window "$1" "$new"
+    if [ -e "$last" ] && cmp -s "$last" "$new"; then
+      mv "$new" "$2"
+      rm -f "$last"
+      echo "$2"
+      return 0
+    fi
+    mv "$new" "$last"
+    sleep 0.3
+  done
+  rm -f "$last" "$new"
+  fail "the picture $2 does not stand still"
+}
