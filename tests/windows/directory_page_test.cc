@@ -293,3 +293,34 @@ TEST_F(DirectoryPageTest, TypingInThePathLeavesTheLists) {
   EXPECT_EQ(ListPath(), folder());
   EXPECT_EQ(MenuBytes(), menu);
 }
+
+// The katakana letter "so": its second byte is that of a backslash.
+constexpr const char* kSo = "\x83\\";
+
+TEST_F(DirectoryPageTest, ASecondByteIsNoBackslash) {
+  if (GetACP() != 932) {
+    GTEST_SKIP() << "for a Japanese Windows";
+  }
+  ASSERT_TRUE(Open(DirectoryMenu(Line(std::string("K:\\") + kSo))));
+  EXPECT_EQ(Path(), std::string("K:\\") + kSo + "\\");
+  Type(IDC_FORM2_TEXT7, kSo);
+  EXPECT_EQ(Path(), std::string(kSo) + "\\");
+  Type(IDC_FORM2_TEXT7, std::string(kSo) + "\\");
+  EXPECT_EQ(Path(), std::string(kSo) + "\\");
+  Press(IDC_FORM2_COMMAND15);
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(Line(std::string(kSo) + "\\")));
+}
+
+TEST_F(DirectoryPageTest, AFolderMayEndWithASecondByte) {
+  if (GetACP() != 932) {
+    GTEST_SKIP() << "for a Japanese Windows";
+  }
+  Make(kSo);
+  Make(std::string(kSo) + "\\" + kSo);
+  ASSERT_TRUE(Open(DirectoryMenu(Line(PathOf(kSo)))));
+  EXPECT_EQ(ListPath(), PathOf(kSo));
+  EXPECT_EQ(Path(), PathOf(kSo) + "\\");
+  SendMessageA(Control(IDC_FORM2_DIR1), WM_KEYDOWN, VK_DOWN, 1);
+  PressKey(IDC_FORM2_DIR1, VK_RETURN);
+  EXPECT_EQ(Path(), PathOf(kSo) + "\\" + kSo + "\\");
+}
