@@ -45,12 +45,9 @@ void Form2::CreateDirectoryPage() {
 void Form2::ShowDirectoryPointer(const DirectoryPointerRecord& directory) {
   ShowContents(kDirectoryPage);
   const std::string path = directory.folderPath.Text();
-  const HWND drive1 = Control(IDC_FORM2_DRIVE1);
-  const std::string formerDrive = win32::SelectedDrive(drive1);
-  if (win32::SelectDrive(drive1, path) && win32::SelectedDrive(drive1) != formerDrive) {
-    Drive1Change();
-  }
+  // Neither list moves for a folder that is not there.
   if (dir1_.SetPath(path)) {
+    win32::SelectDrive(Control(IDC_FORM2_DRIVE1), path);
     Dir1Change();
   }
   // A box that shows the path already does not change: an empty one stays so.
