@@ -69,6 +69,7 @@
 #define IDC_FORM3_COMMAND1 1110
 #define IDC_FORM3_COMMAND5 1111
 #define IDC_FORM3_COMMAND2 1112
+#define IDC_FORM3_LINE 1113
 
 // Form4, the Select Icon window.
 #define IDC_FORM4_PICTURE1 1200

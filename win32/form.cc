@@ -17,8 +17,8 @@ namespace {
 
 constexpr const char* kFormProperty = "CorvalisForm";
 
-// Enter was pressed in the list box whose id is the first parameter.
-constexpr UINT kEnterMessage = WM_APP;
+// An event of a control: its id and a ControlEvent are the parameters.
+constexpr UINT kEventMessage = WM_APP;
 
 void RegisterFormClass(const FormPlan& plan) {
   WNDCLASSA windowClass{};
@@ -53,6 +53,10 @@ std::vector<WORD> DialogTemplate(const FormPlan& plan) {
 
 bool IsPictureBox(const ControlRow& row) {
   return (row.style & SS_TYPEMASK) == SS_OWNERDRAW && row.windowClass == std::string_view("Static");
+}
+
+bool IsGroupBox(const ControlRow& row) {
+  return (row.style & BS_TYPEMASK) == BS_GROUPBOX && row.windowClass == std::string_view("Button");
 }
 
 // How much larger a control is than its client area.
@@ -110,6 +114,14 @@ void Form::CreateControls() {
                     row.style | WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, window_,
                     reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)),
                     GetModuleHandleA(nullptr), nullptr);
+  }
+  // Group boxes go behind what they frame: a drag from another process finds
+  // nothing through them.
+  for (const ControlRow& row : plan_.controls) {
+    if (IsGroupBox(row)) {
+      SetWindowPos(Control(row.id), HWND_BOTTOM, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
   }
 }
 
@@ -175,6 +187,7 @@ void Form::Arrange() {
   }
   EndDeferWindowPos(moves);
   InvalidateRect(window_, nullptr, TRUE);
+  OnArranged();
 }
 
 void Form::ShowPages(unsigned pages) {
@@ -191,6 +204,23 @@ void Form::ShowPages(unsigned pages) {
 
 void Form::SetPicture(int id, HICON icon) {
   SendMessageA(Control(id), STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+}
+
+void Form::FocusOn(int id) {
+  SendMessageA(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
+}
+
+// The dialog manager draws the button that has the focus as the default one and
+// then may not know which to undo, so all of them are told.
+void Form::SetDefaultButton(int id) {
+  SendMessageA(window_, DM_SETDEFID, static_cast<WPARAM>(id), 0);
+  for (const ControlRow& row : plan_.controls) {
+    if (row.windowClass == std::string_view("Button") &&
+        (row.style & BS_TYPEMASK) == BS_PUSHBUTTON) {
+      SendMessageA(Control(row.id), BM_SETSTYLE, row.id == id ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON,
+                   TRUE);
+    }
+  }
 }
 
 // Moves a scroll bar as its user, or a message from elsewhere, asks.
@@ -239,6 +269,7 @@ void Form::OnActivate(bool) {}
 bool Form::OnMessage(UINT, WPARAM, LPARAM, LRESULT&) { return false; }
 bool Form::OnKey(const MSG&) { return false; }
 void Form::OnFontChanged() {}
+void Form::OnArranged() {}
 
 // Called by Windows, which exceptions must not reach.
 INT_PTR CALLBACK Form::Procedure(HWND window, UINT message, WPARAM wide, LPARAM data) {
@@ -275,8 +306,8 @@ INT_PTR Form::Handle(UINT message, WPARAM wide, LPARAM data) {
     case WM_HSCROLL:
       Scroll(reinterpret_cast<HWND>(data), LOWORD(wide), HIWORD(wide));
       return TRUE;
-    case kEnterMessage:
-      OnCommand(static_cast<int>(wide), kEnterPressed);
+    case kEventMessage:
+      OnCommand(static_cast<int>(wide), static_cast<UINT>(data));
       return TRUE;
     case WM_DRAWITEM:
       OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(data));
@@ -322,7 +353,7 @@ LRESULT CALLBACK EnterProcedure(HWND list, UINT message, WPARAM wide, LPARAM dat
     return DLGC_WANTALLKEYS;
   }
   if (message == WM_CHAR && wide == '\r') {
-    SendMessageA(GetParent(list), kEnterMessage, static_cast<WPARAM>(GetDlgCtrlID(list)), 0);
+    Report(list, kEnterPressed);
     return 0;
   }
   if (message == WM_NCDESTROY) {
@@ -332,6 +363,16 @@ LRESULT CALLBACK EnterProcedure(HWND list, UINT message, WPARAM wide, LPARAM dat
 }
 
 }  // namespace
+
+void Report(HWND control, ControlEvent event) {
+  SendMessageA(GetParent(control), kEventMessage, static_cast<WPARAM>(GetDlgCtrlID(control)),
+               event);
+}
+
+void ReportLater(HWND control, ControlEvent event) {
+  PostMessageA(GetParent(control), kEventMessage, static_cast<WPARAM>(GetDlgCtrlID(control)),
+               event);
+}
 
 void ReportEnter(HWND list) { SetWindowSubclass(list, EnterProcedure, 0, 0); }
 

@@ -29,6 +29,8 @@ enum ControlEvent : UINT {
   kTabChanged = 0x10000,  // another tab of a tab control was chosen
   kScrolled,              // the position of a scroll bar control has changed
   kEnterPressed,          // in a list box made to report it (ReportEnter())
+  kFilesDropped,          // on a control that accepts them (FileDrop)
+  kFilesRefused,          // some of those, for their names
 };
 
 // Every page of a window.
@@ -85,8 +87,17 @@ class Form {
   // The controls have been given the message font anew.
   virtual void OnFontChanged();
 
+  // The controls have been placed and sized anew.
+  virtual void OnArranged();
+
   // Gives a Static control (SS_ICON) its picture, which is borrowed.
   void SetPicture(int id, HICON icon);
+
+  // Gives a control the focus, as Tab does.
+  void FocusOn(int id);
+
+  // Makes a button the one that Enter presses; none with 0.
+  void SetDefaultButton(int id);
 
  private:
   friend bool DispatchToForm(MSG& message);
@@ -106,6 +117,11 @@ class Form {
   UniqueFont font_;
   unsigned shownPages_ = kEveryPage;
 };
+
+// Tells a control's parent form of an event: at once, or when it next takes a
+// message from the queue.
+void Report(HWND control, ControlEvent event);
+void ReportLater(HWND control, ControlEvent event);
 
 // Makes a list box report Enter to its parent form as kEnterPressed, instead of
 // leaving it to a default button.

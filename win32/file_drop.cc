@@ -1,0 +1,153 @@
+#include "win32/file_drop.h"
+
+#include <ole2.h>
+#include <shellapi.h>
+
+#include <exception>
+#include <optional>
+#include <utility>
+
+#include "win32/form.h"
+
+namespace win32 {
+namespace {
+
+FORMATETC FileListFormat() { return {CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL}; }
+
+// Nothing when the code page cannot hold all of `text`.
+std::optional<std::string> ToAnsi(const std::wstring& text) {
+  const bool isUtf8 = GetACP() == CP_UTF8;  // which holds everything, and takes no flags
+  BOOL lost = FALSE;
+  const auto convert = [&](char* out, int size) {
+    return WideCharToMultiByte(CP_ACP, isUtf8 ? 0 : WC_NO_BEST_FIT_CHARS, text.data(),
+                               static_cast<int>(text.size()), out, size, nullptr,
+                               isUtf8 ? nullptr : &lost);
+  };
+  std::string ansi(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+  convert(ansi.data(), static_cast<int>(ansi.size()));
+  return lost ? std::nullopt : std::optional(std::move(ansi));
+}
+
+// Empty when the volume keeps no short names, or the file is not there.
+std::wstring ShortPath(const std::wstring& path) {
+  std::wstring shortPath(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
+  shortPath.resize(
+      GetShortPathNameW(path.c_str(), shortPath.data(), static_cast<DWORD>(shortPath.size())));
+  return shortPath;
+}
+
+DroppedFiles FilesIn(HDROP drop) {
+  DroppedFiles files;
+  const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+  for (UINT index = 0; index < count; ++index) {
+    std::wstring path(DragQueryFileW(drop, index, nullptr, 0) + 1, L'\0');
+    path.resize(DragQueryFileW(drop, index, path.data(), static_cast<UINT>(path.size())));
+    std::optional<std::string> ansi = ToAnsi(path);
+    if (!ansi) {
+      if (const std::wstring shortPath = ShortPath(path); !shortPath.empty()) {
+        ansi = ToAnsi(shortPath);
+      }
+    }
+    if (ansi) {
+      files.paths.push_back(*std::move(ansi));
+    } else {
+      files.refused.push_back(std::move(path));
+    }
+  }
+  return files;
+}
+
+}  // namespace
+
+// OLE may hold on to it longer than its FileDrop lives, but calls it only while
+// the control is registered.
+class FileDrop::Target final : public IDropTarget {
+ public:
+  explicit Target(FileDrop& owner) : owner_(owner) {}
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+    if (id != IID_IUnknown && id != IID_IDropTarget) {
+      *object = nullptr;
+      return E_NOINTERFACE;
+    }
+    *object = static_cast<IDropTarget*>(this);
+    AddRef();
+    return S_OK;
+  }
+
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = --references_;
+    if (left == 0) {
+      delete this;
+    }
+    return left;
+  }
+
+  HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD, POINTL, DWORD* effect) override {
+    FORMATETC format = FileListFormat();
+    holdsFiles_ = data != nullptr && data->QueryGetData(&format) == S_OK;
+    *effect = EffectOf(*effect);
+    return S_OK;
+  }
+
+  HRESULT STDMETHODCALLTYPE DragOver(DWORD, POINTL, DWORD* effect) override {
+    *effect = EffectOf(*effect);
+    return S_OK;
+  }
+
+  HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
+
+  HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) override {
+    *effect = EffectOf(*effect);
+    FORMATETC format = FileListFormat();
+    STGMEDIUM medium{};
+    if (*effect == DROPEFFECT_NONE || data->GetData(&format, &medium) != S_OK) {
+      *effect = DROPEFFECT_NONE;
+      return S_OK;
+    }
+    try {
+      owner_.files_ = FilesIn(static_cast<HDROP>(medium.hGlobal));
+    } catch (const std::exception&) {  // must not reach OLE
+      owner_.files_ = {};
+      *effect = DROPEFFECT_NONE;
+    }
+    ReleaseStgMedium(&medium);
+    const HWND control = owner_.control_;
+    const bool someRefused = !owner_.files_.refused.empty();
+    Report(control, kFilesDropped);
+    if (someRefused) {
+      ReportLater(control, kFilesRefused);
+    }
+    return S_OK;
+  }
+
+ private:
+  // Never to move: the source would then delete the files.
+  DWORD EffectOf(DWORD allowed) const {
+    if (!holdsFiles_ || !IsWindowEnabled(GetParent(owner_.control_))) {
+      return DROPEFFECT_NONE;
+    }
+    return (allowed & DROPEFFECT_COPY) != 0 ? DROPEFFECT_COPY : allowed & DROPEFFECT_LINK;
+  }
+
+  FileDrop& owner_;
+  ULONG references_ = 1;
+  bool holdsFiles_ = false;
+};
+
+void FileDrop::Attach(HWND control) {
+  control_ = control;
+  Target* const target = new Target(*this);
+  RegisterDragDrop(control, target);
+  target->Release();
+}
+
+void FileDrop::Detach() {
+  if (control_ != nullptr) {
+    RevokeDragDrop(std::exchange(control_, nullptr));
+  }
+}
+
+}  // namespace win32

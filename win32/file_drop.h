@@ -1,0 +1,47 @@
+#ifndef CORVALIS_WIN32_FILE_DROP_H_
+#define CORVALIS_WIN32_FILE_DROP_H_
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace win32 {
+
+struct DroppedFiles {
+  // Full paths in the system's ANSI code page, in the order of the data. A file
+  // whose path the code page cannot hold is here with its short (8.3) path.
+  std::vector<std::string> paths;
+  // Files that have no such path.
+  std::vector<std::wstring> refused;
+};
+
+// Lets a control accept files that are dragged onto it from any program. It
+// takes nothing else, and nothing while its window is disabled; the pointer
+// tells so. Needs OleInitialize().
+class FileDrop {
+ public:
+  FileDrop() = default;
+  FileDrop(const FileDrop&) = delete;
+  FileDrop& operator=(const FileDrop&) = delete;
+  ~FileDrop() { Detach(); }
+
+  // The control's form is told of a drop by kFilesDropped while the source
+  // still waits, and by kFilesRefused once it has gone on.
+  void Attach(HWND control);
+  // Due before the control is destroyed.
+  void Detach();
+
+  // Of the last drop.
+  const DroppedFiles& Files() const { return files_; }
+
+ private:
+  class Target;
+
+  HWND control_ = nullptr;
+  DroppedFiles files_;
+};
+
+}  // namespace win32
+
+#endif  // CORVALIS_WIN32_FILE_DROP_H_
