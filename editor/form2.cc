@@ -28,6 +28,8 @@ constexpr Route kRoutes[] = {
     {IDC_FORM2_COMMAND5, BN_CLICKED, &Form2::Command5Click},
 
     {IDC_FORM2_LIST1, LBN_SELCHANGE, &Form2::List1Click},
+    {IDC_FORM2_LIST1, win32::kFilesDropped, &Form2::List1Drop},
+    {IDC_FORM2_LIST1, win32::kFilesRefused, &Form2::List1DropRefused},
     {IDC_FORM2_COMMAND2, BN_CLICKED, &Form2::Command2Click},
     {IDC_FORM2_COMMAND3, BN_CLICKED, &Form2::Command3Click},
     {IDC_FORM2_COMMAND7, BN_CLICKED, &Form2::Command7Click},
@@ -69,6 +71,7 @@ HICON LoadPicture(int id) {
 Form2::Form2(std::string arguments, menufile::FileSystem& files)
     : Form(kForm2Plan, nullptr), arguments_(std::move(arguments)), files_(files) {
   items_.Attach(Control(IDC_FORM2_LIST1));
+  list1Drop_.Attach(Control(IDC_FORM2_LIST1));
   iconic1_.Attach(Control(IDC_FORM2_ICONIC1));
   CreateDirectoryPage();
   SetPicture(IDC_FORM2_IMAGE4, LoadPicture(IDI_CONTENTS));
@@ -117,6 +120,7 @@ bool Form2::LoadMenuFile() {
     InvalidateRect(items_.window(), nullptr, TRUE);
   };
   try {
+    FinishOwnChange();
     const bool loaded = menufile::LoadMenuFile(files_, MenuFilePath(), DefaultPictureFile(), *this);
     redraw();
     return loaded;
@@ -150,7 +154,7 @@ menufile::MenuAppender Form2::OpenToAppend() {
 }
 
 // The next change would take the cut file for the menu, and delete the scratch
-// file that holds the whole one.
+// file that holds the whole one; and so would the conversion that loading offers.
 void Form2::FinishOwnChange() {
   if (menuMayBeCut_) {
     menufile::MakeMenuWhole(files_, MenuFilePath(), DefaultPictureFile());
@@ -158,9 +162,13 @@ void Form2::FinishOwnChange() {
   }
 }
 
-void Form2::OpenChild(std::unique_ptr<win32::Form> child) {
+void Form2::ShowChild(std::unique_ptr<win32::Form> child) {
   child_ = std::move(child);
   ShowWindow(child_->window(), SW_SHOW);
+}
+
+void Form2::OpenChild(std::unique_ptr<win32::Form> child) {
+  ShowChild(std::move(child));
   EnableWindow(window(), FALSE);
 }
 
@@ -240,6 +248,10 @@ bool Form2::OnKey(const MSG& message) {
 
 // The program ends at once, whatever else is open.
 void Form2::OnClose() {
+  if (child_) {
+    child_->Close();
+  }
+  list1Drop_.Detach();
   Close();
   PostQuitMessage(EXIT_SUCCESS);
 }

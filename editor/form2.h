@@ -7,13 +7,13 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "editor/item_list.h"
 #include "menufile/append.h"
 #include "menufile/file_system.h"
 #include "menufile/loader.h"
 #include "menufile/rewrite.h"
+#include "win32/file_drop.h"
 #include "win32/folder_list.h"
 #include "win32/form.h"
 #include "win32/handles.h"
@@ -70,8 +70,9 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void Rewrite(const menufile::MenuChange& change);
   menufile::MenuAppender OpenToAppend();
 
-  // Shows a window that this one has made and disables this one while it is
-  // open. The window is owned from here on.
+  // Shows a window that this one has made, which is owned from here on.
+  void ShowChild(std::unique_ptr<win32::Form> child);
+  // The same, and disables this one while the child is open.
   void OpenChild(std::unique_ptr<win32::Form> child);
   // The window closes: enables this one and brings it to the front.
   void CloseChild();
@@ -104,7 +105,8 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   // wizard/
   void Command2Click();  // Add
   void Command3Click();  // Edit
-  void List1Drop(const std::vector<std::string>& paths);
+  void List1Drop();
+  void List1DropRefused();
 
   // icons/
   void ChangeItemIcon();              // Command11
@@ -155,6 +157,7 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   bool menuMayBeCut_ = false;
   Page contents_ = kItemPage;
   ItemList items_;
+  win32::FileDrop list1Drop_;
   win32::PictureBox iconic1_;
   win32::FolderList dir1_;
   MenuFont menuFont_;

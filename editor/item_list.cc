@@ -12,9 +12,15 @@
 #include "win32/window_text.h"
 
 namespace editor {
-namespace {
+std::string IconText(HICON icon) { return std::to_string(reinterpret_cast<std::uintptr_t>(icon)); }
 
-// Extracts the icon of that index. Only the call's result tells whether the
+HICON IconOfText(const std::string& text) {
+  std::uintptr_t number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return reinterpret_cast<HICON>(number);
+}
+
+// Only the call's result tells whether the
 // handles were written; on a failure they may hold anything. The small icon is
 // asked for because the large one alone is not to be had from some programs;
 // nothing shows it.
@@ -23,16 +29,6 @@ HICON ExtractLargeIcon(const std::string& file, int index) {
   HICON small = nullptr;
   const UINT count = ExtractIconExA(file.c_str(), index, &large, &small, 1);
   return count == 0 || count == std::numeric_limits<UINT>::max() ? nullptr : large;
-}
-
-}  // namespace
-
-std::string IconText(HICON icon) { return std::to_string(reinterpret_cast<std::uintptr_t>(icon)); }
-
-HICON IconOfText(const std::string& text) {
-  std::uintptr_t number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return reinterpret_cast<HICON>(number);
 }
 
 int ItemList::Count() const { return static_cast<int>(SendMessageA(list_, LB_GETCOUNT, 0, 0)); }
@@ -60,11 +56,22 @@ void ItemList::Rename(int row, const std::string& caption) {
   }
 }
 
-void ItemList::Exchange(int first, int second) {
-  std::swap(Hidden(first), Hidden(second));
-  const std::string text = win32::ListText(list_, first);
-  Rename(first, win32::ListText(list_, second));
-  Rename(second, text);
+void ItemList::ExchangeWithNext(int row) {
+  std::swap(Hidden(row), Hidden(row + 1));
+  const int top = TopRow();
+  SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
+  const std::string below = win32::ListText(list_, row + 1);
+  SendMessageA(list_, LB_DELETESTRING, static_cast<WPARAM>(row + 1), 0);
+  SendMessageA(list_, LB_INSERTSTRING, static_cast<WPARAM>(row),
+               reinterpret_cast<LPARAM>(below.c_str()));
+  ScrollTo(top);
+  SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+  for (const int changed : {row, row + 1}) {
+    RECT place{};
+    SendMessageA(list_, LB_GETITEMRECT, static_cast<WPARAM>(changed),
+                 reinterpret_cast<LPARAM>(&place));
+    InvalidateRect(list_, &place, TRUE);
+  }
 }
 
 void ItemList::Remove(int row) {
@@ -80,6 +87,12 @@ void ItemList::Clear() {
   SendMessageA(list_, LB_RESETCONTENT, 0, 0);
   textWidth_ = 0;
   SendMessageA(list_, LB_SETHORIZONTALEXTENT, 0, 0);
+}
+
+int ItemList::TopRow() const { return static_cast<int>(SendMessageA(list_, LB_GETTOPINDEX, 0, 0)); }
+
+void ItemList::ScrollTo(int topRow) {
+  SendMessageA(list_, LB_SETTOPINDEX, static_cast<WPARAM>(topRow), 0);
 }
 
 void ItemList::AppendItem(std::size_t row, const menufile::MenuItemRecord& item) {

@@ -31,6 +31,10 @@ struct HiddenRow {
 std::string IconText(HICON icon);
 HICON IconOfText(const std::string& text);
 
+// Takes the icon of that index out of a file; nullptr when there is none. The
+// caller owns it.
+HICON ExtractLargeIcon(const std::string& file, int index);
+
 // The item list, `List1`, with its hidden rows: one for each list row, at the
 // same index, and one more when the list is empty: row 0 always exists.
 class ItemList {
@@ -54,8 +58,9 @@ class ItemList {
   // Changes a row's caption; the selection stays.
   void Rename(int row, const std::string& caption);
 
-  // Exchanges two rows and their hidden rows.
-  void Exchange(int first, int second);
+  // Exchanges a row and the one below it, and their hidden rows. No other row is
+  // touched or drawn again, and the list does not scroll. The selection is lost.
+  void ExchangeWithNext(int row);
 
   // Removes a row and its hidden row; the last of the hidden ones stays, as it
   // is. Nothing is selected afterwards.
@@ -63,6 +68,10 @@ class ItemList {
 
   // Removes all rows, and all hidden rows but the first, which stays as it is.
   void Clear();
+
+  // The row at the top of what the list shows.
+  int TopRow() const;
+  void ScrollTo(int topRow);
 
   // Appends the row of an entry that was read, with its icon: from its icon
   // file, or from its target when it has an index above 0 but no icon file.

@@ -1,5 +1,25 @@
 #include "editor/form2.h"
+
 namespace editor {
-void Form2::Command7Click() {}
-void Form2::Command9Click() {}
+
+void Form2::Command7Click() {
+  const int row = items_.Selected();
+  if (row < 0) {
+    return;
+  }
+  menufile::MenuChange change;
+  change.errorMode = menufile::ErrorMode::Ignores;
+  change.type = menufile::MenuType::UserDefined;
+  change.recordRule = [row](std::size_t counter, const menufile::MenuItemRecord& record,
+                            menufile::RecordStream& records) {
+    if (counter != static_cast<std::size_t>(row)) {
+      records.Write(record);
+    }
+  };
+  Rewrite(change);
+  DestroyIcon(IconOfText(items_.Hidden(row).text));
+  items_.Remove(row);
+  iconic1_.Clear();
+}
+
 }  // namespace editor

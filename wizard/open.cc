@@ -1,6 +1,37 @@
+#include <memory>
+#include <string>
+#include <utility>
+
 #include "editor/form2.h"
+#include "menufile/reader.h"
+#include "wizard/form3.h"
+
 namespace editor {
-void Form2::Command2Click() {}
-void Form2::Command3Click() {}
-void Form2::List1Drop(const std::vector<std::string>&) {}
+
+void Form2::Command2Click() { OpenChild(std::make_unique<wizard::Form3>(*this)); }
+
+void Form2::Command3Click() {
+  const int row = items_.Selected();
+  if (row < 0) {
+    return;
+  }
+  auto child = std::make_unique<wizard::Form3>(*this);
+  wizard::Form3& form3 = *child;
+  ShowChild(std::move(child));
+  form3.EditRow(row);
+  FinishOwnChange();
+  const std::string path = MenuFilePath();
+  const std::string bytes = files_.Open(path, menufile::OpenMode::Read)->ReadAll();
+  menufile::MenuReader reader(bytes, path);
+  reader.SkipMarkerLine();
+  reader.ReadTypeLine();
+  reader.ReadAppearance();
+  menufile::MenuItemRecord entry;
+  for (int read = 0; read <= row; ++read) {
+    entry = reader.ReadItem();
+  }
+  form3.Fill(entry);
+  EnableWindow(window(), FALSE);
+}
+
 }  // namespace editor

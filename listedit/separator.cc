@@ -1,0 +1,36 @@
+#include "editor/form2.h"
+#include "menufile/failure.h"
+
+namespace editor {
+
+void Form2::Command9Click() {
+  const int row = items_.Selected();
+  if (row < 0) {
+    return;
+  }
+  menufile::MenuChange change;
+  change.errorMode = menufile::ErrorMode::Ignores;
+  change.type = menufile::MenuType::UserDefined;
+  change.recordRule = [row](std::size_t counter, const menufile::MenuItemRecord& record,
+                            menufile::RecordStream& records) {
+    if (counter == static_cast<std::size_t>(row)) {
+      records.WriteSeparator();
+    }
+    records.Write(record);
+  };
+  Rewrite(change);
+  const int top = items_.TopRow();
+  items_.Clear();
+  try {
+    if (!LoadMenuFile()) {
+      OnClose();
+      return;
+    }
+  } catch (const menufile::Failure&) {
+    // As of the rewrite, nothing is told of this; the list shows what was read.
+  }
+  items_.ScrollTo(top);
+  iconic1_.Clear();
+}
+
+}  // namespace editor

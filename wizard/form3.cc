@@ -1,0 +1,175 @@
+#include "wizard/form3.h"
+
+#include <utility>
+
+#include "menufile/append.h"
+#include "menufile/failure.h"
+#include "menufile/rewrite.h"
+#include "menufile/scratch_file.h"
+#include "resources/resource.h"
+#include "win32/file_dialog.h"
+#include "win32/message_box.h"
+#include "win32/scaled_bitmap.h"
+#include "win32/shell_file.h"
+#include "win32/window_text.h"
+#include "wizard/target.h"
+
+namespace wizard {
+namespace {
+
+// What goes where: the handler of each control's event.
+struct Route {
+  int control;
+  UINT event;
+  void (Form3::*handler)();
+};
+
+constexpr Route kRoutes[] = {
+    {IDC_FORM3_TEXT1, EN_CHANGE, &Form3::Text1Change},
+    {IDC_FORM3_TEXT4, EN_CHANGE, &Form3::Text4Change},
+    {IDC_FORM3_COMMAND3, BN_CLICKED, &Form3::Command3Click},
+    {IDC_FORM3_COMMAND1, BN_CLICKED, &Form3::Command1Click},
+    {IDC_FORM3_COMMAND4, BN_CLICKED, &Form3::Command4Click},
+    {IDC_FORM3_COMMAND5, BN_CLICKED, &Form3::Command5Click},
+    {IDC_FORM3_COMMAND2, BN_CLICKED, &Form3::Command2Click},
+    {IDCANCEL, BN_CLICKED, &Form3::Command2Click},  // the Esc key
+};
+
+constexpr const char* kProgramFilter =
+    "Program Files\0*.com;*.exe;*.bat\0"
+    "All files\0*.*\0";
+
+}  // namespace
+
+Form3::Form3(editor::Form2& form2) : Form(kForm3Plan, form2.window()), form2_(form2) {
+  OnArranged();
+  ShowPages(kTargetPage);
+  Text1Change();
+  EnableWindow(Control(IDC_FORM3_COMMAND4), FALSE);
+  SetDefaultButton(IDC_FORM3_COMMAND1);
+}
+
+void Form3::Fill(const menufile::MenuItemRecord& entry) {
+  const auto fill = [this](int box, const menufile::Value& value) {
+    // An empty text is what the box holds already: no change to report.
+    if (const std::string text = value.Text(); !text.empty()) {
+      win32::SetText(Control(box), text);
+    }
+  };
+  fill(IDC_FORM3_TEXT1, entry.target);
+  fill(IDC_FORM3_TEXT2, entry.arguments);
+  fill(IDC_FORM3_TEXT3, entry.startIn);
+  fill(IDC_FORM3_TEXT4, entry.caption);
+}
+
+void Form3::Text1Change() {
+  EnableWindow(Control(IDC_FORM3_COMMAND1), !Text(IDC_FORM3_TEXT1).empty());
+}
+
+void Form3::Text4Change() {
+  EnableWindow(Control(IDC_FORM3_COMMAND5), !Text(IDC_FORM3_TEXT4).empty());
+}
+
+void Form3::Command3Click() {
+  const std::optional<std::string> file =
+      win32::ChooseFile(window(), "Select Program", kProgramFilter, "");
+  if (!file && win32::FileDialogFailed()) {
+    return;
+  }
+  // Cancelling empties the box.
+  win32::SetText(Control(IDC_FORM3_TEXT1), file.value_or(""));
+}
+
+void Form3::Command1Click() {
+  const std::string target = Text(IDC_FORM3_TEXT1);
+  if (!IsAcceptedTarget(target)) {
+    win32::ShowError(window(), "File " + target + " cannot be accessed. Please check the path.");
+    return;
+  }
+  ShowPages(kNamePage);
+  win32::SetText(Control(IDC_FORM3_LABEL1), kNamePrompt);
+  SetDefaultButton(IDC_FORM3_COMMAND5);
+  EnableWindow(Control(IDC_FORM3_COMMAND4), TRUE);
+  if (!editedRow_) {
+    win32::SetText(Control(IDC_FORM3_TEXT4), win32::ShellFile(target).displayName);
+  }
+  Text4Change();
+  FocusOn(IDC_FORM3_TEXT4);
+}
+
+void Form3::Command4Click() {
+  ShowPages(kTargetPage);
+  win32::SetText(Control(IDC_FORM3_LABEL1), kTargetPrompt);
+  // No button takes its place: the first page has a default one only at first.
+  SetDefaultButton(0);
+  EnableWindow(Control(IDC_FORM3_COMMAND5), TRUE);
+  FocusOn(IDC_FORM3_TEXT1);
+  EnableWindow(Control(IDC_FORM3_COMMAND4), FALSE);
+}
+
+void Form3::Command5Click() {
+  try {
+    if (editedRow_) {
+      ChangeEntry(*editedRow_, TypedEntry());
+    } else {
+      AddEntry(TypedEntry());
+    }
+  } catch (const menufile::Failure&) {
+    return;  // nothing is told; the wizard stays open
+  }
+  form2_.CloseChild();
+}
+
+void Form3::Command2Click() { form2_.CloseChild(); }
+
+void Form3::OnCommand(int id, UINT event) {
+  for (const Route& route : kRoutes) {
+    if (route.control == id && route.event == event) {
+      (this->*route.handler)();
+    }
+  }
+}
+
+void Form3::OnClose() { form2_.CloseChild(); }
+
+void Form3::OnArranged() {
+  const HWND picture = Control(IDC_FORM3_PICTURE1);
+  RECT area{};
+  GetClientRect(picture, &area);
+  win32::UniqueBitmap banner = win32::LoadScaledBitmap(IDB_WIZARD, {area.right, area.bottom});
+  SendMessageA(picture, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(banner.get()));
+  banner_ = std::move(banner);
+}
+
+std::string Form3::Text(int id) const { return win32::WindowText(Control(id)); }
+
+Entry Form3::TypedEntry() const {
+  return {Text(IDC_FORM3_TEXT4), Text(IDC_FORM3_TEXT1), Text(IDC_FORM3_TEXT2),
+          Text(IDC_FORM3_TEXT3)};
+}
+
+void Form3::AddEntry(const Entry& entry) {
+  menufile::MenuAppender menu = form2_.OpenToAppend();
+  // Not before: until then it may hold the only whole copy of the menu.
+  menufile::RemoveScratchFile(form2_.files(), menufile::kDialogScratchFile);
+  AppendEntry(menu, form2_.items(), entry);
+}
+
+void Form3::ChangeEntry(int row, const Entry& entry) {
+  menufile::MenuChange change;
+  change.scratchFile = menufile::kDialogScratchFile;
+  change.recordRule = [&](std::size_t counter, const menufile::MenuItemRecord& record,
+                          menufile::RecordStream& records) {
+    records.Write(counter == static_cast<std::size_t>(row) ? entry.Record(record) : record);
+  };
+  form2_.Rewrite(change);
+
+  // The row shows the icon of the new target until the file is loaded again,
+  // also when the entry has an icon file; and it keeps the tag of the old one.
+  form2_.items().Rename(row, entry.caption);
+  std::string& iconText = form2_.items().Hidden(row).text;
+  DestroyIcon(editor::IconOfText(iconText));
+  iconText = editor::IconText(editor::ExtractLargeIcon(entry.target, 0));
+}
+
+}  // namespace wizard

@@ -1,0 +1,103 @@
+#include "resources/resource.h"
+#include "wizard/form3.h"
+
+namespace wizard {
+namespace {
+
+using win32::ControlRow;
+using win32::kEveryPage;
+
+constexpr unsigned kTopLeft = win32::kLeft | win32::kTop;
+
+constexpr DWORD kButton = BS_PUSHBUTTON | WS_TABSTOP;
+constexpr DWORD kLabel = SS_LEFT;
+// Centred, it is neither stretched nor does the control shrink to it.
+constexpr DWORD kBitmap = SS_BITMAP | SS_CENTERIMAGE;
+constexpr DWORD kLine = SS_ETCHEDHORZ;
+constexpr DWORD kEdit = ES_AUTOHSCROLL | WS_TABSTOP;
+
+constexpr SIZE kSize{331, 223};
+
+constexpr ControlRow kControls[] = {
+    {IDC_FORM3_PICTURE1, "Static", "", kBitmap, {0, 0, 109, 193}, kTopLeft, kEveryPage, nullptr},
+    // It names the box behind it that is shown.
+    {IDC_FORM3_LABEL1,
+     "Static",
+     kTargetPrompt,
+     kLabel,
+     {123, 14, 194, 28},
+     kTopLeft,
+     kEveryPage,
+     nullptr},
+    {IDC_FORM3_TEXT4, "Edit", "", kEdit, {123, 30, 194, 14}, kTopLeft, kNamePage, nullptr},
+    {IDC_FORM3_TEXT1, "Edit", "", kEdit, {123, 46, 194, 14}, kTopLeft, kTargetPage, nullptr},
+    {IDC_FORM3_COMMAND3,
+     "Button",
+     "Browse...",
+     kButton,
+     {249, 65, 68, 15},
+     kTopLeft,
+     kTargetPage,
+     nullptr},
+    {IDC_FORM3_LABEL2,
+     "Static",
+     "Additional Command Line Arguments",
+     kLabel,
+     {123, 98, 194, 9},
+     kTopLeft,
+     kTargetPage,
+     nullptr},
+    {IDC_FORM3_TEXT2, "Edit", "", kEdit, {123, 109, 194, 14}, kTopLeft, kTargetPage, nullptr},
+    {IDC_FORM3_LABEL3,
+     "Static",
+     "Start in",
+     kLabel,
+     {123, 134, 194, 9},
+     kTopLeft,
+     kTargetPage,
+     nullptr},
+    {IDC_FORM3_TEXT3, "Edit", "", kEdit, {123, 145, 194, 14}, kTopLeft, kTargetPage, nullptr},
+
+    {IDC_FORM3_LINE, "Static", "", kLine, {0, 193, 331, 1}, kTopLeft, kEveryPage, nullptr},
+    {IDC_FORM3_COMMAND4,
+     "Button",
+     "< Back",
+     kButton,
+     {113, 201, 66, 15},
+     kTopLeft,
+     kEveryPage,
+     nullptr},
+    {IDC_FORM3_COMMAND1,
+     "Button",
+     "Next >",
+     kButton,
+     {179, 201, 66, 15},
+     kTopLeft,
+     kTargetPage,
+     nullptr},
+    {IDC_FORM3_COMMAND5,
+     "Button",
+     "Finish",
+     kButton,
+     {179, 201, 66, 15},
+     kTopLeft,
+     kNamePage,
+     nullptr},
+    {IDC_FORM3_COMMAND2,
+     "Button",
+     "Cancel",
+     kButton,
+     {251, 201, 66, 15},
+     kTopLeft,
+     kEveryPage,
+     nullptr},
+};
+
+}  // namespace
+
+const win32::FormPlan kForm3Plan = {
+    "Form3", "New Shortcut", WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME, kSize,
+    0,       kControls,
+};
+
+}  // namespace wizard
