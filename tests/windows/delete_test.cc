@@ -1,0 +1,101 @@
+#include "tests/windows/list_test_base.h"
+
+using testing_menus::ItemLine;
+using testing_menus::kSeparatorLine;
+
+namespace {
+
+constexpr int kDelete = IDC_FORM2_COMMAND7;
+
+const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a", "C:\\");
+const std::string kB = ItemLine("Beta", "C:\\b.exe", "", "", "C:\\x.ico", "7");
+const std::string kC = ItemLine("Gamma", "C:\\c.exe");
+
+}  // namespace
+
+class DeleteTest : public ListTest {};
+
+TEST_F(DeleteTest, RemovesEachRow) {
+  const std::vector<std::string> lines{kA, kSeparatorLine, kB, kC};
+  for (int row = 0; row < 4; ++row) {
+    ASSERT_TRUE(OpenLines(lines));
+    std::vector<RowState> state = State();
+    SelectRow(row);
+    Press(kDelete);
+    std::vector<std::string> left = lines;
+    left.erase(left.begin() + row);
+    state.erase(state.begin() + row);
+    ExpectSettled(left);
+    EXPECT_EQ(State(), state);
+    EXPECT_EQ(SelectedRow(), -1);
+    EXPECT_TRUE(PreviewIsClear());
+  }
+}
+
+TEST_F(DeleteTest, TheOnlyEntryLeavesItsHiddenRow) {
+  ASSERT_TRUE(OpenLines({kC}));
+  SelectRow(0);
+  Press(kDelete);
+  ExpectSettled({});
+  EXPECT_TRUE(Rows().empty());
+  EXPECT_EQ(HiddenIcon(0), "0");
+  EXPECT_EQ(HiddenTag(0), "C:\\c.exe");
+  EXPECT_TRUE(PreviewIsClear());
+}
+
+TEST_F(DeleteTest, TheOnlyEntryWithAnIconLeavesItsNumber) {
+  ASSERT_TRUE(OpenLines({IconLine("With", "C:\\with")}));
+  const std::string icon = HiddenIcon(0);
+  ASSERT_TRUE(IsIcon(icon));
+  SelectRow(0);
+  ASSERT_FALSE(PreviewIsClear());
+  Press(kDelete);
+  EXPECT_FALSE(IsIcon(icon));
+  EXPECT_EQ(HiddenIcon(0), icon);
+  EXPECT_EQ(HiddenTag(0), "C:\\with");
+}
+
+TEST_F(DeleteTest, ReleasesTheIconOfTheRowAlone) {
+  ASSERT_TRUE(
+      OpenLines({IconLine("One", "C:\\1"), IconLine("Two", "C:\\2"), IconLine("Three", "C:\\3")}));
+  const std::vector<RowState> state = State();
+  SelectRow(1);
+  Press(kDelete);
+  EXPECT_FALSE(IsIcon(state[1].icon));
+  EXPECT_TRUE(IsIcon(state[0].icon));
+  EXPECT_TRUE(IsIcon(state[2].icon));
+  EXPECT_EQ(State(), (std::vector<RowState>{state[0], state[2]}));
+}
+
+TEST_F(DeleteTest, NothingSelectedDoesNothing) {
+  const std::string menu = testing_menus::UserDefinedMenu({" " + kA, kC});
+  ASSERT_TRUE(Open(menu));
+  form().iconic1().Draw(LoadIconA(nullptr, MAKEINTRESOURCEA(32512)));  // any
+  Press(kDelete);
+  EXPECT_EQ(MenuBytes(), menu);
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", "Gamma"}));
+  EXPECT_FALSE(PreviewIsClear());
+}
+
+TEST_F(DeleteTest, OneAfterAnotherUntilNoneIsLeft) {
+  std::vector<std::string> lines{kA, kSeparatorLine, kSeparatorLine, kB, kC};
+  ASSERT_TRUE(OpenLines(lines));
+  while (!lines.empty()) {
+    SelectRow(0);
+    Press(kDelete);
+    lines.erase(lines.begin());
+    ExpectSettled(lines);
+    EXPECT_EQ(Rows().size(), lines.size());
+    // With nothing selected a second press does nothing.
+    Press(kDelete);
+    ExpectSettled(lines);
+  }
+}
+
+TEST_F(DeleteTest, TheFileGetsShorter) {
+  const std::string longLine = ItemLine("Long", "C:\\" + std::string(5000, 'x'));
+  ASSERT_TRUE(OpenLines({kA, longLine}));
+  SelectRow(1);
+  Press(kDelete);
+  ExpectSettled({kA});
+}

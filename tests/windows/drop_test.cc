@@ -1,0 +1,259 @@
+#include "tests/windows/drag_data.h"
+#include "tests/windows/faulty_files.h"
+#include "tests/windows/wizard_test_base.h"
+
+using testing_menus::ItemLine;
+
+namespace {
+
+const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a", "C:\\", "C:\\x.ico", "3");
+
+constexpr DWORD kCopyMoveLink = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK;
+
+std::wstring Wide(const std::string& text) { return {text.begin(), text.end()}; }
+
+}  // namespace
+
+// Drops on the list through the interface that it has registered with OLE.
+class DropTest : public WizardTestBase {
+ protected:
+  struct Effects {
+    DWORD enter;
+    DWORD over;
+    DWORD drop;
+    friend bool operator==(const Effects&, const Effects&) = default;
+  };
+
+  // Where Windows keeps the interface, and Wine too.
+  IDropTarget* Target() {
+    return static_cast<IDropTarget*>(GetPropA(Control(IDC_FORM2_LIST1), "OleDropTargetInterface"));
+  }
+
+  // What OLE does while the data is dragged over the list and dropped there.
+  // The data is released.
+  Effects Drag(DragData* data, DWORD allowed = kCopyMoveLink) {
+    Effects effects{allowed, allowed, allowed};
+    const POINTL point{};
+    EXPECT_EQ(Target()->DragEnter(data, MK_LBUTTON, point, &effects.enter), S_OK);
+    EXPECT_EQ(Target()->DragOver(MK_LBUTTON, point, &effects.over), S_OK);
+    if (effects.over == DROPEFFECT_NONE) {
+      // OLE leaves then. A target has to bear a drop all the same.
+      EXPECT_EQ(Target()->Drop(data, 0, point, &effects.drop), S_OK);
+      EXPECT_EQ(Target()->DragLeave(), S_OK);
+    } else {
+      EXPECT_EQ(Target()->Drop(data, 0, point, &effects.drop), S_OK);
+    }
+    data->Release();
+    return effects;
+  }
+
+  Effects DragFiles(const std::vector<std::string>& paths, DWORD allowed = kCopyMoveLink) {
+    std::vector<std::wstring> wide;
+    for (const std::string& path : paths) {
+      wide.push_back(Wide(path));
+    }
+    return Drag(DragData::Files(wide), allowed);
+  }
+
+  static constexpr Effects kCopied{DROPEFFECT_COPY, DROPEFFECT_COPY, DROPEFFECT_COPY};
+  static constexpr Effects kRefused{DROPEFFECT_NONE, DROPEFFECT_NONE, DROPEFFECT_NONE};
+};
+
+TEST_F(DropTest, AFileAndAFolderInTheirOrder) {
+  WriteBytes(PathOf("z file.txt"), "");
+  CreateDirectoryA(PathOf("a folder").c_str(), nullptr);
+  ASSERT_TRUE(OpenLines({kA}));
+  const std::vector<RowState> before = State();
+  SelectRow(0);
+  EXPECT_EQ(DragFiles({PathOf("z file.txt"), PathOf("a folder")}), kCopied);
+  ExpectSettled(
+      {kA, ItemLine("z file.txt", PathOf("z file.txt")), ItemLine("a folder", PathOf("a folder"))});
+  EXPECT_EQ(State(), (std::vector<RowState>{before[0],
+                                            {"z file.txt", "0", PathOf("z file.txt")},
+                                            {"a folder", "0", PathOf("a folder")}}));
+  EXPECT_EQ(SelectedRow(), 0);
+  // They are entries like others at once.
+  SelectRow(2);
+  Press(IDC_FORM2_COMMAND4);
+  ExpectSettled(
+      {kA, ItemLine("a folder", PathOf("a folder")), ItemLine("z file.txt", PathOf("z file.txt"))});
+}
+
+// A drag from another process does not see through a window that passes the
+// mouse on, as a group box does.
+TEST_F(DropTest, NothingLiesAboveTheList) {
+  ASSERT_TRUE(OpenLines({kA}));
+  const HWND list = Control(IDC_FORM2_LIST1);
+  RECT rect{};
+  GetWindowRect(list, &rect);
+  MapWindowPoints(nullptr, form().window(), reinterpret_cast<POINT*>(&rect), 2);
+  for (const POINT point : {POINT{rect.left + 1, rect.top + 1},
+                            POINT{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2},
+                            POINT{rect.right - 2, rect.bottom - 2}}) {
+    EXPECT_EQ(ChildWindowFromPointEx(form().window(), point, CWP_SKIPINVISIBLE), list);
+  }
+}
+
+TEST_F(DropTest, OnAnEmptyListAndOnThreeRows) {
+  WriteBytes(PathOf("one"), "");
+  ASSERT_TRUE(OpenLines({}));
+  EXPECT_EQ(DragFiles({PathOf("one")}), kCopied);
+  ExpectSettled({ItemLine("one", PathOf("one"))});
+  EXPECT_EQ(State(), (std::vector<RowState>{{"one", "0", PathOf("one")}}));
+  ASSERT_TRUE(OpenLines({kA, kA, kA}));
+  EXPECT_THROW(HiddenTag(3), std::out_of_range);
+  EXPECT_EQ(DragFiles({PathOf("one")}), kCopied);
+  ExpectSettled({kA, kA, kA, ItemLine("one", PathOf("one"))});
+  EXPECT_EQ(HiddenIcon(3), "0");
+  EXPECT_EQ(HiddenTag(3), PathOf("one"));
+}
+
+TEST_F(DropTest, TheSameFileTwice) {
+  WriteBytes(PathOf("one"), "");
+  ASSERT_TRUE(OpenLines({}));
+  DragFiles({PathOf("one"), PathOf("one")});
+  ExpectSettled({ItemLine("one", PathOf("one")), ItemLine("one", PathOf("one"))});
+}
+
+TEST_F(DropTest, DataWithoutFilesIsRefused) {
+  const std::string menu = testing_menus::UserDefinedMenu({" " + kA});
+  ASSERT_TRUE(Open(menu));
+  EXPECT_EQ(Drag(DragData::Text(L"C:\\windows\\notepad.exe")), kRefused);
+  EXPECT_EQ(Drag(new DragData(CF_DIB, std::string(100, '\0'))), kRefused);
+  EXPECT_EQ(MenuBytes(), menu);
+  EXPECT_EQ(Rows().size(), 1U);
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
+TEST_F(DropTest, NeverMovesTheFiles) {
+  WriteBytes(PathOf("one"), "");
+  ASSERT_TRUE(OpenLines({}));
+  EXPECT_EQ(DragFiles({PathOf("one")}, DROPEFFECT_MOVE), kRefused);
+  ExpectSettled({});
+  EXPECT_EQ(DragFiles({PathOf("one")}, DROPEFFECT_LINK | DROPEFFECT_MOVE),
+            (Effects{DROPEFFECT_LINK, DROPEFFECT_LINK, DROPEFFECT_LINK}));
+  ExpectSettled({ItemLine("one", PathOf("one"))});
+  EXPECT_TRUE(Exists(PathOf("one")));
+}
+
+TEST_F(DropTest, RefusedWhileTheWizardIsOpen) {
+  WriteBytes(PathOf("one"), "");
+  ASSERT_TRUE(OpenLines({kA}));
+  OpenAdd();
+  EXPECT_EQ(DragFiles({PathOf("one")}), kRefused);
+  EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA}));
+  PressWizard(IDC_FORM3_COMMAND2);
+  EXPECT_EQ(DragFiles({PathOf("one")}), kCopied);
+  ExpectSettled({kA, ItemLine("one", PathOf("one"))});
+}
+
+TEST_F(DropTest, SeveralHundredFiles) {
+  std::vector<std::string> paths;
+  std::vector<std::string> lines{kA};
+  for (int number = 0; number < 500; ++number) {
+    const std::string name = "file " + std::to_string(number) + ".txt";
+    WriteBytes(PathOf(name), "");
+    paths.push_back(PathOf(name));
+    lines.push_back(ItemLine(name, PathOf(name)));
+  }
+  ASSERT_TRUE(OpenLines({kA}));
+  EXPECT_EQ(DragFiles(paths), kCopied);
+  ExpectSettled(lines);
+  const std::vector<RowState> state = State();
+  ASSERT_EQ(state.size(), 501U);
+  EXPECT_EQ(state[500], (RowState{"file 499.txt", "0", PathOf("file 499.txt")}));
+}
+
+TEST_F(DropTest, ANameThatTheCodePageCannotHold) {
+  const std::wstring name = L"\x65e5\x672c.txt";
+  const std::wstring path = Wide(PathOf("")) + name;
+  CloseHandle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+  wchar_t shortPath[MAX_PATH] = L"";
+  ASSERT_NE(GetShortPathNameW(path.c_str(), shortPath, MAX_PATH), 0U);
+  std::string target;
+  for (const wchar_t* c = shortPath; *c != L'\0'; ++c) {
+    ASSERT_LT(*c, 0x80);
+    target += static_cast<char>(*c);
+  }
+  WriteBytes(PathOf("plain"), "");
+  ASSERT_TRUE(OpenLines({}));
+  EXPECT_EQ(Drag(DragData::Files({path, Wide(PathOf("plain"))})), kCopied);
+  RunMessages();
+  const std::string caption = target.substr(target.find_last_of('\\') + 1);
+  ExpectSettled({ItemLine(caption, target), ItemLine("plain", PathOf("plain"))});
+  EXPECT_EQ(State(),
+            (std::vector<RowState>{{caption, "0", target}, {"plain", "0", PathOf("plain")}}));
+  EXPECT_EQ(MenuBytes().find('?'), std::string::npos);
+}
+
+TEST_F(DropTest, WithoutAShortNameAMessageNamesTheFile) {
+  // A file that is not there has no short name.
+  const std::wstring path = Wide(PathOf("")) + L"caf\x00e9 \x65e5.txt";
+  WriteBytes(PathOf("before"), "");
+  WriteBytes(PathOf("behind"), "");
+  ASSERT_TRUE(OpenLines({}));
+  EXPECT_EQ(Drag(DragData::Files({Wide(PathOf("before")), path, Wide(PathOf("behind"))})), kCopied);
+  // The source has gone on before the message comes.
+  EXPECT_TRUE(answers.Shown().empty());
+  RunMessages();
+  ASSERT_EQ(answers.Shown().size(), 1U);
+  EXPECT_EQ(answers.Shown()[0].title, "Error!");
+  EXPECT_EQ(answers.Shown()[0].text,
+            "File " + PathOf("caf\xE9 ?.txt") +
+                " cannot be added. Its name has characters that a menu file cannot hold.");
+  EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
+  EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({ItemLine("before", PathOf("before")),
+                                                         ItemLine("behind", PathOf("behind"))}));
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"before", "behind"}));
+}
+
+TEST_F(DropTest, NamesInTheCodePageStay) {
+  const std::wstring path = Wide(PathOf("")) + L"caf\x00e9 \x20ac.txt";
+  CloseHandle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+  ASSERT_TRUE(OpenLines({}));
+  Drag(DragData::Files({path}));
+  ExpectSettled({ItemLine("caf\xE9 \x80.txt", PathOf("caf\xE9 \x80.txt"))});
+}
+
+TEST_F(DropTest, AFileThatCannotBeWrittenEndsTheProgramAndKeepsTheMenu) {
+  FaultyFiles faulty(windowsFiles);
+  files = &faulty;
+  ASSERT_TRUE(OpenLines({kA}));
+  faulty.unwritable = {"test.menu"};
+  DragFiles({"C:\\windows\\notepad.exe"});
+  ASSERT_EQ(answers.Shown().size(), 1U);
+  EXPECT_EQ(answers.Shown()[0].title, "Error!");
+  EXPECT_EQ(answers.Shown()[0].text,
+            "Cannot write the file:\n" + MenuPath() + "\n\nAccess is denied.");
+  EXPECT_TRUE(TakeQuit());
+  EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA}));
+  EXPECT_EQ(Rows(), std::vector<std::string>{"Alpha"});
+}
+
+TEST_F(DropTest, ADiskThatGetsFullKeepsWholeLinesAlone) {
+  WriteBytes(PathOf("one"), "");
+  WriteBytes(PathOf("two"), "");
+  FaultyFiles faulty(windowsFiles);
+  files = &faulty;
+  ASSERT_TRUE(OpenLines({kA}));
+  faulty.limitedFile = "test.menu";
+  faulty.bytesLeft = ItemLine("one", PathOf("one")).size() + 10;
+  DragFiles({PathOf("one"), PathOf("two")});
+  EXPECT_EQ(answers.Shown().size(), 1U);
+  EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA, ItemLine("one", PathOf("one"))}));
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", "one"}));
+  EXPECT_TRUE(TakeQuit());
+}
+
+TEST_F(DropTest, TheTargetGoesWithTheWindow) {
+  ASSERT_TRUE(OpenLines({}));
+  const HWND list = Control(IDC_FORM2_LIST1);
+  IDropTarget* const target = Target();
+  ASSERT_NE(target, nullptr);
+  target->AddRef();
+  SendMessageA(form().window(), WM_CLOSE, 0, 0);
+  EXPECT_FALSE(IsWindow(list));
+  // OLE and the window hold it no more.
+  EXPECT_EQ(target->Release(), 0U);
+  EXPECT_TRUE(TakeQuit());
+}

@@ -1,0 +1,336 @@
+#include <functional>
+
+#include "tests/windows/faulty_files.h"
+#include "tests/windows/wizard_test_base.h"
+
+using testing_menus::ItemLine;
+using testing_menus::kSeparatorLine;
+
+namespace {
+
+constexpr int kFinish = IDC_FORM3_COMMAND5;
+
+const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a", "C:\\");
+const std::string kB = ItemLine("Beta", "C:\\windows\\notepad.exe", "", "", "C:\\x.ico", "7");
+const std::string kC = ItemLine("Gamma", "C:\\c.exe");
+
+// A button that works on the selected row, and what the list shows afterwards
+// of a menu of Alpha, Beta and Gamma with Beta selected.
+struct ListOperation {
+  int button;
+  std::vector<std::string> rows;
+  int selected;
+};
+
+const std::vector<ListOperation> kListOperations = {
+    {IDC_FORM2_COMMAND4, {"Beta", "Alpha", "Gamma"}, 0},
+    {IDC_FORM2_COMMAND8, {"Alpha", "Gamma", "Beta"}, 2},
+    {IDC_FORM2_COMMAND7, {"Alpha", "Gamma"}, -1},
+};
+
+// What Separator shows after a rewrite that did nothing: the file.
+const ListOperation kSeparator{IDC_FORM2_COMMAND9, {"Alpha", "Beta", "Gamma"}, -1};
+
+}  // namespace
+
+class ListFailuresTest : public WizardTestBase {
+ protected:
+  ListFailuresTest() { files = &faulty; }
+
+  // While the menu file cannot be changed: the list operations tell nothing and
+  // change the window all the same; the file keeps its bytes.
+  void ExpectListOperationsIgnore(const std::function<void()>& breakIt,
+                                  const std::function<void()>& mendIt) {
+    std::vector<ListOperation> operations = kListOperations;
+    operations.push_back(kSeparator);
+    for (const ListOperation& operation : operations) {
+      SCOPED_TRACE(operation.button);
+      ASSERT_TRUE(OpenLines({kA, kB, kC}));
+      SelectRow(1);
+      breakIt();
+      Press(operation.button);
+      mendIt();
+      EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA, kB, kC}));
+      EXPECT_EQ(Rows(), operation.rows);
+      EXPECT_EQ(SelectedRow(), operation.selected);
+      EXPECT_TRUE(answers.Shown().empty());
+      EXPECT_TRUE(IsWindowEnabled(form().window()));
+      EXPECT_EQ(PreviewIsClear(), operation.selected < 0);
+    }
+  }
+
+  // Finish tells nothing and stays on its second page; the file keeps its bytes
+  // and the list its rows. Once the cause is gone, Finish works.
+  void ExpectFinishStops(bool edits, const std::function<void()>& breakIt,
+                         const std::function<void()>& mendIt) {
+    SCOPED_TRACE(edits ? "edit" : "add");
+    ASSERT_TRUE(OpenLines({kA, kB, kC}));
+    ShowWindow(form().window(), SW_SHOW);
+    const std::vector<RowState> before = State();
+    if (edits) {
+      OpenEdit(1);
+    } else {
+      OpenAdd();
+    }
+    breakIt();
+    Finish("news:x", "New");
+    mendIt();
+    ExpectNamePage();
+    EXPECT_EQ(WizardText(IDC_FORM3_TEXT4), "New");
+    EXPECT_TRUE(answers.Shown().empty());
+    EXPECT_FALSE(IsWindowEnabled(form().window()));
+    EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA, kB, kC}));
+    EXPECT_EQ(State(), before);
+    PressWizard(kFinish);
+    ExpectClosed();
+    if (edits) {
+      ExpectSettled({kA, ItemLine("New", "news:x", "", "", "C:\\x.ico", "7"), kC});
+    } else {
+      ExpectSettled({kA, kB, kC, ItemLine("New", "news:x")});
+    }
+  }
+
+  // The same, but then the user gives up.
+  void ExpectCancelAfterFailure(const std::function<void()>& breakIt,
+                                const std::function<void()>& mendIt) {
+    ASSERT_TRUE(OpenLines({kA, kB, kC}));
+    ShowWindow(form().window(), SW_SHOW);
+    OpenEdit(1);
+    breakIt();
+    Finish("news:x", "New");
+    PostMessageA(Wizard(), WM_CLOSE, 0, 0);
+    RunMessages();
+    ExpectClosed();
+    mendIt();
+    ExpectSettled({kA, kB, kC});
+    EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", "Beta", "Gamma"}));
+  }
+
+  void LockMenu() {
+    lock_ = CreateFileA(MenuPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                        0, nullptr);
+    ASSERT_NE(lock_, INVALID_HANDLE_VALUE);
+  }
+  void UnlockMenu() { CloseHandle(lock_); }
+
+  FaultyFiles faulty{windowsFiles};
+
+ private:
+  HANDLE lock_ = INVALID_HANDLE_VALUE;
+};
+
+TEST_F(ListFailuresTest, AMenuFileThatMayNotBeWritten) {
+  const auto breakIt = [this] { faulty.unwritable = {"test.menu"}; };
+  const auto mendIt = [this] { faulty.unwritable.clear(); };
+  ExpectListOperationsIgnore(breakIt, mendIt);
+  ExpectFinishStops(true, breakIt, mendIt);
+  ExpectFinishStops(false, breakIt, mendIt);
+  ExpectCancelAfterFailure(breakIt, mendIt);
+}
+
+TEST_F(ListFailuresTest, AMenuFileWithTheReadOnlyAttribute) {
+  const auto breakIt = [this] {
+    ASSERT_TRUE(SetFileAttributesA(MenuPath().c_str(), FILE_ATTRIBUTE_READONLY));
+  };
+  const auto mendIt = [this] {
+    ASSERT_TRUE(SetFileAttributesA(MenuPath().c_str(), FILE_ATTRIBUTE_NORMAL));
+  };
+  WriteBytes(MenuPath(), "");
+  breakIt();
+  const HANDLE opened = CreateFileA(MenuPath().c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+  CloseHandle(opened);
+  mendIt();
+  if (opened != INVALID_HANDLE_VALUE) {
+    GTEST_SKIP() << "a read-only file can be written here, as by the root user under Wine";
+  }
+  ExpectListOperationsIgnore(breakIt, mendIt);
+  ExpectFinishStops(true, breakIt, mendIt);
+  ExpectFinishStops(false, breakIt, mendIt);
+  ExpectCancelAfterFailure(breakIt, mendIt);
+}
+
+TEST_F(ListFailuresTest, AMenuFileThatAnotherHolds) {
+  const auto breakIt = [this] { LockMenu(); };
+  const auto mendIt = [this] { UnlockMenu(); };
+  ExpectListOperationsIgnore(breakIt, mendIt);
+  ExpectFinishStops(true, breakIt, mendIt);
+  ExpectFinishStops(false, breakIt, mendIt);
+  ExpectCancelAfterFailure(breakIt, mendIt);
+}
+
+TEST_F(ListFailuresTest, AScratchFileWhoseNameAFolderBears) {
+  const auto breakIt = [this] {
+    CreateDirectoryA(PathOf("temporaryfile").c_str(), nullptr);
+    CreateDirectoryA(PathOf("zoltempfileoktodelete").c_str(), nullptr);
+  };
+  const auto mendIt = [this] {
+    EXPECT_TRUE(RemoveDirectoryA(PathOf("temporaryfile").c_str()));
+    EXPECT_TRUE(RemoveDirectoryA(PathOf("zoltempfileoktodelete").c_str()));
+  };
+  ExpectListOperationsIgnore(breakIt, mendIt);
+  ExpectFinishStops(true, breakIt, mendIt);
+  ExpectCancelAfterFailure(breakIt, mendIt);
+  // Adding needs no scratch file.
+  ASSERT_TRUE(OpenLines({kA}));
+  ShowWindow(form().window(), SW_SHOW);
+  breakIt();
+  OpenAdd();
+  Finish("news:x", "New");
+  ExpectClosed();
+  mendIt();
+  ExpectSettled({kA, ItemLine("New", "news:x")});
+}
+
+TEST_F(ListFailuresTest, ACurrentDirectoryThatMayNotBeWritten) {
+  const auto breakIt = [] { ASSERT_TRUE(SetCurrentDirectoryA("Z:\\proc")); };
+  const auto mendIt = [this] { ASSERT_TRUE(SetCurrentDirectoryA(folder().c_str())); };
+  breakIt();
+  const HANDLE made = CreateFileA("temporaryfile", GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                  FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+  ASSERT_EQ(made, INVALID_HANDLE_VALUE) << "the directory can be written after all";
+  mendIt();
+  ExpectListOperationsIgnore(breakIt, mendIt);
+  ExpectFinishStops(true, breakIt, mendIt);
+  ExpectCancelAfterFailure(breakIt, mendIt);
+}
+
+TEST_F(ListFailuresTest, AMenuFileThatIsGone) {
+  for (const ListOperation& operation : kListOperations) {
+    SCOPED_TRACE(operation.button);
+    ASSERT_TRUE(OpenLines({kA, kB, kC}));
+    SelectRow(1);
+    DeleteFileA(MenuPath().c_str());
+    Press(operation.button);
+    EXPECT_FALSE(Exists(MenuPath()));
+    ExpectNoScratchFiles();
+    EXPECT_EQ(Rows(), operation.rows);
+    EXPECT_EQ(SelectedRow(), operation.selected);
+    EXPECT_TRUE(answers.Shown().empty());
+  }
+}
+
+TEST_F(ListFailuresTest, SeparatorWithTheMenuFileGoneShowsAnEmptyList) {
+  ASSERT_TRUE(OpenLines({kA, kB, kC}));
+  SelectRow(1);
+  DeleteFileA(MenuPath().c_str());
+  Press(kSeparator.button);
+  EXPECT_FALSE(Exists(MenuPath()));
+  ExpectNoScratchFiles();
+  EXPECT_TRUE(Rows().empty());
+  EXPECT_TRUE(PreviewIsClear());
+  EXPECT_TRUE(answers.Shown().empty());
+  EXPECT_TRUE(IsWindow(form().window()));
+}
+
+TEST_F(ListFailuresTest, FinishWithTheMenuFileGoneMakesNone) {
+  for (const bool edits : {false, true}) {
+    ASSERT_TRUE(OpenLines({kA, kB, kC}));
+    if (edits) {
+      OpenEdit(1);
+    } else {
+      OpenAdd();
+    }
+    DeleteFileA(MenuPath().c_str());
+    Finish("news:x", "New");
+    ExpectNamePage();
+    EXPECT_FALSE(Exists(MenuPath()));
+    ExpectNoScratchFiles();
+    EXPECT_EQ(Rows().size(), 3U);
+    EXPECT_TRUE(answers.Shown().empty());
+    PressWizard(IDC_FORM3_COMMAND2);
+  }
+}
+
+TEST_F(ListFailuresTest, EditWithTheMenuFileGoneEndsTheProgram) {
+  ASSERT_TRUE(OpenLines({kA}));
+  SelectRow(0);
+  DeleteFileA(MenuPath().c_str());
+  SendMessageA(Control(IDC_FORM2_COMMAND3), BM_CLICK, 0, 0);
+  ASSERT_EQ(answers.Shown().size(), 1U);
+  EXPECT_EQ(answers.Shown()[0].title, "Error!");
+  EXPECT_TRUE(answers.Shown()[0].text.starts_with("Cannot open the file:\n" + MenuPath()));
+  EXPECT_TRUE(TakeQuit());
+}
+
+TEST_F(ListFailuresTest, EditOfAnEntryThatTheFileLacksEndsTheProgram) {
+  ASSERT_TRUE(OpenLines({kA, kB}));
+  SelectRow(1);
+  WriteBytes(MenuPath(), testing_menus::UserDefinedMenu({kA}));
+  SendMessageA(Control(IDC_FORM2_COMMAND3), BM_CLICK, 0, 0);
+  ASSERT_EQ(answers.Shown().size(), 1U);
+  EXPECT_TRUE(answers.Shown()[0].text.starts_with("Cannot read entry 2, field caption"));
+  EXPECT_TRUE(TakeQuit());
+}
+
+// The disk gets full while the menu file itself is being written: the scratch
+// file is then the only whole copy, and nothing may delete it.
+TEST_F(ListFailuresTest, ADiskThatGetsFullInFinishLosesNothing) {
+  ASSERT_TRUE(OpenLines({kA, kB, kC}));
+  OpenEdit(1);
+  faulty.limitedFile = "test.menu";
+  faulty.bytesLeft = 30;
+  Finish("news:x", "New");
+  ExpectNamePage();
+  EXPECT_EQ(MenuBytes().size(), 30U);
+  const std::vector<std::string> changed{kA, ItemLine("New", "news:x", "", "", "C:\\x.ico", "7"),
+                                         kC};
+  EXPECT_EQ(ReadBytes(PathOf("zoltempfileoktodelete")), testing_menus::UserDefinedMenu(changed));
+  // Once more, still without room, and then with it.
+  PressWizard(kFinish);
+  ExpectNamePage();
+  EXPECT_EQ(ReadBytes(PathOf("zoltempfileoktodelete")), testing_menus::UserDefinedMenu(changed));
+  faulty.limitedFile.clear();
+  PressWizard(kFinish);
+  ExpectSettled(changed);
+}
+
+TEST_F(ListFailuresTest, ADiskThatGetsFullInAListOperationLosesNothing) {
+  for (const ListOperation& operation : kListOperations) {
+    SCOPED_TRACE(operation.button);
+    ASSERT_TRUE(OpenLines({kA, kB, kC}));
+    SelectRow(1);
+    faulty.limitedFile = "test.menu";
+    faulty.bytesLeft = 40;
+    Press(operation.button);
+    EXPECT_EQ(Rows(), operation.rows);
+    EXPECT_EQ(MenuBytes().size(), 40U);
+    faulty.limitedFile.clear();
+    // The next change finishes that one first.
+    SelectRow(0);
+    Press(IDC_FORM2_COMMAND8);
+    std::vector<std::string> expected;
+    for (const std::string& row : Rows()) {
+      expected.push_back(row == "Alpha" ? kA : row == "Beta" ? kB : kC);
+    }
+    ExpectSettled(expected);
+  }
+}
+
+TEST_F(ListFailuresTest, ADiskThatGetsFullInSeparatorLosesNothing) {
+  ASSERT_TRUE(OpenLines({kA, kB}));
+  SelectRow(1);
+  faulty.limitedFile = "test.menu";
+  faulty.bytesLeft = 10;
+  Press(kSeparator.button);
+  // Nothing is asked about converting the cut file.
+  EXPECT_TRUE(answers.Shown().empty());
+  EXPECT_TRUE(Rows().empty());
+  EXPECT_EQ(ReadBytes(PathOf("temporaryfile")),
+            testing_menus::UserDefinedMenu({kA, kSeparatorLine, kB}));
+  faulty.limitedFile.clear();
+  OpenAdd();
+  Finish("news:x", "X");
+  ExpectSettled({kA, kSeparatorLine, kB, ItemLine("X", "news:x")});
+}
+
+TEST_F(ListFailuresTest, HalfAnAddedLineIsTakenBack) {
+  ASSERT_TRUE(OpenLines({kA}));
+  OpenAdd();
+  faulty.limitedFile = "test.menu";
+  faulty.bytesLeft = 5;
+  Finish("news:x", "X");
+  ExpectNamePage();
+  EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA}));
+  EXPECT_EQ(Rows(), std::vector<std::string>{"Alpha"});
+}

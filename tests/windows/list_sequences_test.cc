@@ -1,0 +1,200 @@
+#include <array>
+#include <functional>
+#include <random>
+
+#include "tests/windows/drag_data.h"
+#include "tests/windows/wizard_test_base.h"
+
+using testing_menus::ItemLine;
+
+namespace {
+
+// The file as it ought to be: its entries, and of each what the list shows.
+struct Entry {
+  std::array<std::string, 6> fields;  // in the order of the file
+  std::string tag;                    // of the hidden row
+
+  std::string Line() const {
+    return ItemLine(fields[0], fields[1], fields[2], fields[3], fields[4], fields[5]);
+  }
+  std::string Caption() const { return fields[0].empty() ? kSeparatorRow : fields[0]; }
+};
+
+const Entry kSeparatorEntry{};
+
+}  // namespace
+
+// Long random sequences of all that changes the entries, each step compared with
+// a plain model of the file.
+class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInterface<unsigned> {
+ protected:
+  int Random(int below) { return std::uniform_int_distribution<int>(0, below - 1)(random_); }
+
+  std::string RandomText(bool mayBeEmpty) {
+    static const std::string kCharacters = "abcXYZ 019,.;<>'\x80\xE4\xFF\\/=&%";
+    std::string text(mayBeEmpty ? "" : "t");
+    for (int length = Random(12); length > 0; --length) {
+      text += kCharacters[static_cast<std::size_t>(Random(static_cast<int>(kCharacters.size())))];
+    }
+    return text;
+  }
+
+  Entry RandomEntry() {
+    Entry entry{{RandomText(false), "news:" + RandomText(true), RandomText(true), RandomText(true),
+                 "", "0"},
+                ""};
+    entry.tag = entry.fields[1];
+    return entry;
+  }
+
+  void Compare() {
+    std::vector<std::string> lines;
+    std::vector<std::string> captions;
+    std::vector<std::string> tags;
+    for (const Entry& entry : model_) {
+      lines.push_back(entry.Line());
+      captions.push_back(entry.Caption());
+      tags.push_back(entry.tag);
+    }
+    ExpectSettled(lines);
+    EXPECT_EQ(Rows(), captions);
+    std::vector<std::string> hidden;
+    for (const RowState& row : State()) {
+      hidden.push_back(row.target);
+      EXPECT_EQ(row.icon, "0");
+    }
+    EXPECT_EQ(hidden, tags);
+    EXPECT_EQ(SelectedRow(), selected_);
+    EXPECT_EQ(Wizard(), nullptr);
+  }
+
+  void Select() {
+    if (!model_.empty()) {
+      selected_ = Random(static_cast<int>(model_.size()));
+      SelectRow(selected_);
+    }
+  }
+
+  void Move(int button, int step) {
+    Press(button);
+    const int other = selected_ + step;
+    if (selected_ >= 0 && other >= 0 && other < static_cast<int>(model_.size())) {
+      std::swap(At(selected_), At(other));
+      selected_ = other;
+    }
+  }
+
+  void Delete() {
+    Press(IDC_FORM2_COMMAND7);
+    if (selected_ >= 0) {
+      model_.erase(model_.begin() + selected_);
+      selected_ = -1;
+    }
+  }
+
+  void Separate() {
+    Press(IDC_FORM2_COMMAND9);
+    if (selected_ >= 0) {
+      model_.insert(model_.begin() + selected_, kSeparatorEntry);
+      // The list was read again, with the targets as the file has them.
+      for (Entry& entry : model_) {
+        entry.tag = entry.fields[1];
+      }
+      selected_ = -1;
+    }
+  }
+
+  void Add() {
+    const Entry entry = RandomEntry();
+    OpenAdd();
+    Finish(entry.fields[1], entry.fields[0], entry.fields[2], entry.fields[3]);
+    model_.push_back(entry);
+  }
+
+  void Edit() {
+    if (selected_ < 0) {
+      Press(IDC_FORM2_COMMAND3);
+      return;
+    }
+    const Entry entry = RandomEntry();
+    OpenEdit(selected_);
+    Entry& edited = At(selected_);
+    EXPECT_EQ(WizardText(IDC_FORM3_TEXT1), edited.fields[1]);
+    EXPECT_EQ(WizardText(IDC_FORM3_TEXT2), edited.fields[2]);
+    EXPECT_EQ(WizardText(IDC_FORM3_TEXT3), edited.fields[3]);
+    EXPECT_EQ(WizardText(IDC_FORM3_TEXT4), edited.fields[0]);
+    if (Random(4) == 0) {
+      PressWizard(IDC_FORM3_COMMAND2);
+      return;
+    }
+    Finish(entry.fields[1], entry.fields[0], entry.fields[2], entry.fields[3]);
+    std::copy(entry.fields.begin(), entry.fields.begin() + 4, edited.fields.begin());
+  }
+
+  void Drop() {
+    std::vector<std::wstring> paths;
+    for (int count = 1 + Random(3); count > 0; --count) {
+      const std::string name = "file" + std::to_string(Random(5));
+      WriteBytes(PathOf(name), "");
+      const std::string path = PathOf(name);
+      paths.emplace_back(path.begin(), path.end());
+      model_.push_back({{name, path, "", "", "", "0"}, path});
+    }
+    DragData* const data = DragData::Files(paths);
+    auto* const target =
+        static_cast<IDropTarget*>(GetPropA(Control(IDC_FORM2_LIST1), "OleDropTargetInterface"));
+    DWORD effect = DROPEFFECT_COPY;
+    target->DragEnter(data, 0, {}, &effect);
+    target->Drop(data, 0, {}, &effect);
+    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_COPY));
+    data->Release();
+  }
+
+  // Another start of the program on the same file.
+  void Restart() {
+    ASSERT_TRUE(Open(MenuBytes()));
+    selected_ = -1;
+    for (Entry& entry : model_) {
+      entry.tag = entry.fields[1];
+    }
+  }
+
+  Entry& At(int row) { return model_[static_cast<std::size_t>(row)]; }
+
+  std::vector<Entry> model_;
+  int selected_ = -1;
+
+ private:
+  std::mt19937 random_{GetParam()};
+};
+
+TEST_P(ListSequencesTest, FileAndWindowAreWhatTheModelSays) {
+  ASSERT_TRUE(OpenLines({}));
+  const std::vector<std::function<void()>> operations = {
+      [this] { Select(); },
+      [this] { Move(IDC_FORM2_COMMAND4, -1); },
+      [this] { Move(IDC_FORM2_COMMAND8, +1); },
+      [this] { Delete(); },
+      [this] { Separate(); },
+      [this] { Add(); },
+      [this] { Edit(); },
+      [this] { Drop(); },
+      [this] { Restart(); },
+  };
+  // How often each comes, of 27 steps.
+  const std::array<int, 9> shares = {8, 3, 3, 2, 2, 3, 3, 2, 1};
+  std::vector<std::size_t> draw;
+  for (std::size_t operation = 0; operation < shares.size(); ++operation) {
+    draw.insert(draw.end(), static_cast<std::size_t>(shares[operation]), operation);
+  }
+  for (int step = 0; step < 250 && !HasFailure(); ++step) {
+    const std::size_t operation =
+        draw[static_cast<std::size_t>(Random(static_cast<int>(draw.size())))];
+    SCOPED_TRACE("step " + std::to_string(step) + ", operation " + std::to_string(operation));
+    operations[operation]();
+    Compare();
+  }
+  EXPECT_GT(model_.size(), 10U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ListSequencesTest, ::testing::Values(1U, 2U, 3U));

@@ -1,0 +1,62 @@
+#include "tests/windows/list_test_base.h"
+
+#include <ostream>
+
+#include "win32/picture_box.h"
+
+std::ostream& operator<<(std::ostream& out, const RowState& row) {
+  return out << '{' << row.caption << ", " << row.icon << ", " << row.target << '}';
+}
+
+std::vector<RowState> ListTest::State() {
+  std::vector<RowState> state;
+  const std::vector<std::string> rows = Rows();
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    const int index = static_cast<int>(row);
+    state.push_back({rows[row], HiddenIcon(index), HiddenTag(index)});
+  }
+  return state;
+}
+
+void ListTest::ExpectSettled(const std::vector<std::string>& itemLines) {
+  EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu(itemLines));
+  ExpectNoScratchFiles();
+  EXPECT_TRUE(answers.Shown().empty());
+  EXPECT_TRUE(IsWindowEnabled(form().window()));
+}
+
+void ListTest::ExpectNoScratchFiles() {
+  EXPECT_FALSE(Exists(PathOf("temporaryfile")));
+  EXPECT_FALSE(Exists(PathOf("zoltempfileoktodelete")));
+}
+
+bool ListTest::PreviewIsClear() {
+  win32::PictureBox clear;
+  clear.Attach(Control(IDC_FORM2_ICONIC1));
+  return form().iconic1().BitmapFile() == clear.BitmapFile();
+}
+
+bool ListTest::TakeQuit() {
+  MSG message;
+  return PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && message.message == WM_QUIT;
+}
+
+std::string ListTest::IconLine(const std::string& caption, const std::string& target) {
+  return testing_menus::ItemLine(caption, target, "", "", ThisProgram(), "0");
+}
+
+std::string ListTest::ThisProgram() {
+  char path[MAX_PATH] = "";
+  GetModuleFileNameA(nullptr, path, MAX_PATH);
+  return path;
+}
+
+bool ListTest::IsIcon(const std::string& hiddenText) {
+  ICONINFO info{};
+  if (!GetIconInfo(editor::IconOfText(hiddenText), &info)) {
+    return false;
+  }
+  DeleteObject(info.hbmColor);
+  DeleteObject(info.hbmMask);
+  return true;
+}

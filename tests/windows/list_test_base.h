@@ -1,0 +1,48 @@
+#ifndef CORVALIS_TESTS_WINDOWS_LIST_TEST_BASE_H_
+#define CORVALIS_TESTS_WINDOWS_LIST_TEST_BASE_H_
+
+#include <string>
+#include <vector>
+
+#include "tests/windows/form2_test_base.h"
+
+inline const std::string kSeparatorRow(87, '-');
+
+// What a list row and its hidden row hold.
+struct RowState {
+  std::string caption;
+  std::string icon;  // the text of the hidden row
+  std::string target;
+
+  friend bool operator==(const RowState&, const RowState&) = default;
+};
+std::ostream& operator<<(std::ostream& out, const RowState& row);
+
+// A test of what changes the entries of a menu.
+class ListTest : public Form2Test {
+ protected:
+  bool OpenLines(const std::vector<std::string>& itemLines) {
+    return Open(testing_menus::UserDefinedMenu(itemLines));
+  }
+
+  std::vector<RowState> State();
+  std::string HiddenIcon(int row) { return form().items().Hidden(row).text; }
+  std::string HiddenTag(int row) { return form().items().Hidden(row).tag; }
+
+  // The file holds these entries and nothing else has changed in it; no scratch
+  // file is left; no message was shown; the window can be used.
+  void ExpectSettled(const std::vector<std::string>& itemLines);
+  void ExpectNoScratchFiles();
+
+  bool PreviewIsClear();
+
+  // Whether the program was told to end. It is not any more.
+  static bool TakeQuit();
+
+  // A line of an entry with an icon of its own, the first one of this program.
+  static std::string IconLine(const std::string& caption, const std::string& target);
+  static std::string ThisProgram();
+  static bool IsIcon(const std::string& hiddenText);
+};
+
+#endif  // CORVALIS_TESTS_WINDOWS_LIST_TEST_BASE_H_

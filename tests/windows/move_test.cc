@@ -1,0 +1,193 @@
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "tests/windows/list_test_base.h"
+
+using testing_menus::ItemLine;
+using testing_menus::kSeparatorLine;
+
+namespace {
+
+constexpr int kMoveUp = IDC_FORM2_COMMAND4;
+constexpr int kMoveDown = IDC_FORM2_COMMAND8;
+
+const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a", "C:\\", "", "0");
+const std::string kB = ItemLine("Beta", "C:\\b.exe", "/b \x80\xFF", "D:\\work", "C:\\x.ico", "7");
+const std::string kC = ItemLine("Gamma, with comma", "C:\\c.exe");
+
+const RowState kRowA{"Alpha", "0", "C:\\a.exe"};
+const RowState kRowC{"Gamma, with comma", "0", "C:\\c.exe"};
+
+// Counts the messages that change the rows of a list box.
+LRESULT CALLBACK CountChanges(HWND list, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
+                              DWORD_PTR count) {
+  const bool changes = message == LB_DELETESTRING || message == LB_INSERTSTRING ||
+                       message == LB_ADDSTRING || message == LB_RESETCONTENT ||
+                       message == LB_SETITEMDATA;
+  if (changes) {
+    ++*reinterpret_cast<int*>(count);
+  }
+  return DefSubclassProc(list, message, wide, data);
+}
+
+}  // namespace
+
+class MoveTest : public ListTest {};
+
+TEST_F(MoveTest, UpExchangesTheEntryWithTheOneAbove) {
+  ASSERT_TRUE(OpenLines({kA, kSeparatorLine, kC}));
+  SelectRow(2);
+  Press(kMoveUp);
+  ExpectSettled({kA, kC, kSeparatorLine});
+  EXPECT_EQ(State(), (std::vector<RowState>{kRowA, kRowC, {kSeparatorRow, "0", ""}}));
+  EXPECT_EQ(SelectedRow(), 1);
+}
+
+TEST_F(MoveTest, DownExchangesTheEntryWithTheOneBelow) {
+  ASSERT_TRUE(OpenLines({kA, kSeparatorLine, kC}));
+  SelectRow(0);
+  Press(kMoveDown);
+  ExpectSettled({kSeparatorLine, kA, kC});
+  EXPECT_EQ(State(), (std::vector<RowState>{{kSeparatorRow, "0", ""}, kRowA, kRowC}));
+  EXPECT_EQ(SelectedRow(), 1);
+}
+
+TEST_F(MoveTest, ToBothEndsAndNoFurther) {
+  ASSERT_TRUE(OpenLines({kA, kB, kC}));
+  SelectRow(1);
+  Press(kMoveUp);
+  ExpectSettled({kB, kA, kC});
+  EXPECT_EQ(SelectedRow(), 0);
+  Press(kMoveUp);
+  ExpectSettled({kB, kA, kC});
+  EXPECT_EQ(SelectedRow(), 0);
+  Press(kMoveDown);
+  Press(kMoveDown);
+  ExpectSettled({kA, kC, kB});
+  EXPECT_EQ(SelectedRow(), 2);
+  Press(kMoveDown);
+  ExpectSettled({kA, kC, kB});
+  EXPECT_EQ(SelectedRow(), 2);
+}
+
+TEST_F(MoveTest, UpAndDownAgainGivesTheSameBytes) {
+  ASSERT_TRUE(OpenLines({kA, kB, kSeparatorLine, kC}));
+  const std::vector<RowState> before = State();
+  for (int row = 1; row < 4; ++row) {
+    SelectRow(row);
+    Press(kMoveUp);
+    EXPECT_NE(State(), before);
+    Press(kMoveDown);
+    ExpectSettled({kA, kB, kSeparatorLine, kC});
+    EXPECT_EQ(State(), before);
+    EXPECT_EQ(SelectedRow(), row);
+  }
+}
+
+TEST_F(MoveTest, NothingSelectedDoesNothing) {
+  // A file that no rewrite would leave as it is.
+  const std::string menu = testing_menus::UserDefinedMenu({kA, " " + kC});
+  ASSERT_TRUE(Open(menu));
+  Press(kMoveUp);
+  Press(kMoveDown);
+  EXPECT_EQ(MenuBytes(), menu);
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", "Gamma, with comma"}));
+  EXPECT_EQ(SelectedRow(), -1);
+}
+
+TEST_F(MoveTest, TheEndsAreNotRewritten) {
+  const std::string menu = testing_menus::UserDefinedMenu({" " + kA, " " + kC});
+  ASSERT_TRUE(Open(menu));
+  SelectRow(0);
+  Press(kMoveUp);
+  SelectRow(1);
+  Press(kMoveDown);
+  EXPECT_EQ(MenuBytes(), menu);
+  // A move that is one does rewrite it.
+  Press(kMoveUp);
+  ExpectSettled({kC, kA});
+}
+
+TEST_F(MoveTest, ASingleRowStays) {
+  const std::string menu = testing_menus::UserDefinedMenu({" " + kA});
+  ASSERT_TRUE(Open(menu));
+  SelectRow(0);
+  Press(kMoveUp);
+  Press(kMoveDown);
+  EXPECT_EQ(MenuBytes(), menu);
+  EXPECT_EQ(State(), std::vector<RowState>{kRowA});
+  EXPECT_EQ(SelectedRow(), 0);
+}
+
+TEST_F(MoveTest, IconsTravelWithTheirRows) {
+  ASSERT_TRUE(OpenLines({IconLine("With", "C:\\with"), ItemLine("Without", "C:\\without")}));
+  const std::string icon = HiddenIcon(0);
+  ASSERT_TRUE(IsIcon(icon));
+  SelectRow(1);
+  const std::string previewOfWithout = form().iconic1().BitmapFile();
+  SelectRow(0);
+  const std::string previewOfWith = form().iconic1().BitmapFile();
+  ASSERT_NE(previewOfWith, previewOfWithout);
+  SelectRow(1);
+  Press(kMoveUp);
+  EXPECT_EQ(State(),
+            (std::vector<RowState>{{"Without", "0", "C:\\without"}, {"With", icon, "C:\\with"}}));
+  EXPECT_TRUE(IsIcon(icon));
+  EXPECT_EQ(form().iconic1().BitmapFile(), previewOfWithout);
+}
+
+TEST_F(MoveTest, ThePreviewShowsTheMovedEntry) {
+  ASSERT_TRUE(OpenLines({IconLine("With", "C:\\with"), ItemLine("Without", "C:\\without")}));
+  SelectRow(0);
+  const std::string preview = form().iconic1().BitmapFile();
+  // As if something else had been drawn: the move draws it again.
+  form().iconic1().Clear();
+  Press(kMoveDown);
+  EXPECT_EQ(SelectedRow(), 1);
+  EXPECT_EQ(form().iconic1().BitmapFile(), preview);
+}
+
+TEST_F(MoveTest, TenThousandRows) {
+  std::vector<std::string> lines;
+  for (int row = 0; row < 10000; ++row) {
+    lines.push_back(ItemLine("Entry " + std::to_string(row), "C:\\" + std::to_string(row)));
+  }
+  ASSERT_TRUE(OpenLines(lines));
+  const HWND list = Control(IDC_FORM2_LIST1);
+  SelectRow(5000);
+  SendMessageA(list, LB_SETTOPINDEX, 4995, 0);
+  int changes = 0;
+  SetWindowSubclass(list, CountChanges, 1, reinterpret_cast<DWORD_PTR>(&changes));
+  Press(kMoveUp);
+  Press(kMoveDown);
+  Press(kMoveDown);
+  RemoveWindowSubclass(list, CountChanges, 1);
+  EXPECT_LE(changes, 3 * 4);
+  EXPECT_GE(changes, 3 * 2);
+  EXPECT_EQ(SendMessageA(list, LB_GETTOPINDEX, 0, 0), 4995);
+  EXPECT_EQ(SelectedRow(), 5001);
+  std::swap(lines[5000], lines[5001]);
+  ExpectSettled(lines);
+  EXPECT_EQ(Rows()[5001], "Entry 5000");
+  EXPECT_EQ(Rows()[5000], "Entry 5001");
+  EXPECT_EQ(HiddenTag(5001), "C:\\5000");
+  EXPECT_EQ(HiddenTag(5000), "C:\\5001");
+}
+
+TEST_F(MoveTest, TheLastOfManyRowsKeepsItsPlaceOnTheScreen) {
+  std::vector<std::string> lines;
+  for (int row = 0; row < 200; ++row) {
+    lines.push_back(ItemLine("Entry " + std::to_string(row), "C:\\" + std::to_string(row)));
+  }
+  ASSERT_TRUE(OpenLines(lines));
+  const HWND list = Control(IDC_FORM2_LIST1);
+  SelectRow(199);
+  const LRESULT top = SendMessageA(list, LB_GETTOPINDEX, 0, 0);
+  ASSERT_GT(top, 100);
+  Press(kMoveUp);
+  EXPECT_EQ(SendMessageA(list, LB_GETTOPINDEX, 0, 0), top);
+  EXPECT_EQ(SelectedRow(), 198);
+}

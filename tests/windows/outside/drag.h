@@ -1,0 +1,29 @@
+#ifndef CORVALIS_TESTS_WINDOWS_OUTSIDE_DRAG_H_
+#define CORVALIS_TESTS_WINDOWS_OUTSIDE_DRAG_H_
+
+#include <windows.h>
+
+#include <ole2.h>
+
+#include <string>
+
+#include "tests/windows/drag_data.h"
+
+namespace outside {
+
+// How a drag ended.
+struct DragResult {
+  bool begun = false;    // the mouse button reached the source
+  bool dropped = false;  // and not cancelled
+  DWORD effect = DROPEFFECT_NONE;
+  // The effect that the target showed while the pointer was above it.
+  DWORD shownEffect = DROPEFFECT_NONE;
+};
+
+// Drags the data with the mouse from a window of this process to the middle of
+// `target`, which may be of any process, and lets go. The data is released.
+DragResult DragTo(HWND target, DragData* data);
+
+}  // namespace outside
+
+#endif  // CORVALIS_TESTS_WINDOWS_OUTSIDE_DRAG_H_

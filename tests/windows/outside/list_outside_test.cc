@@ -1,0 +1,208 @@
+#include "tests/windows/outside/drag.h"
+#include "tests/windows/outside/outside_test_base.h"
+
+using outside::WaitUntil;
+using testing_menus::ItemLine;
+using testing_menus::kSeparatorLine;
+using testing_menus::UserDefinedMenu;
+
+namespace {
+
+// Controls of the standard file dialog.
+constexpr int kFileNameWithList = 0x47C;
+constexpr int kFileName = 0x480;
+
+const std::string kSeparatorRow(87, '-');
+const std::string kA = ItemLine("Alpha", "C:\\windows\\notepad.exe", "-a", "C:\\");
+const std::string kB = ItemLine("Beta", "C:\\windows", "", "", "C:\\x.ico", "7");
+
+std::wstring Wide(const std::string& text) { return {text.begin(), text.end()}; }
+
+}  // namespace
+
+class ListOutsideTest : public OutsideTest {
+ protected:
+  // Presses a button of Form2 that opens the wizard.
+  HWND OpenWizard(int buttonId) {
+    outside::Click(form2(), buttonId);
+    return program().WaitFor("Form3");
+  }
+
+  // Presses Next > and waits for the second page.
+  void Next(HWND wizard) {
+    outside::Click(wizard, IDC_FORM3_COMMAND1);
+    EXPECT_TRUE(
+        WaitUntil([&] { return IsWindowVisible(GetDlgItem(wizard, IDC_FORM3_TEXT4)) != FALSE; }));
+  }
+
+  void Finish(HWND wizard) {
+    outside::Click(wizard, IDC_FORM3_COMMAND5);
+    EXPECT_TRUE(program().WaitUntilGone("Form3"));
+    EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(form2()) != FALSE; }));
+    EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == form2(); }));
+  }
+};
+
+TEST_F(ListOutsideTest, AddsThroughTheWizardWithBrowse) {
+  WriteBytes(PathOf("chosen program.exe"), "");
+  Start(UserDefinedMenu({kA}));
+  const HWND wizard = OpenWizard(IDC_FORM2_COMMAND2);
+  ASSERT_NE(wizard, nullptr);
+  EXPECT_TRUE(WaitUntil([&] { return !IsWindowEnabled(form2()); }));
+  EXPECT_EQ(outside::Text(wizard), "New Shortcut");
+
+  outside::Click(wizard, IDC_FORM3_COMMAND3);
+  const HWND dialog = program().WaitFor("#32770");
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_EQ(outside::Text(dialog), "Select Program");
+  const bool withList = GetDlgItem(dialog, kFileNameWithList) != nullptr;
+  outside::Type(dialog, withList ? kFileNameWithList : kFileName, PathOf("chosen program.exe"));
+  outside::Click(dialog, IDOK);
+  ASSERT_TRUE(program().WaitUntilGone("#32770"));
+  EXPECT_TRUE(WaitUntil(
+      [&] { return outside::Text(wizard, IDC_FORM3_TEXT1) == PathOf("chosen program.exe"); }));
+
+  outside::Type(wizard, IDC_FORM3_TEXT2, "-some -arguments");
+  outside::Type(wizard, IDC_FORM3_TEXT3, folder());
+  Next(wizard);
+  EXPECT_EQ(outside::Text(wizard, IDC_FORM3_TEXT4), "chosen program.exe");
+  outside::Type(wizard, IDC_FORM3_TEXT4, "A friendly name");
+  Finish(wizard);
+
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", "A friendly name"}));
+  EXPECT_EQ(MenuBytes(),
+            UserDefinedMenu({kA, ItemLine("A friendly name", PathOf("chosen program.exe"),
+                                          "-some -arguments", folder())}));
+  ExpectCleanEnd();
+}
+
+TEST_F(ListOutsideTest, EditsMovesDeletesAndSeparates) {
+  Start(UserDefinedMenu({kA, kB}));
+  outside::SelectRow(List(), 0);
+  const HWND wizard = OpenWizard(IDC_FORM2_COMMAND3);
+  ASSERT_NE(wizard, nullptr);
+  EXPECT_TRUE(WaitUntil([&] { return outside::Text(wizard, IDC_FORM3_TEXT4) == "Alpha"; }));
+  EXPECT_EQ(outside::Text(wizard, IDC_FORM3_TEXT2), "-a");
+  outside::Type(wizard, IDC_FORM3_TEXT2, "-b");
+  Next(wizard);
+  Finish(wizard);
+  const std::string edited = ItemLine("Alpha", "C:\\windows\\notepad.exe", "-b", "C:\\");
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({edited, kB}));
+
+  Press(IDC_FORM2_COMMAND8);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kB, edited}));
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"Beta", "Alpha"}));
+  EXPECT_EQ(outside::SelectedRow(List()), 1);
+
+  Press(IDC_FORM2_COMMAND9);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kB, kSeparatorLine, edited}));
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"Beta", kSeparatorRow, "Alpha"}));
+  EXPECT_EQ(outside::SelectedRow(List()), -1);
+
+  outside::SelectRow(List(), 2);
+  Press(IDC_FORM2_COMMAND4);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kB, edited, kSeparatorLine}));
+  EXPECT_EQ(outside::SelectedRow(List()), 1);
+
+  outside::SelectRow(List(), 0);
+  Press(IDC_FORM2_COMMAND7);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({edited, kSeparatorLine}));
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", kSeparatorRow}));
+  EXPECT_EQ(outside::SelectedRow(List()), -1);
+  ExpectCleanEnd();
+}
+
+TEST_F(ListOutsideTest, TwoFilesDraggedFromAnotherProcess) {
+  WriteBytes(PathOf("second in the folder.txt"), "");
+  WriteBytes(PathOf("a first.txt"), "");
+  Start(UserDefinedMenu({kA}));
+  const outside::DragResult result = outside::DragTo(
+      List(),
+      DragData::Files({Wide(PathOf("second in the folder.txt")), Wide(PathOf("a first.txt"))}));
+  EXPECT_TRUE(result.begun);
+  EXPECT_TRUE(result.dropped);
+  EXPECT_EQ(result.shownEffect, static_cast<DWORD>(DROPEFFECT_COPY));
+  EXPECT_EQ(result.effect, static_cast<DWORD>(DROPEFFECT_COPY));
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", "second in the folder.txt", "a first.txt"}));
+  EXPECT_EQ(
+      MenuBytes(),
+      UserDefinedMenu({kA, ItemLine("second in the folder.txt", PathOf("second in the folder.txt")),
+                       ItemLine("a first.txt", PathOf("a first.txt"))}));
+  ExpectCleanEnd();
+}
+
+TEST_F(ListOutsideTest, DraggedTextIsRefused) {
+  Start(UserDefinedMenu({kA}));
+  const outside::DragResult result =
+      outside::DragTo(List(), DragData::Text(L"C:\\windows\\notepad.exe"));
+  EXPECT_TRUE(result.begun);
+  EXPECT_EQ(result.shownEffect, static_cast<DWORD>(DROPEFFECT_NONE));
+  EXPECT_EQ(result.effect, static_cast<DWORD>(DROPEFFECT_NONE));
+  EXPECT_EQ(Rows(), std::vector<std::string>{"Alpha"});
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kA}));
+  ExpectCleanEnd();
+}
+
+TEST_F(ListOutsideTest, FilesAreRefusedWhileTheWizardIsOpen) {
+  Start(UserDefinedMenu({kA}));
+  const HWND wizard = OpenWizard(IDC_FORM2_COMMAND2);
+  ASSERT_NE(wizard, nullptr);
+  EXPECT_TRUE(WaitUntil([&] { return !IsWindowEnabled(form2()); }));
+  // Out of the way of the list.
+  SetWindowPos(wizard, nullptr, 700, 700, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  const outside::DragResult result =
+      outside::DragTo(List(), DragData::Files({L"C:\\windows\\notepad.exe"}));
+  EXPECT_TRUE(result.begun);
+  EXPECT_EQ(result.effect, static_cast<DWORD>(DROPEFFECT_NONE));
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kA}));
+  outside::CloseWindow(wizard);
+  EXPECT_TRUE(program().WaitUntilGone("Form3"));
+  EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(form2()) != FALSE; }));
+  ExpectCleanEnd();
+}
+
+TEST_F(ListOutsideTest, AMenuFileThatAnotherProcessHolds) {
+  Start(UserDefinedMenu({kA, kB}));
+  const HANDLE lock = CreateFileA(MenuPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                  OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+  outside::SelectRow(List(), 0);
+  Press(IDC_FORM2_COMMAND8);
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"Beta", "Alpha"}));
+  EXPECT_EQ(program().Find("#32770"), nullptr);
+  const HWND wizard = OpenWizard(IDC_FORM2_COMMAND2);
+  ASSERT_NE(wizard, nullptr);
+  outside::Type(wizard, IDC_FORM3_TEXT1, "news:x");
+  Next(wizard);
+  outside::Type(wizard, IDC_FORM3_TEXT4, "X");
+  outside::Click(wizard, IDC_FORM3_COMMAND5);
+  // Nothing is to be seen of the failure, so there is nothing to wait for.
+  Sleep(500);
+  EXPECT_EQ(program().Find("Form3"), wizard);
+  EXPECT_EQ(program().Find("#32770"), nullptr);
+  CloseHandle(lock);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kA, kB}));
+  Finish(wizard);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kA, kB, ItemLine("X", "news:x")}));
+  ExpectCleanEnd();
+}
+
+TEST_F(ListOutsideTest, TheMessageOfNextCanBeReadAndClosed) {
+  Start(UserDefinedMenu({}));
+  const HWND wizard = OpenWizard(IDC_FORM2_COMMAND2);
+  ASSERT_NE(wizard, nullptr);
+  outside::Type(wizard, IDC_FORM3_TEXT1, "https://example.org");
+  outside::Click(wizard, IDC_FORM3_COMMAND1);
+  const HWND box = program().WaitFor("#32770");
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(outside::Text(box), "Error!");
+  EXPECT_EQ(outside::Text(box, 0xFFFF),
+            "File https://example.org cannot be accessed. Please check the path.");
+  EXPECT_NE(outside::TakeScreenshot("message_of_next"), "");
+  outside::CloseWindow(box);
+  EXPECT_TRUE(program().WaitUntilGone("#32770"));
+  EXPECT_TRUE(IsWindowVisible(GetDlgItem(wizard, IDC_FORM3_TEXT1)));
+  outside::CloseWindow(wizard);
+  EXPECT_TRUE(program().WaitUntilGone("Form3"));
+  ExpectCleanEnd();
+}

@@ -1,0 +1,48 @@
+#ifndef CORVALIS_TESTS_WINDOWS_OUTSIDE_OUTSIDE_TEST_BASE_H_
+#define CORVALIS_TESTS_WINDOWS_OUTSIDE_OUTSIDE_TEST_BASE_H_
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "resources/resource.h"
+#include "tests/windows/menu_bytes.h"
+#include "tests/windows/outside/program.h"
+
+// Starts the program on a menu file in a temporary folder, which is also its
+// current directory.
+class OutsideTest : public ::testing::Test {
+ protected:
+  OutsideTest();
+  ~OutsideTest() override;
+
+  // Writes the menu file and waits for the window on it.
+  void Start(const std::string& menuBytes);
+  outside::Program& program() { return *program_; }
+  HWND form2() const { return form2_; }
+  HWND Control(int id) const { return GetDlgItem(form2_, id); }
+  HWND List() const { return Control(IDC_FORM2_LIST1); }
+  std::vector<std::string> Rows() const { return outside::ListRows(List()); }
+
+  // Presses a button of Form2 and waits until it has done its work. Not for
+  // those that open a dialog box.
+  void Press(int buttonId);
+
+  // Closes the window; the program ends with exit code 0 and leaves nothing.
+  void ExpectCleanEnd();
+
+  const std::string& folder() const { return folder_; }
+  std::string PathOf(const std::string& name) const { return folder_ + "\\" + name; }
+  std::string MenuPath() const { return PathOf("test.menu"); }
+  std::string MenuBytes() const;
+  static void WriteBytes(const std::string& path, const std::string& bytes);
+
+ private:
+  std::string folder_;
+  std::unique_ptr<outside::Program> program_;
+  HWND form2_ = nullptr;
+};
+
+#endif  // CORVALIS_TESTS_WINDOWS_OUTSIDE_OUTSIDE_TEST_BASE_H_

@@ -1,0 +1,171 @@
+#include "tests/windows/outside/program.h"
+
+#include <iterator>
+
+namespace outside {
+namespace {
+
+std::string OwnFolder() {
+  char path[MAX_PATH] = "";
+  GetModuleFileNameA(nullptr, path, MAX_PATH);
+  const std::string own = path;
+  return own.substr(0, own.find_last_of('\\'));
+}
+
+// The folder of this program is tests\windows\outside below the editor's.
+std::string EditorPath() {
+  char path[MAX_PATH] = "";
+  GetFullPathNameA((OwnFolder() + "\\..\\..\\..\\CorvalisEdit.exe").c_str(), MAX_PATH, path,
+                   nullptr);
+  return path;
+}
+
+struct Search {
+  DWORD process;
+  std::string windowClass;
+  HWND found;
+};
+
+BOOL CALLBACK Look(HWND window, LPARAM data) {
+  Search& search = *reinterpret_cast<Search*>(data);
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  char name[64] = "";
+  GetClassNameA(window, name, sizeof name);
+  if (process == search.process && IsWindowVisible(window) && name == search.windowClass) {
+    search.found = window;
+    return FALSE;
+  }
+  return TRUE;
+}
+
+// A window that hangs must not make the test hang.
+LRESULT Send(HWND window, UINT message, WPARAM wide, LPARAM data) {
+  DWORD_PTR result = 0;
+  SendMessageTimeoutA(window, message, wide, data, SMTO_NORMAL, kPatience, &result);
+  return static_cast<LRESULT>(result);
+}
+
+}  // namespace
+
+bool WaitUntil(const std::function<bool()>& condition, DWORD milliseconds) {
+  const ULONGLONG end = GetTickCount64() + milliseconds;
+  while (!condition()) {
+    if (GetTickCount64() > end) {
+      return false;
+    }
+    Sleep(20);
+  }
+  return true;
+}
+
+Program::Program(const std::string& menuPath, const std::string& folder) {
+  std::string commandLine = "\"" + EditorPath() + "\" \"" + menuPath + "\"";
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  CreateProcessA(EditorPath().c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                 folder.c_str(), &startup, &process_);
+}
+
+Program::~Program() {
+  if (Started()) {
+    if (!WaitForExit(0)) {
+      TerminateProcess(process_.hProcess, 0xDEAD);
+      WaitForSingleObject(process_.hProcess, kPatience);
+    }
+    CloseHandle(process_.hThread);
+    CloseHandle(process_.hProcess);
+  }
+}
+
+HWND Program::Find(const std::string& windowClass) const {
+  Search search{process_.dwProcessId, windowClass, nullptr};
+  EnumWindows(Look, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+HWND Program::WaitFor(const std::string& windowClass) const {
+  HWND window = nullptr;
+  WaitUntil([&] { return (window = Find(windowClass)) != nullptr || WaitForExit(0); });
+  return window;
+}
+
+bool Program::WaitUntilGone(const std::string& windowClass) const {
+  return WaitUntil([&] { return Find(windowClass) == nullptr; });
+}
+
+std::optional<DWORD> Program::WaitForExit(DWORD milliseconds) const {
+  DWORD code = 0;
+  if (WaitForSingleObject(process_.hProcess, milliseconds) != WAIT_OBJECT_0 ||
+      !GetExitCodeProcess(process_.hProcess, &code)) {
+    return std::nullopt;
+  }
+  return code;
+}
+
+void Click(HWND window, int buttonId) {
+  PostMessageA(GetDlgItem(window, buttonId), BM_CLICK, 0, 0);
+}
+
+void Type(HWND window, int editId, const std::string& text) {
+  Send(GetDlgItem(window, editId), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+std::string Text(HWND window) {
+  char text[4096] = "";
+  Send(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
+  return text;
+}
+
+std::string Text(HWND window, int id) { return Text(GetDlgItem(window, id)); }
+
+// The text of a row comes from another process only by the wide function.
+std::vector<std::string> ListRows(HWND list) {
+  std::vector<std::string> rows;
+  const LRESULT count = Send(list, LB_GETCOUNT, 0, 0);
+  for (LRESULT row = 0; row < count; ++row) {
+    wchar_t wide[4096] = L"";
+    SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(wide));
+    char text[4096] = "";
+    WideCharToMultiByte(CP_ACP, 0, wide, -1, text, sizeof text, nullptr, nullptr);
+    rows.push_back(text);
+  }
+  return rows;
+}
+
+int SelectedRow(HWND list) { return static_cast<int>(Send(list, LB_GETCURSEL, 0, 0)); }
+
+void SelectRow(HWND list, int row) {
+  Send(list, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
+  Send(GetParent(list), WM_COMMAND,
+       MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(list)), LBN_SELCHANGE),
+       reinterpret_cast<LPARAM>(list));
+}
+
+void CloseWindow(HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0); }
+
+// Wine runs programs of the system below it, too.
+std::string TakeScreenshot(const std::string& name) {
+  const std::string folder = OwnFolder();
+  const std::string picture = folder + "\\" + name + ".png";
+  DeleteFileA(picture.c_str());
+  std::string commandLine = "Z:\\usr\\bin\\import -silent -window root " + name + ".png";
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                      folder.c_str(), &startup, &process)) {
+    return {};
+  }
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  // Its process cannot be waited for.
+  const auto isComplete = [&] {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    return GetFileAttributesExA(picture.c_str(), GetFileExInfoStandard, &data) &&
+           data.nFileSizeLow > 0;
+  };
+  return WaitUntil(isComplete) ? picture : std::string();
+}
+
+}  // namespace outside

@@ -1,0 +1,63 @@
+#ifndef CORVALIS_TESTS_WINDOWS_OUTSIDE_PROGRAM_H_
+#define CORVALIS_TESTS_WINDOWS_OUTSIDE_PROGRAM_H_
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+// The finished program, used from another process as its user does. All that
+// waits gives up in the end: what is waited for is then missing in the result.
+namespace outside {
+
+inline constexpr DWORD kPatience = 20000;  // in milliseconds
+
+// Polls until the condition holds; false when it does not in time.
+bool WaitUntil(const std::function<bool()>& condition, DWORD milliseconds = kPatience);
+
+// A running editor. It is ended with this object, if not before.
+class Program {
+ public:
+  // Starts it on a menu file, with `folder` as its current directory.
+  Program(const std::string& menuPath, const std::string& folder);
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  bool Started() const { return process_.hProcess != nullptr; }
+
+  // A visible window of the program of that class ("Form2", or "#32770" for
+  // dialogs and message boxes); nullptr when there is none.
+  HWND Find(const std::string& windowClass) const;
+  HWND WaitFor(const std::string& windowClass) const;
+  bool WaitUntilGone(const std::string& windowClass) const;
+
+  // Nothing when it goes on running.
+  std::optional<DWORD> WaitForExit(DWORD milliseconds = kPatience) const;
+
+ private:
+  PROCESS_INFORMATION process_{};
+};
+
+// Works on windows of other processes. Click() returns at once, so that what it
+// opens can be dealt with; the others return when the window has done it.
+void Click(HWND window, int buttonId);
+void Type(HWND window, int editId, const std::string& text);
+std::string Text(HWND window);
+std::string Text(HWND window, int id);
+std::vector<std::string> ListRows(HWND list);
+int SelectedRow(HWND list);
+// As by a click on the row.
+void SelectRow(HWND list, int row);
+// Asks the window to close, as its close box does.
+void CloseWindow(HWND window);
+
+// Saves a picture of the whole screen as a file below the test program's folder
+// and returns its path; empty when there is none.
+std::string TakeScreenshot(const std::string& name);
+
+}  // namespace outside
+
+#endif  // CORVALIS_TESTS_WINDOWS_OUTSIDE_PROGRAM_H_

@@ -1,0 +1,129 @@
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "tests/windows/list_test_base.h"
+
+using testing_menus::ItemLine;
+using testing_menus::kSeparatorLine;
+
+namespace {
+
+constexpr int kSeparator = IDC_FORM2_COMMAND9;
+
+const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a", "C:\\");
+const std::string kB = ItemLine("Beta", "C:\\b.exe");
+const RowState kRowA{"Alpha", "0", "C:\\a.exe"};
+const RowState kRowB{"Beta", "0", "C:\\b.exe"};
+const RowState kRowSeparator{kSeparatorRow, "0", ""};
+
+}  // namespace
+
+class SeparatorTest : public ListTest {};
+
+TEST_F(SeparatorTest, GoesInFrontOfTheSelectedRow) {
+  ASSERT_TRUE(OpenLines({kA, kB}));
+  SelectRow(1);
+  Press(kSeparator);
+  ExpectSettled({kA, kSeparatorLine, kB});
+  EXPECT_EQ(State(), (std::vector<RowState>{kRowA, kRowSeparator, kRowB}));
+  EXPECT_EQ(SelectedRow(), -1);
+  EXPECT_TRUE(PreviewIsClear());
+}
+
+TEST_F(SeparatorTest, GoesToTheTop) {
+  ASSERT_TRUE(OpenLines({kA}));
+  SelectRow(0);
+  Press(kSeparator);
+  ExpectSettled({kSeparatorLine, kA});
+  EXPECT_EQ(State(), (std::vector<RowState>{kRowSeparator, kRowA}));
+}
+
+TEST_F(SeparatorTest, StandsNextToAnother) {
+  ASSERT_TRUE(OpenLines({kA, kSeparatorLine, kB}));
+  SelectRow(1);
+  Press(kSeparator);
+  ExpectSettled({kA, kSeparatorLine, kSeparatorLine, kB});
+  EXPECT_EQ(State(), (std::vector<RowState>{kRowA, kRowSeparator, kRowSeparator, kRowB}));
+  EXPECT_EQ(SelectedRow(), -1);
+}
+
+TEST_F(SeparatorTest, NothingSelectedDoesNothing) {
+  const std::string menu = testing_menus::UserDefinedMenu({" " + kA, kB});
+  ASSERT_TRUE(Open(menu));
+  form().iconic1().Draw(LoadIconA(nullptr, MAKEINTRESOURCEA(32512)));  // any
+  Press(kSeparator);
+  EXPECT_EQ(MenuBytes(), menu);
+  EXPECT_EQ(State(), (std::vector<RowState>{kRowA, kRowB}));
+  EXPECT_FALSE(PreviewIsClear());
+}
+
+TEST_F(SeparatorTest, ReloadsTheRowsFromTheFile) {
+  ASSERT_TRUE(OpenLines({IconLine("With", "C:\\with"), kB}));
+  const std::string icon = HiddenIcon(0);
+  ASSERT_TRUE(IsIcon(icon));
+  // What the window holds and the file does not is gone afterwards.
+  form().items().Hidden(1).tag = "C:\\elsewhere";
+  SelectRow(1);
+  Press(kSeparator);
+  ExpectSettled({IconLine("With", "C:\\with"), kSeparatorLine, kB});
+  EXPECT_EQ(HiddenTag(2), "C:\\b.exe");
+  // The old icon is not released, and the new one is another.
+  EXPECT_TRUE(IsIcon(icon));
+  EXPECT_TRUE(IsIcon(HiddenIcon(0)));
+  EXPECT_NE(HiddenIcon(0), icon);
+}
+
+TEST_F(SeparatorTest, ShowsWhatElseHasChangedInTheFile) {
+  ASSERT_TRUE(OpenLines({kA}));
+  WriteBytes(MenuPath(), testing_menus::UserDefinedMenu({kA, kB}, "1,\"Arial\",10,-1,0\r\n"));
+  SelectRow(0);
+  Press(kSeparator);
+  EXPECT_EQ(MenuBytes(),
+            testing_menus::UserDefinedMenu({kSeparatorLine, kA, kB}, "1,\"Arial\",10,-1,0\r\n"));
+  EXPECT_EQ(State(), (std::vector<RowState>{kRowSeparator, kRowA, kRowB}));
+  EXPECT_TRUE(IsChecked(IDC_FORM2_CHECK1));
+}
+
+TEST_F(SeparatorTest, DrawsTenThousandRowsOnceAndStaysWhereItWas) {
+  std::vector<std::string> lines;
+  for (int row = 0; row < 10000; ++row) {
+    lines.push_back(ItemLine("Entry " + std::to_string(row), "C:\\" + std::to_string(row)));
+  }
+  ASSERT_TRUE(OpenLines(lines));
+  ShowWindow(form().window(), SW_SHOWNA);
+  RunMessages();
+  const HWND list = Control(IDC_FORM2_LIST1);
+  SelectRow(5000);
+  SendMessageA(list, LB_SETTOPINDEX, 4995, 0);
+  RunMessages();
+  // Whether the list would paint while it is filled.
+  struct Seen {
+    int paints = 0;
+    int rowsAddedWhileDrawing = 0;
+    bool draws = true;
+  } seen;
+  const auto watch = [](HWND window, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
+                        DWORD_PTR context) -> LRESULT {
+    Seen& what = *reinterpret_cast<Seen*>(context);
+    if (message == WM_SETREDRAW) {
+      what.draws = wide != FALSE;
+    }
+    what.paints += message == WM_PAINT;
+    what.rowsAddedWhileDrawing += message == LB_INSERTSTRING && what.draws;
+    return DefSubclassProc(window, message, wide, data);
+  };
+  SetWindowSubclass(list, watch, 1, reinterpret_cast<DWORD_PTR>(&seen));
+  SendMessageA(Control(kSeparator), BM_CLICK, 0, 0);
+  EXPECT_EQ(seen.paints, 0);
+  EXPECT_EQ(seen.rowsAddedWhileDrawing, 0);
+  EXPECT_TRUE(seen.draws);
+  UpdateWindow(list);
+  EXPECT_EQ(seen.paints, 1);
+  RemoveWindowSubclass(list, watch, 1);
+  lines.insert(lines.begin() + 5000, kSeparatorLine);
+  ExpectSettled(lines);
+  EXPECT_EQ(Rows().size(), 10001U);
+  EXPECT_EQ(Rows()[5000], kSeparatorRow);
+  EXPECT_EQ(SendMessageA(list, LB_GETTOPINDEX, 0, 0), 4995);
+}

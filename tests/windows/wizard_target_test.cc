@@ -1,0 +1,202 @@
+#include "tests/windows/wizard_test_base.h"
+#include "win32/form.h"
+
+namespace {
+
+constexpr int kNext = IDC_FORM3_COMMAND1;
+constexpr int kBrowse = IDC_FORM3_COMMAND3;
+constexpr int kTarget = IDC_FORM3_TEXT1;
+
+}  // namespace
+
+// What the first page accepts, and its Browse button.
+class WizardTargetTest : public WizardTestBase {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(OpenLines({}));
+    OpenAdd();
+  }
+
+  void ExpectAccepted(const std::string& target) {
+    SCOPED_TRACE(target);
+    TypeWizard(kTarget, target);
+    PressWizard(kNext);
+    EXPECT_TRUE(answers.Shown().empty());
+    ExpectNamePage();
+    PressWizard(IDC_FORM3_COMMAND4);
+  }
+
+  void ExpectRefused(const std::string& target) {
+    SCOPED_TRACE(target);
+    const std::size_t before = answers.Shown().size();
+    const int defaultButton = DefaultButton();
+    TypeWizard(kTarget, target);
+    PressWizard(kNext);
+    ASSERT_EQ(answers.Shown().size(), before + 1);
+    const ShownBox& box = answers.Shown().back();
+    EXPECT_EQ(box.title, "Error!");
+    EXPECT_EQ(box.text, "File " + target + " cannot be accessed. Please check the path.");
+    EXPECT_EQ(box.buttons, std::vector<std::string>{"OK"});
+    ExpectTargetPage(defaultButton);
+    EXPECT_EQ(WizardText(kTarget), target);
+    EXPECT_TRUE(IsWindowEnabled(Wizard()));
+  }
+
+  static std::string CurrentFolder() {
+    char path[MAX_PATH] = "";
+    GetCurrentDirectoryA(MAX_PATH, path);
+    return path;
+  }
+};
+
+TEST_F(WizardTargetTest, SixPrefixesNeedNoFile) {
+  for (const char* target :
+       {"http://", "http://example.org", "ftp://x", "mailto:", "mailto:a@b", "gopher://x",
+        "telnet://x", "news:", "news:group", "http://a|b<>\"*?", "mailto:\x01\x80"}) {
+    ExpectAccepted(target);
+  }
+  ExpectAccepted("http://" + std::string(20000, 'x'));
+}
+
+TEST_F(WizardTargetTest, OtherPrefixesAreFiles) {
+  for (const char* target :
+       {"https://example.org", "HTTP://example.org", "Http://x", "Mailto:x", "file://x", "news",
+        "telnet:x", " http://x", "http:/x", "ftp:/x", "gopher:x"}) {
+    ExpectRefused(target);
+  }
+}
+
+TEST_F(WizardTargetTest, FilesAndFoldersWhateverTheirAttributes) {
+  WriteBytes(PathOf("plain.txt"), "");
+  ExpectAccepted(PathOf("plain.txt"));
+  ExpectAccepted("plain.txt");  // in the current directory
+  ExpectAccepted(folder());
+  ExpectAccepted(folder() + "\\");
+  ExpectAccepted("C:\\windows");
+  ExpectAccepted("C:\\windows\\");
+  ExpectAccepted("C:\\");
+  ExpectAccepted("c:/windows/notepad.exe");
+  ExpectAccepted(".");
+  ExpectAccepted("..");
+  CreateDirectoryA(PathOf("empty").c_str(), nullptr);
+  ExpectAccepted(PathOf("empty"));
+  ExpectAccepted(PathOf("empty") + "\\");
+  int number = 0;
+  for (const DWORD attributes :
+       {FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_SYSTEM, FILE_ATTRIBUTE_READONLY,
+        FILE_ATTRIBUTE_ARCHIVE, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM}) {
+    const std::string path = PathOf("file" + std::to_string(++number));
+    WriteBytes(path, "");
+    ASSERT_TRUE(SetFileAttributesA(path.c_str(), static_cast<DWORD>(attributes)));
+    ExpectAccepted(path);
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  }
+  ASSERT_TRUE(
+      SetFileAttributesA(PathOf("empty").c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
+  ExpectAccepted(PathOf("empty"));
+}
+
+TEST_F(WizardTargetTest, PatternsThatMatchSomething) {
+  WriteBytes(PathOf("one.exe"), "");
+  ExpectAccepted(PathOf("*.exe"));
+  ExpectAccepted(PathOf("o?e.exe"));
+  ExpectAccepted(PathOf("*"));
+  ExpectAccepted("*.exe");
+  ExpectAccepted("C:\\windows\\*.exe");
+  ExpectRefused(PathOf("*.com"));
+  ExpectRefused(PathOf("x*"));
+  ExpectRefused("C:\\*\\notepad.exe");
+}
+
+TEST_F(WizardTargetTest, WhatIsNotThere) {
+  ExpectRefused(PathOf("missing.txt"));
+  ExpectRefused(PathOf("missing") + "\\file.txt");
+  ExpectRefused(PathOf("missing") + "\\");
+  WriteBytes(PathOf("plain.txt"), "");
+  ExpectRefused(PathOf("plain.txt") + "\\");
+  ExpectRefused("Q:\\");
+  ExpectRefused("Q:\\file.txt");
+  ExpectRefused("q:");
+  ExpectRefused("\\\\no_such_server\\share\\file.txt");
+  ExpectRefused("\"" + PathOf("plain.txt") + "\"");
+}
+
+TEST_F(WizardTargetTest, CharactersThatNoFileCanHave) {
+  WriteBytes(PathOf("plain.txt"), "");
+  for (const char* name : {"plain<", "plain>txt", "plain\"txt", "a|b", "plain.txt|", "a:b:c",
+                           "::", "\x01", "tab\there", "<", ">", "|", "plain.\"*"}) {
+    ExpectRefused(name);
+    ExpectRefused(PathOf(name));
+  }
+}
+
+TEST_F(WizardTargetTest, PathsThatAreTooLong) {
+  // The longest one that Windows takes has 259 bytes.
+  std::string longest = folder();
+  while (longest.size() + 101 < 259) {
+    longest += "\\" + std::string(99, 'd');
+    ASSERT_TRUE(CreateDirectoryA(longest.c_str(), nullptr));
+  }
+  longest += "\\";
+  longest += std::string(259 - longest.size(), 'f');
+  WriteBytes(longest, "");
+  ASSERT_TRUE(Exists(longest));
+  ExpectAccepted(longest);
+  ExpectRefused(longest + "f");
+  ExpectRefused(longest.substr(0, longest.size() - 1) + "*\\");
+  ExpectRefused("C:\\" + std::string(257, 'x'));
+  ExpectRefused("C:\\" + std::string(5000, 'x'));
+  ExpectRefused(std::string(30000, '\\'));
+  ExpectRefused(std::string(260, '.'));
+}
+
+TEST_F(WizardTargetTest, BrowseTakesTheChosenFile) {
+  WriteBytes(PathOf("chosen.exe"), "");
+  std::string title;
+  std::vector<std::string> filters;
+  answers.OnDialog([&](HWND dialog) {
+    title = win32::WindowText(dialog);
+    const HWND types = GetDlgItem(dialog, 0x470);  // the list of file types
+    for (int row = 0; row < SendMessageA(types, CB_GETCOUNT, 0, 0); ++row) {
+      char text[256] = "";
+      SendMessageA(types, CB_GETLBTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text));
+      filters.push_back(text);
+    }
+    HWND name = GetDlgItem(dialog, 0x47C);  // the name box with a list, or without
+    name = name != nullptr ? name : GetDlgItem(dialog, 0x480);
+    EXPECT_EQ(win32::WindowText(name), "");
+    win32::SetText(name, PathOf("chosen.exe"));
+    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+  });
+  TypeWizard(kTarget, "something else");
+  const std::string before = CurrentFolder();
+  PressWizard(kBrowse);
+  EXPECT_EQ(title, "Select Program");
+  EXPECT_EQ(filters, (std::vector<std::string>{"Program Files", "All files"}));
+  EXPECT_EQ(WizardText(kTarget), PathOf("chosen.exe"));
+  EXPECT_TRUE(IsWizardEnabled(kNext));
+  EXPECT_EQ(CurrentFolder(), before);
+}
+
+TEST_F(WizardTargetTest, BrowseInAnotherFolderKeepsTheCurrentDirectory) {
+  answers.OnDialog([&](HWND dialog) {
+    HWND name = GetDlgItem(dialog, 0x47C);
+    name = name != nullptr ? name : GetDlgItem(dialog, 0x480);
+    win32::SetText(name, "C:\\windows\\notepad.exe");
+    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+  });
+  const std::string before = CurrentFolder();
+  PressWizard(kBrowse);
+  EXPECT_EQ(WizardText(kTarget), "C:\\windows\\notepad.exe");
+  EXPECT_EQ(CurrentFolder(), before);
+}
+
+TEST_F(WizardTargetTest, CancellingBrowseEmptiesTheBox) {
+  TypeWizard(kTarget, "C:\\windows\\notepad.exe");
+  answers.OnDialog([](HWND dialog) { PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0); });
+  PressWizard(kBrowse);
+  EXPECT_EQ(WizardText(kTarget), "");
+  EXPECT_FALSE(IsWizardEnabled(kNext));
+  EXPECT_TRUE(IsWindowEnabled(Wizard()));
+  EXPECT_FALSE(IsWindowEnabled(form().window()));
+}

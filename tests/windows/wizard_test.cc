@@ -1,0 +1,292 @@
+#include <functional>
+
+#include "tests/windows/wizard_test_base.h"
+
+using testing_menus::ItemLine;
+using testing_menus::kSeparatorLine;
+
+namespace {
+
+constexpr int kNext = IDC_FORM3_COMMAND1;
+constexpr int kBack = IDC_FORM3_COMMAND4;
+constexpr int kFinish = IDC_FORM3_COMMAND5;
+constexpr int kCancel = IDC_FORM3_COMMAND2;
+constexpr int kTarget = IDC_FORM3_TEXT1;
+constexpr int kArguments = IDC_FORM3_TEXT2;
+constexpr int kStartIn = IDC_FORM3_TEXT3;
+constexpr int kName = IDC_FORM3_TEXT4;
+
+const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a ", "C:\\", "C:\\x.ico", "3");
+
+}  // namespace
+
+class WizardTest : public WizardTestBase {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(OpenLines({kA, kSeparatorLine}));
+    ShowWindow(form().window(), SW_SHOW);
+    RunMessages();
+  }
+};
+
+TEST_F(WizardTest, OpensEmptyOnItsFirstPage) {
+  OpenAdd();
+  ExpectTargetPage(kNext);
+  EXPECT_EQ(win32::WindowText(Wizard()), "New Shortcut");
+  for (const int box : {kTarget, kArguments, kStartIn, kName}) {
+    EXPECT_EQ(WizardText(box), "");
+  }
+  EXPECT_FALSE(IsWizardEnabled(kNext));
+  EXPECT_EQ(DrawnAsDefault(), std::vector<int>{kNext});
+  EXPECT_EQ(GetFocus(), WizardControl(kTarget));
+  EXPECT_FALSE(IsWindowEnabled(form().window()));
+  EXPECT_EQ(GetForegroundWindow(), Wizard());
+}
+
+TEST_F(WizardTest, Captions) {
+  OpenAdd();
+  EXPECT_EQ(WizardText(IDC_FORM3_COMMAND3), "Browse...");
+  EXPECT_EQ(WizardText(IDC_FORM3_LABEL2), "Additional Command Line Arguments");
+  EXPECT_EQ(WizardText(IDC_FORM3_LABEL3), "Start in");
+  EXPECT_EQ(WizardText(kNext), "Next >");
+  EXPECT_EQ(WizardText(kBack), "< Back");
+  EXPECT_EQ(WizardText(kFinish), "Finish");
+  EXPECT_EQ(WizardText(kCancel), "Cancel");
+  RECT next{};
+  RECT finish{};
+  GetWindowRect(WizardControl(kNext), &next);
+  GetWindowRect(WizardControl(kFinish), &finish);
+  EXPECT_TRUE(EqualRect(&next, &finish));
+}
+
+TEST_F(WizardTest, ItsPictureFillsItsPlace) {
+  OpenAdd();
+  const HWND picture = WizardControl(IDC_FORM3_PICTURE1);
+  const auto bitmap =
+      reinterpret_cast<HBITMAP>(SendMessageA(picture, STM_GETIMAGE, IMAGE_BITMAP, 0));
+  ASSERT_NE(bitmap, nullptr);
+  BITMAP info{};
+  GetObjectA(bitmap, sizeof info, &info);
+  RECT area{};
+  GetClientRect(picture, &area);
+  EXPECT_EQ(info.bmWidth, area.right);
+  EXPECT_EQ(info.bmHeight, area.bottom);
+  EXPECT_GT(area.bottom, 100);
+}
+
+TEST_F(WizardTest, NextIsEnabledWhileThereIsATarget) {
+  OpenAdd();
+  TypeWizard(kTarget, "x");
+  EXPECT_TRUE(IsWizardEnabled(kNext));
+  TypeWizard(kTarget, "");
+  EXPECT_FALSE(IsWizardEnabled(kNext));
+  // A real key, as the first character.
+  SendMessageA(WizardControl(kTarget), WM_CHAR, 'q', 1);
+  EXPECT_TRUE(IsWizardEnabled(kNext));
+  EXPECT_EQ(DefaultButton(), kNext);
+}
+
+TEST_F(WizardTest, NextShowsTheNamePage) {
+  OpenAdd();
+  TypeWizard(kTarget, "mailto:someone@example.org");
+  TypeWizard(kArguments, "some arguments");
+  TypeWizard(kStartIn, "C:\\start");
+  PressWizard(kNext);
+  ExpectNamePage();
+  EXPECT_EQ(DrawnAsDefault(), std::vector<int>{kFinish});
+  EXPECT_EQ(GetFocus(), WizardControl(kName));
+  TypeWizard(kName, "Someone");
+  EXPECT_TRUE(IsWizardEnabled(kFinish));
+  TypeWizard(kName, "");
+  EXPECT_FALSE(IsWizardEnabled(kFinish));
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
+TEST_F(WizardTest, BackKeepsTheTextsAndHasNoDefaultButton) {
+  OpenAdd();
+  TypeWizard(kTarget, "news:one");
+  TypeWizard(kArguments, "two");
+  TypeWizard(kStartIn, "three");
+  PressWizard(kNext);
+  TypeWizard(kName, "four");
+  PressWizard(kBack);
+  ExpectTargetPage(0);
+  EXPECT_EQ(DrawnAsDefault(), std::vector<int>{});
+  EXPECT_EQ(GetFocus(), WizardControl(kTarget));
+  EXPECT_EQ(WizardText(kTarget), "news:one");
+  EXPECT_EQ(WizardText(kArguments), "two");
+  EXPECT_EQ(WizardText(kStartIn), "three");
+  EXPECT_EQ(WizardText(kName), "four");
+  // Nor does it get one by typing or by moving the focus to a box.
+  TypeWizard(kTarget, "news:other");
+  SendMessageA(Wizard(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(WizardControl(kStartIn)), TRUE);
+  EXPECT_EQ(DefaultButton(), 0);
+  Key(WizardControl(kStartIn), VK_RETURN);
+  ExpectTargetPage(0);
+  // And forth again.
+  PressWizard(kNext);
+  ExpectNamePage();
+  EXPECT_EQ(DrawnAsDefault(), std::vector<int>{kFinish});
+}
+
+TEST_F(WizardTest, BackWithAnEmptyNameEnablesFinishAllTheSame) {
+  OpenAdd();
+  TypeWizard(kTarget, "news:one");
+  PressWizard(kNext);
+  TypeWizard(kName, "");
+  ASSERT_FALSE(IsWizardEnabled(kFinish));
+  PressWizard(kBack);
+  EXPECT_TRUE(IsWizardEnabled(kFinish));
+  PressWizard(kNext);
+  EXPECT_FALSE(IsWizardEnabled(kFinish));
+}
+
+TEST_F(WizardTest, EnterPressesNextAndThenFinish) {
+  WriteBytes(PathOf("thing.txt"), "");
+  OpenAdd();
+  Key(WizardControl(kTarget), VK_RETURN);  // still disabled
+  ExpectTargetPage(kNext);
+  TypeWizard(kTarget, PathOf("thing.txt"));
+  Key(WizardControl(kTarget), VK_RETURN);
+  ExpectNamePage();
+  Key(WizardControl(kName), VK_RETURN);
+  ExpectClosed();
+  ExpectSettled({kA, kSeparatorLine, ItemLine("thing.txt", PathOf("thing.txt"))});
+}
+
+TEST_F(WizardTest, EveryWayOutGivesTheEditorBackAndWritesNothing) {
+  const std::string menu = MenuBytes();
+  const auto closeBox = [this] {
+    PostMessageA(Wizard(), WM_SYSCOMMAND, SC_CLOSE, 0);
+    RunMessages();
+  };
+  const std::vector<std::function<void()>> waysOut = {
+      [this] { PressWizard(kCancel); },
+      closeBox,
+      [this] { Key(WizardControl(kTarget), VK_ESCAPE); },
+      [this] {
+        TypeWizard(kTarget, "news:x");
+        PressWizard(kNext);
+        PressWizard(kCancel);
+      },
+      [this] {
+        TypeWizard(kTarget, "news:x");
+        PressWizard(kNext);
+        Key(WizardControl(kName), VK_ESCAPE);
+      },
+      [this, closeBox] {
+        TypeWizard(kTarget, "news:x");
+        PressWizard(kNext);
+        PressWizard(kBack);
+        closeBox();
+      },
+  };
+  for (std::size_t way = 0; way < waysOut.size(); ++way) {
+    SCOPED_TRACE(way);
+    OpenAdd();
+    ASSERT_FALSE(IsWindowEnabled(form().window()));
+    waysOut[way]();
+    ExpectClosed();
+    OpenEdit(0);
+    ASSERT_FALSE(IsWindowEnabled(form().window()));
+    waysOut[way]();
+    ExpectClosed();
+    EXPECT_EQ(MenuBytes(), menu);
+    EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", kSeparatorRow}));
+    EXPECT_EQ(SelectedRow(), 0);
+  }
+}
+
+TEST_F(WizardTest, EachOpeningStartsAnew) {
+  OpenEdit(0);
+  TypeWizard(kTarget, "news:edited");
+  PressWizard(kNext);
+  PressWizard(kCancel);
+  OpenAdd();
+  ExpectTargetPage(kNext);
+  for (const int box : {kTarget, kArguments, kStartIn, kName}) {
+    EXPECT_EQ(WizardText(box), "");
+  }
+  Finish("news:new", "New");
+  // Not an edit of entry 0.
+  ExpectSettled({kA, kSeparatorLine, ItemLine("New", "news:new")});
+}
+
+TEST_F(WizardTest, NextProposesTheShellsNameEachTimeInAddMode) {
+  WriteBytes(PathOf("thing.txt"), "");
+  OpenAdd();
+  TypeWizard(kTarget, PathOf("thing.txt"));
+  PressWizard(kNext);
+  EXPECT_EQ(WizardText(kName), "thing.txt");
+  TypeWizard(kName, "My own name");
+  PressWizard(kBack);
+  PressWizard(kNext);
+  EXPECT_EQ(WizardText(kName), "thing.txt");
+  EXPECT_TRUE(IsWizardEnabled(kFinish));
+}
+
+TEST_F(WizardTest, NoNameOfTheShellLeavesTheBoxEmpty) {
+  OpenAdd();
+  TypeWizard(kTarget, "gopher://example.org/1");
+  PressWizard(kNext);
+  EXPECT_EQ(WizardText(kName), "");
+  EXPECT_FALSE(IsWizardEnabled(kFinish));
+  // Also in place of one that was typed.
+  TypeWizard(kName, "Typed");
+  PressWizard(kBack);
+  PressWizard(kNext);
+  EXPECT_EQ(WizardText(kName), "");
+  EXPECT_FALSE(IsWizardEnabled(kFinish));
+}
+
+TEST_F(WizardTest, EditFillsTheBoxesAndKeepsTheName) {
+  WriteBytes(PathOf("thing.txt"), "");
+  OpenEdit(0);
+  ExpectTargetPage(kNext);
+  EXPECT_EQ(WizardText(kTarget), "C:\\a.exe");
+  EXPECT_EQ(WizardText(kArguments), "-a ");
+  EXPECT_EQ(WizardText(kStartIn), "C:\\");
+  EXPECT_EQ(WizardText(kName), "Alpha");
+  EXPECT_TRUE(IsWizardEnabled(kNext));
+  TypeWizard(kTarget, PathOf("thing.txt"));
+  PressWizard(kNext);
+  ExpectNamePage();
+  EXPECT_EQ(WizardText(kName), "Alpha");
+  TypeWizard(kName, "Changed");
+  PressWizard(kBack);
+  PressWizard(kNext);
+  EXPECT_EQ(WizardText(kName), "Changed");
+}
+
+TEST_F(WizardTest, EditOfASeparatorIsEmpty) {
+  OpenEdit(1);
+  ExpectTargetPage(kNext);
+  for (const int box : {kTarget, kArguments, kStartIn, kName}) {
+    EXPECT_EQ(WizardText(box), "");
+  }
+  EXPECT_FALSE(IsWizardEnabled(kNext));
+}
+
+TEST_F(WizardTest, EditWithoutASelectionDoesNothing) {
+  Press(IDC_FORM2_COMMAND3);
+  EXPECT_EQ(Wizard(), nullptr);
+  EXPECT_TRUE(IsWindowEnabled(form().window()));
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
+TEST_F(WizardTest, TheEditorsEndTakesItAlong) {
+  OpenAdd();
+  SendMessageA(form().window(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(Wizard(), nullptr);
+  EXPECT_TRUE(TakeQuit());
+}
+
+TEST_F(WizardTest, ReadsTheEntryAfterAMove) {
+  SelectRow(0);
+  Press(IDC_FORM2_COMMAND8);
+  OpenEdit(1);
+  EXPECT_EQ(WizardText(kName), "Alpha");
+  PressWizard(kCancel);
+  OpenEdit(0);
+  EXPECT_EQ(WizardText(kName), "");
+}

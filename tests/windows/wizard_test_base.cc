@@ -1,0 +1,126 @@
+#include "tests/windows/wizard_test_base.h"
+
+#include <cstring>
+
+namespace {
+
+constexpr int kControls[] = {
+    IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1,   IDC_FORM3_TEXT1,    IDC_FORM3_COMMAND3,
+    IDC_FORM3_LABEL2,   IDC_FORM3_TEXT2,    IDC_FORM3_LABEL3,   IDC_FORM3_TEXT3,
+    IDC_FORM3_TEXT4,    IDC_FORM3_COMMAND4, IDC_FORM3_COMMAND1, IDC_FORM3_COMMAND5,
+    IDC_FORM3_COMMAND2,
+};
+
+BOOL CALLBACK TakeWizard(HWND window, LPARAM found) {
+  char name[16] = "";
+  GetClassNameA(window, name, sizeof name);
+  if (std::strcmp(name, "Form3") == 0) {
+    *reinterpret_cast<HWND*>(found) = window;
+  }
+  return TRUE;
+}
+
+}  // namespace
+
+// Other processes may have one open too.
+HWND WizardTestBase::Wizard() {
+  HWND wizard = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), TakeWizard, reinterpret_cast<LPARAM>(&wizard));
+  return wizard;
+}
+
+void WizardTestBase::OpenAdd() {
+  Press(IDC_FORM2_COMMAND2);
+  ASSERT_NE(Wizard(), nullptr);
+}
+
+void WizardTestBase::OpenEdit(int row) {
+  SelectRow(row);
+  Press(IDC_FORM2_COMMAND3);
+  ASSERT_NE(Wizard(), nullptr);
+}
+
+void WizardTestBase::PressWizard(int buttonId) {
+  SendMessageA(WizardControl(buttonId), BM_CLICK, 0, 0);
+  RunMessages();
+}
+
+void WizardTestBase::TypeWizard(int editId, const std::string& text) {
+  SendMessageA(WizardControl(editId), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  RunMessages();
+}
+
+void WizardTestBase::Key(HWND control, int key) {
+  PostMessageA(control, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+  RunMessages();
+}
+
+std::string WizardTestBase::WizardText(int id) { return win32::WindowText(WizardControl(id)); }
+
+int WizardTestBase::DefaultButton() {
+  const LRESULT answer = SendMessageA(Wizard(), DM_GETDEFID, 0, 0);
+  return HIWORD(answer) == DC_HASDEFID ? LOWORD(answer) : 0;
+}
+
+std::vector<int> WizardTestBase::DrawnAsDefault() {
+  std::vector<int> buttons;
+  for (const int id : kControls) {
+    if (SendMessageA(WizardControl(id), WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) {
+      buttons.push_back(id);
+    }
+  }
+  return buttons;
+}
+
+void WizardTestBase::ExpectShown(const std::vector<int>& visible) {
+  std::vector<int> shown;
+  for (const int id : kControls) {
+    ASSERT_NE(WizardControl(id), nullptr) << id;
+    if (IsWindowVisible(WizardControl(id))) {
+      shown.push_back(id);
+    }
+  }
+  EXPECT_EQ(shown, visible);
+}
+
+void WizardTestBase::ExpectTargetPage(int defaultButton) {
+  ExpectShown({IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1, IDC_FORM3_TEXT1, IDC_FORM3_COMMAND3,
+               IDC_FORM3_LABEL2, IDC_FORM3_TEXT2, IDC_FORM3_LABEL3, IDC_FORM3_TEXT3,
+               IDC_FORM3_COMMAND4, IDC_FORM3_COMMAND1, IDC_FORM3_COMMAND2});
+  EXPECT_EQ(WizardText(IDC_FORM3_LABEL1),
+            "Type the full path of the item you want to create a shortcut to. Or search for the "
+            "item by clicking Browse.");
+  EXPECT_EQ(IsWizardEnabled(IDC_FORM3_COMMAND1), !WizardText(IDC_FORM3_TEXT1).empty());
+  EXPECT_FALSE(IsWizardEnabled(IDC_FORM3_COMMAND4));
+  EXPECT_TRUE(IsWizardEnabled(IDC_FORM3_COMMAND5));
+  EXPECT_TRUE(IsWizardEnabled(IDC_FORM3_COMMAND3));
+  EXPECT_TRUE(IsWizardEnabled(IDC_FORM3_COMMAND2));
+  EXPECT_EQ(DefaultButton(), defaultButton);
+}
+
+void WizardTestBase::ExpectNamePage(int defaultButton) {
+  ExpectShown({IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1, IDC_FORM3_TEXT4, IDC_FORM3_COMMAND4,
+               IDC_FORM3_COMMAND5, IDC_FORM3_COMMAND2});
+  EXPECT_EQ(WizardText(IDC_FORM3_LABEL1), "Type a friendly name for your shortcut.");
+  EXPECT_TRUE(IsWizardEnabled(IDC_FORM3_COMMAND4));
+  EXPECT_EQ(IsWizardEnabled(IDC_FORM3_COMMAND5), !WizardText(IDC_FORM3_TEXT4).empty());
+  EXPECT_TRUE(IsWizardEnabled(IDC_FORM3_COMMAND2));
+  EXPECT_EQ(DefaultButton(), defaultButton);
+}
+
+void WizardTestBase::ExpectClosed() {
+  EXPECT_EQ(Wizard(), nullptr);
+  EXPECT_TRUE(IsWindowEnabled(form().window()));
+  EXPECT_TRUE(IsWindowVisible(form().window()));
+  EXPECT_EQ(GetForegroundWindow(), form().window());
+}
+
+void WizardTestBase::Finish(const std::string& target, const std::string& name,
+                            const std::string& arguments, const std::string& startIn) {
+  TypeWizard(IDC_FORM3_TEXT1, target);
+  TypeWizard(IDC_FORM3_TEXT2, arguments);
+  TypeWizard(IDC_FORM3_TEXT3, startIn);
+  PressWizard(IDC_FORM3_COMMAND1);
+  TypeWizard(IDC_FORM3_TEXT4, name);
+  PressWizard(IDC_FORM3_COMMAND5);
+}
