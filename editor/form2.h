@@ -15,19 +15,12 @@
 #include "menufile/rewrite.h"
 #include "win32/file_drop.h"
 #include "win32/folder_list.h"
+#include "win32/font_dialog.h"
 #include "win32/form.h"
 #include "win32/handles.h"
 #include "win32/picture_box.h"
 
 namespace editor {
-
-// The font of the menu's text, shown by the sample, `Text3`.
-struct MenuFont {
-  std::string name = "MS Sans Serif";
-  double points = 8.25;
-  bool bold = false;
-  bool italic = false;
-};
 
 // Which controls of Form2 are shown, as bits.
 enum Page : unsigned {
@@ -160,7 +153,8 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   win32::FileDrop list1Drop_;
   win32::PictureBox iconic1_;
   win32::FolderList dir1_;
-  MenuFont menuFont_;
+  // Of the menu's text, shown by the sample, `Text3`.
+  win32::FontDescription menuFont_{"MS Sans Serif", 8.25, false, false};
   win32::UniqueFont sampleFont_;
   std::shared_ptr<AppearancePage> appearancePage_;
   std::unique_ptr<win32::Form> child_;

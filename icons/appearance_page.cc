@@ -1,18 +1,88 @@
+#include <exception>
+#include <string>
+#include <utility>
+
 #include "editor/form2.h"
+#include "icons/icon_browser.h"
+#include "menufile/failure.h"
+#include "menufile/rewrite.h"
 #include "resources/resource.h"
+#include "win32/message_box.h"
+
 namespace editor {
+namespace {
+
+// A box that was drawn by an odd icon might hold the bytes of the marker: no
+// one could tell any more where the picture ends.
+void CheckPicture(const std::string& picture, const std::string& path) {
+  if (picture.find(menufile::kMarkerText) != std::string::npos) {
+    throw menufile::Failure(path, "save the picture", "It holds the bytes of the marker line");
+  }
+}
+
+}  // namespace
+
 struct Form2::AppearancePage {
-  win32::PictureBox picture1;
+  icons::IconBrowser browser;
+  std::string picture1Tag;  // the browser's icon as a number in decimal
+  std::string picture2;     // the bitmap file that was saved last
 };
+
 void Form2::CreateAppearancePage() {
   appearancePage_ = std::make_shared<AppearancePage>();
-  appearancePage_->picture1.Attach(Control(IDC_FORM2_PICTURE1));
+  appearancePage_->browser.Attach(Control(IDC_FORM2_PICTURE1), Control(IDC_FORM2_HSCROLL1),
+                                  Control(IDC_FORM2_LABEL8));
 }
-const win32::PictureBox& Form2::AppearancePicture() const { return appearancePage_->picture1; }
-void Form2::ChangeItemIcon() {}
-void Form2::ShowIconAt() {}
-void Form2::SelectIconSourceFile() {}
-void Form2::ShowPreviewOnDesktopColour() {}
-void Form2::ChangeMenuFont() {}
-void Form2::SaveAppearance() {}
+
+const win32::PictureBox& Form2::AppearancePicture() const {
+  return appearancePage_->browser.picture();
+}
+
+void Form2::ShowIconAt() {
+  appearancePage_->browser.ShowIconAt();
+  appearancePage_->picture1Tag = IconText(appearancePage_->browser.current());
+}
+
+void Form2::SelectIconSourceFile() {
+  appearancePage_->browser.SelectIconSourceFile(window());
+  appearancePage_->picture1Tag = IconText(appearancePage_->browser.current());
+}
+
+void Form2::ShowPreviewOnDesktopColour() { appearancePage_->browser.ShowPreviewOnDesktopColour(); }
+
+void Form2::ChangeMenuFont() {
+  win32::ChooseScreenFont(window(), "Select Font", menuFont_);
+  ShowSampleFont();
+}
+
+void Form2::SaveAppearance() {
+  try {
+    std::string& picture2 = appearancePage_->picture2;
+    picture2 = AppearancePicture().BitmapFile();
+    CheckPicture(picture2, MenuFilePath());
+    const std::string size = menufile::FontSizeText(menuFont_.points);
+    menufile::AppearanceRecord appearance;
+    const bool smallIcons = IsDlgButtonChecked(window(), IDC_FORM2_CHECK1) == BST_CHECKED;
+    appearance.smallIcons = menufile::Value::Bare(smallIcons ? "1" : "0");
+    appearance.fontName = menufile::Value::Quoted(menuFont_.name);
+    appearance.fontSize = menufile::Value::Bare(size);
+    appearance.fontBold = menufile::Value::Bare(menuFont_.bold ? "-1" : "0");
+    appearance.fontItalic = menufile::Value::Bare(menuFont_.italic ? "-1" : "0");
+    menufile::MenuChange change;
+    change.scratchFile = menufile::kDialogScratchFile;
+    // Whatever the file says: this page saves user-defined lists only.
+    change.type = menufile::MenuType::UserDefined;
+    change.appearance = appearance;
+    change.recordRule = menufile::KeepRecord;
+    change.picture = picture2;
+    Rewrite(change);
+  } catch (const std::exception&) {
+    win32::ShowError(window(), "Error writing to file.");
+    OnClose();
+    return;
+  }
+  win32::ShowInformation(
+      window(), "You might have to refresh the desktop for the new icon to show.", "Corvalis Edit");
+}
+
 }  // namespace editor

@@ -48,8 +48,7 @@ void PictureBox::Attach(HWND control) {
 void PictureBox::Clear() {
   const SIZE size = Size();
   const RECT all{0, 0, size.cx, size.cy};
-  const UniqueBrush brush(CreateSolidBrush(background_));
-  FillRect(Canvas(bitmap_.get()).dc.get(), &all, brush.get());
+  FillRect(Canvas(bitmap_.get()).dc.get(), &all, GetSysColorBrush(background_));
   Refresh();
 }
 

@@ -21,9 +21,9 @@ class PictureBox {
   void Attach(HWND control);
   HWND control() const { return control_; }
 
-  // The colour that Clear() fills the box with, at first that of a button's
-  // face. Setting it clears nothing.
-  void SetBackground(COLORREF colour) { background_ = colour; }
+  // The system colour (COLOR_BACKGROUND, for one) that Clear() fills the box
+  // with, at first that of a button's face. Setting it clears nothing.
+  void SetBackground(int systemColour) { background_ = systemColour; }
   void Clear();
 
   // Both draw at (0, 0) on top of what is there. Nothing is taken over.
@@ -47,7 +47,7 @@ class PictureBox {
   HWND control_ = nullptr;
   UniqueBitmap bitmap_;
   void* pixels_ = nullptr;  // of bitmap_
-  COLORREF background_ = GetSysColor(COLOR_BTNFACE);
+  int background_ = COLOR_BTNFACE;
 };
 
 }  // namespace win32

@@ -1,0 +1,38 @@
+#include <memory>
+#include <utility>
+
+#include "editor/form2.h"
+#include "icons/form4.h"
+#include "menufile/reader.h"
+
+namespace editor {
+namespace {
+
+// Where the icon of that row's entry is taken from, by the menu file.
+icons::ItemIcon ReadItemIcon(menufile::FileSystem& files, const std::string& path, int row) {
+  const std::string bytes = files.Open(path, menufile::OpenMode::Read)->ReadAll();
+  menufile::MenuReader reader(bytes, path);
+  reader.SkipMarkerLine();
+  reader.ReadTypeLine();
+  reader.ReadAppearance();
+  menufile::MenuItemRecord item;
+  for (int i = 0; i <= row; ++i) {
+    item = reader.ReadItem();
+  }
+  const menufile::Value& source = item.iconFile.IsEmpty() ? item.target : item.iconFile;
+  return {row, source.Text(), item.iconIndex.Integer()};
+}
+
+}  // namespace
+
+void Form2::ChangeItemIcon() {
+  const int row = items_.Selected();
+  if (row < 0 || items_.Hidden(row).tag.empty()) {
+    return;
+  }
+  auto form4 = std::make_unique<icons::Form4>(*this);
+  form4->HandOver(ReadItemIcon(files_, MenuFilePath(), row));
+  OpenChild(std::move(form4));
+}
+
+}  // namespace editor

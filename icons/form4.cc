@@ -1,0 +1,120 @@
+#include "icons/form4.h"
+
+#include <cstddef>
+#include <exception>
+#include <stdexcept>
+
+#include "menufile/rewrite.h"
+#include "resources/resource.h"
+#include "win32/message_box.h"
+
+namespace icons {
+namespace {
+
+// Sets a flag while this lives.
+class Raised {
+ public:
+  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+  ~Raised() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+Form4::Form4(editor::Form2& editor) : Form(kForm4Plan, editor.window()), editor_(editor) {
+  browser_.Attach(Control(IDC_FORM4_PICTURE1), Control(IDC_FORM4_HSCROLL1),
+                  Control(IDC_FORM4_LABEL1));
+  SendMessageA(window(), DM_SETDEFID, IDC_FORM4_COMMAND1, 0);
+}
+
+void Form4::OnCommand(int id, UINT event) {
+  if (id == IDC_FORM4_HSCROLL1 && event == win32::kScrolled) {
+    browser_.ShowIconAt();
+  } else if (id == IDC_FORM4_COMMAND2 && event == BN_CLICKED) {
+    SelectIconSourceFile();
+  } else if (id == IDC_FORM4_COMMAND1 && event == BN_CLICKED) {
+    ApplyItemIcon();
+  } else if ((id == IDC_FORM4_COMMAND3 && event == BN_CLICKED) || id == IDCANCEL) {
+    OnClose();
+  }
+}
+
+void Form4::OnDrawItem(const DRAWITEMSTRUCT& item) { browser_.picture().Paint(item); }
+
+// Begins with the entry's own icon, each time: also when the user comes back
+// from another program.
+void Form4::OnActivate(bool active) {
+  if (!active || ownDialogOpen_) {
+    return;
+  }
+  browser_.SetSource(item_.source);
+  if (item_.source.empty()) {
+    return;
+  }
+  int count = 0;
+  try {
+    count = browser_.CountIcons();
+  } catch (const std::overflow_error& tooMany) {
+    ShowError(tooMany.what());
+  }
+  if (count > 0) {
+    const bool exists = item_.index >= 0 && item_.index < count;
+    browser_.ShowIcons(count, exists ? item_.index : 0);
+  }
+}
+
+// Cancel, Esc and the close box.
+void Form4::OnClose() { editor_.CloseChild(); }
+
+void Form4::SelectIconSourceFile() {
+  const Raised raised(ownDialogOpen_);
+  browser_.SelectIconSourceFile(window());
+}
+
+void Form4::ApplyItemIcon() {
+  const std::string& newFile = browser_.source();
+  const std::string newIndex = std::to_string(browser_.Index());
+  menufile::MenuChange change;
+  change.scratchFile = menufile::kDialogScratchFile;
+  change.deleteScratchFirst = false;
+  change.recordRule = [&](std::size_t counter, const menufile::MenuItemRecord& record,
+                          menufile::RecordStream& records) {
+    menufile::MenuItemRecord changed = record;
+    if (counter == static_cast<std::size_t>(item_.row)) {
+      // It is the caption that a file without a path of its own is told by.
+      const bool isCaption = newFile == record.caption.Text();
+      changed.iconFile = menufile::Value::Quoted(isCaption ? std::string_view() : newFile);
+      changed.iconIndex = menufile::Value::Bare(newIndex);
+    }
+    records.Write(changed);
+  };
+  try {
+    editor_.Rewrite(change);
+  } catch (const std::exception&) {
+    ShowError("Error writing to file.");
+    editor_.CloseChild();
+    return;
+  }
+
+  // From here on the row owns the icon.
+  editor::HiddenRow& row = editor_.items().Hidden(item_.row);
+  DestroyIcon(editor::IconOfText(row.text));
+  const HICON icon = browser_.TakeIcon().release();
+  row.text = editor::IconText(icon);
+  editor_.iconic1().Clear();
+  editor_.iconic1().Draw(icon);
+  editor_.CloseChild();
+}
+
+void Form4::ShowError(const char* text) {
+  const Raised raised(ownDialogOpen_);
+  // The first activation comes with being shown, before that was done.
+  EnableWindow(editor_.window(), FALSE);
+  win32::ShowError(window(), text);
+}
+
+}  // namespace icons

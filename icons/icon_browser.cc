@@ -1,0 +1,114 @@
+#include "icons/icon_browser.h"
+
+#include <shellapi.h>
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <stdexcept>
+
+#include "win32/file_dialog.h"
+#include "win32/message_box.h"
+#include "win32/wait_pointer.h"
+#include "win32/window_text.h"
+
+namespace icons {
+namespace {
+
+constexpr const char* kTitle = "Select a DLL or EXE which includes Icons";
+constexpr const char* kFilter =
+    "Icon Files (*.ico;*.exe;*.dll)\0*.ico;*.exe;*.dll\0"
+    "All files\0*.*\0";
+
+constexpr int kMostIcons = std::numeric_limits<std::int16_t>::max();
+
+// None where the file has no icon of that index, or cannot be read.
+win32::UniqueIcon ExtractIconOf(const std::string& path, int index) {
+  if (path.empty()) {
+    return {};
+  }
+  const HICON icon =
+      ExtractIconA(GetModuleHandleA(nullptr), path.c_str(), static_cast<UINT>(index));
+  // 1 is no handle either: it says that the file is of no kind that holds icons.
+  return win32::UniqueIcon(reinterpret_cast<std::uintptr_t>(icon) > 1 ? icon : nullptr);
+}
+
+}  // namespace
+
+void ShowIconCount(HWND label, int count) {
+  win32::SetText(label, std::to_string(count) + (count == 1 ? " Icon" : " Icons"));
+}
+
+void IconBrowser::Attach(HWND pictureBox, HWND scrollBar, HWND countLabel) {
+  picture_.Attach(pictureBox);
+  scrollBar_ = scrollBar;
+  countLabel_ = countLabel;
+}
+
+int IconBrowser::Index() const {
+  return static_cast<int>(SendMessageA(scrollBar_, SBM_GETPOS, 0, 0));
+}
+
+// Windows could be asked for the number; what is counted here is what can
+// really be shown.
+int IconBrowser::CountIcons() {
+  const win32::WaitPointer wait;
+  for (int count = 0;; ++count) {
+    current_ = ExtractIconOf(source_, count);
+    if (!current_) {
+      return count;
+    }
+    current_.reset();
+    if (count == kMostIcons) {
+      throw std::overflow_error("More than " + std::to_string(kMostIcons) + " icons are in:\n" +
+                                source_);
+    }
+  }
+}
+
+void IconBrowser::ShowIcons(int count, int index) {
+  ShowIconCount(countLabel_, count);
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  info.nMax = count == 0 ? 0 : count - 1;
+  info.nPage = 1;
+  info.nPos = index;
+  SendMessageA(scrollBar_, SBM_SETSCROLLINFO, TRUE, reinterpret_cast<LPARAM>(&info));
+  EnableWindow(scrollBar_, TRUE);
+  ShowIconAt();
+}
+
+void IconBrowser::ShowIconAt() {
+  current_.reset();
+  picture_.Clear();
+  current_ = ExtractIconOf(source_, Index());
+  picture_.Draw(current_.get());
+}
+
+void IconBrowser::SelectIconSourceFile(HWND owner) {
+  std::optional<std::string> chosen = win32::ChooseFile(owner, kTitle, kFilter, source_);
+  if (!chosen) {
+    return;
+  }
+  SetSource(std::move(*chosen));
+  current_.reset();
+  int count = 0;
+  try {
+    count = CountIcons();
+    if (count == 0) {
+      win32::ShowError(owner, "No Icons found in this file!");
+    }
+  } catch (const std::overflow_error& tooMany) {
+    win32::ShowError(owner, tooMany.what());
+  }
+  ShowIcons(count, 0);
+}
+
+void IconBrowser::ShowPreviewOnDesktopColour() {
+  picture_.SetBackground(COLOR_BACKGROUND);
+  picture_.Clear();
+  picture_.Draw(current_.get());
+}
+
+}  // namespace icons
