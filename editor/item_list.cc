@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "win32/handles.h"
+#include "win32/icon_file.h"
 #include "win32/window_text.h"
 
 namespace editor {
@@ -25,6 +26,9 @@ HICON IconOfText(const std::string& text) {
 // asked for because the large one alone is not to be had from some programs;
 // nothing shows it.
 HICON ExtractLargeIcon(const std::string& file, int index) {
+  if (!win32::IsSoundIconFile(file)) {
+    return nullptr;
+  }
   HICON large = nullptr;
   HICON small = nullptr;
   const UINT count = ExtractIconExA(file.c_str(), index, &large, &small, 1);

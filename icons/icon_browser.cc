@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "win32/file_dialog.h"
+#include "win32/icon_file.h"
 #include "win32/message_box.h"
 #include "win32/wait_pointer.h"
 #include "win32/window_text.h"
@@ -24,9 +25,6 @@ constexpr int kMostIcons = std::numeric_limits<std::int16_t>::max();
 
 // None where the file has no icon of that index, or cannot be read.
 win32::UniqueIcon ExtractIconOf(const std::string& path, int index) {
-  if (path.empty()) {
-    return {};
-  }
   const HICON icon =
       ExtractIconA(GetModuleHandleA(nullptr), path.c_str(), static_cast<UINT>(index));
   // 1 is no handle either: it says that the file is of no kind that holds icons.
@@ -53,6 +51,10 @@ int IconBrowser::Index() const {
 // really be shown.
 int IconBrowser::CountIcons() {
   const win32::WaitPointer wait;
+  current_.reset();
+  if (!win32::IsSoundIconFile(source_)) {
+    return 0;
+  }
   for (int count = 0;; ++count) {
     current_ = ExtractIconOf(source_, count);
     if (!current_) {
@@ -82,7 +84,9 @@ void IconBrowser::ShowIcons(int count, int index) {
 void IconBrowser::ShowIconAt() {
   current_.reset();
   picture_.Clear();
-  current_ = ExtractIconOf(source_, Index());
+  if (win32::IsSoundIconFile(source_)) {
+    current_ = ExtractIconOf(source_, Index());
+  }
   picture_.Draw(current_.get());
 }
 
