@@ -9,25 +9,30 @@
 namespace win32 {
 namespace {
 
-constexpr int kFaceBox = cmb1;
-constexpr int kSizeBox = cmb3;
-
 constexpr const char* kDialogProperty = "CorvalisFontDialog";
 
-// One of the dialog's combo boxes: whether it says what it said at first.
+// One of the dialog's combo boxes, and whether the user has changed it.
 struct Box {
-  std::string first;
+  int id;
+  std::string first = {};  // what it said at first
   bool changed = false;
 
-  void Look(HWND dialog, int id) { changed |= WindowText(GetDlgItem(dialog, id)) != first; }
+  HWND In(HWND dialog) const { return GetDlgItem(dialog, id); }
+
+  // The dialog fills its boxes anew when another face is selected and reports
+  // that as if the user had done it, who can only be in one.
+  void Notify(HWND dialog, WORD event) {
+    const HWND focus = GetFocus();
+    const bool hasFocus = focus == In(dialog) || IsChild(In(dialog), focus);
+    changed |= hasFocus && (event == CBN_SELCHANGE || event == CBN_EDITCHANGE);
+  }
 };
 
 struct FontDialog {
   const char* title;
-  Box face;
-  Box size;
-
-  Box* Of(int id) { return id == kFaceBox ? &face : id == kSizeBox ? &size : nullptr; }
+  Box face{cmb1};
+  Box style{cmb2};
+  Box size{cmb3};
 };
 
 // Called by the dialog before it deals with a message itself, but for the first
@@ -38,8 +43,9 @@ UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM wide, LPARAM data) {
         reinterpret_cast<FontDialog*>(reinterpret_cast<const CHOOSEFONTA*>(data)->lCustData);
     SetPropA(dialog, kDialogProperty, state);
     SetWindowTextA(dialog, state->title);
-    state->face.first = WindowText(GetDlgItem(dialog, kFaceBox));
-    state->size.first = WindowText(GetDlgItem(dialog, kSizeBox));
+    for (Box* box : {&state->face, &state->style, &state->size}) {
+      box->first = WindowText(box->In(dialog));
+    }
     return 0;
   }
   FontDialog* const state = static_cast<FontDialog*>(GetPropA(dialog, kDialogProperty));
@@ -47,13 +53,12 @@ UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM wide, LPARAM data) {
     return 0;
   }
   if (message == WM_COMMAND) {
-    const WORD event = HIWORD(wide);
-    Box* const box = state->Of(LOWORD(wide));
-    if (box != nullptr && (event == CBN_SELCHANGE || event == CBN_EDITCHANGE)) {
-      box->changed = true;
-    } else if (wide == MAKEWPARAM(IDOK, BN_CLICKED)) {
-      state->face.Look(dialog, kFaceBox);
-      state->size.Look(dialog, kSizeBox);
+    for (Box* box : {&state->face, &state->style, &state->size}) {
+      if (LOWORD(wide) == box->id) {
+        box->Notify(dialog, HIWORD(wide));
+      } else if (LOWORD(wide) == IDOK) {
+        box->changed |= WindowText(box->In(dialog)) != box->first;
+      }
     }
   } else if (message == WM_NCDESTROY) {
     RemovePropA(dialog, kDialogProperty);
@@ -64,7 +69,7 @@ UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM wide, LPARAM data) {
 }  // namespace
 
 void ChooseScreenFont(HWND owner, const char* title, FontDescription& font) {
-  FontDialog state{title, {}, {}};
+  FontDialog state{title};
   LOGFONTA face{};
   // The dialog reckons with the DPI of the screen as a whole.
   const int dpi = GetDeviceCaps(WindowDc(nullptr).get(), LOGPIXELSY);
@@ -90,8 +95,10 @@ void ChooseScreenFont(HWND owner, const char* title, FontDescription& font) {
     constexpr double kTenthsOfAPoint = 10;
     font.points = dialog.iPointSize / kTenthsOfAPoint;
   }
-  font.bold = face.lfWeight >= FW_SEMIBOLD;
-  font.italic = face.lfItalic != FALSE;
+  if (state.style.changed) {
+    font.bold = face.lfWeight >= FW_SEMIBOLD;
+    font.italic = face.lfItalic != FALSE;
+  }
 }
 
 }  // namespace win32
