@@ -1,0 +1,476 @@
+#include <windows.h>
+
+#include <dlgs.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <functional>
+#include <vector>
+
+#include "menufile/failure.h"
+#include "menufile/rewrite.h"
+#include "tests/windows/handle_count.h"
+#include "tests/windows/icon_test_base.h"
+
+using testing_menus::DirectoryMenu;
+using testing_menus::ItemLine;
+using testing_menus::kPicture;
+using testing_menus::kSeparatorLine;
+using testing_menus::UserDefinedMenu;
+
+namespace {
+
+// The boxes of the font dialog.
+constexpr int kFace = cmb1;
+constexpr int kStyle = cmb2;
+constexpr int kSize = cmb3;
+
+template <typename T>
+void Append(std::string& out, const T& value) {
+  out.append(reinterpret_cast<const char*>(&value), sizeof value);
+}
+
+// A bitmap file of those pixels, which come from the top left one, row by row.
+std::string BitmapFile(const std::vector<COLORREF>& pixels) {
+  const int side = testing_icons::kIconSize;
+  const std::uint32_t pixelBytes = static_cast<std::uint32_t>(side * side * 3);
+  std::string file = "BM";
+  for (const std::uint32_t number : {54 + pixelBytes, 0U, 54U, 40U, 32U, 32U}) {
+    Append(file, number);
+  }
+  Append(file, std::uint16_t{1});   // planes
+  Append(file, std::uint16_t{24});  // bits a pixel
+  for (const std::uint32_t number : {0U, pixelBytes, 0U, 0U, 0U, 0U}) {
+    Append(file, number);
+  }
+  for (int y = side - 1; y >= 0; --y) {
+    for (int x = 0; x < side; ++x) {
+      const COLORREF pixel = pixels[static_cast<std::size_t>(y * side + x)];
+      file += static_cast<char>(GetBValue(pixel));
+      file += static_cast<char>(GetGValue(pixel));
+      file += static_cast<char>(GetRValue(pixel));
+    }
+  }
+  return file;
+}
+
+// Files that let a menu be emptied but not written.
+class FullDisk final : public menufile::FileSystem {
+ public:
+  explicit FullDisk(menufile::FileSystem& files) : files_(files) {}
+  std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override {
+    auto file = files_.Open(path, mode);
+    if (mode != menufile::OpenMode::Change) {
+      return file;
+    }
+    return std::make_unique<FullFile>(std::move(file), path);
+  }
+  void Remove(const std::string& path) override { files_.Remove(path); }
+
+ private:
+  class FullFile final : public menufile::File {
+   public:
+    FullFile(std::unique_ptr<menufile::File> file, std::string path)
+        : file_(std::move(file)), path_(std::move(path)) {}
+    std::string ReadAll() override { return file_->ReadAll(); }
+    void Truncate(std::uint64_t size) override { file_->Truncate(size); }
+    std::uint64_t SeekToEnd() override { return file_->SeekToEnd(); }
+    void Write(std::string_view) override {
+      throw menufile::Failure(path_, "write the file", "There is not enough space on the disk");
+    }
+    void Flush() override { file_->Flush(); }
+
+   private:
+    std::unique_ptr<menufile::File> file_;
+    std::string path_;
+  };
+
+  menufile::FileSystem& files_;
+};
+
+}  // namespace
+
+class AppearanceTest : public IconTest {
+ protected:
+  void OpenPage(const std::string& menu) {
+    ASSERT_TRUE(Open(menu));
+    SelectTab(1);
+  }
+  // A menu with that appearance line.
+  std::string Menu(const std::string& appearance, const std::string& picture = kPicture) const {
+    return UserDefinedMenu({ItemLine("First", "C:\\first.exe", "/a", "C:\\", two, "1"),
+                            kSeparatorLine, ItemLine("Last, \x80", "C:\\last", "", "", "", "")},
+                           appearance, picture);
+  }
+  std::string EmptyPicture() const { return BitmapFile(Empty()); }
+
+  void Choose(const std::string& path) {
+    ChooseInDialog(path);
+    Press(IDC_FORM2_COMMAND10);
+  }
+  void Save() { Press(IDC_FORM2_COMMAND12); }
+
+  // The appearance line that a save writes after nothing else.
+  std::string SavedLine() {
+    Save();
+    const std::string bytes = MenuBytes();
+    const std::string before = "\r\n<START ZOL>\r\n\"USERDEF\"\r\n";
+    const std::size_t at = bytes.find(before);
+    EXPECT_NE(at, std::string::npos);
+    const std::size_t start = at + before.size();
+    return bytes.substr(start, bytes.find('\n', start) + 1 - start);
+  }
+
+  void ExpectSaved() {
+    ASSERT_EQ(answers.Shown().size(), 1U);
+    EXPECT_EQ(answers.Shown()[0].title, "Corvalis Edit");
+    EXPECT_EQ(answers.Shown()[0].text,
+              "You might have to refresh the desktop for the new icon to show.");
+    EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
+    EXPECT_FALSE(Exists(scratch));
+    EXPECT_EQ(ExitCode(), std::nullopt);
+  }
+  // The message, and the end of the program as if the window had been closed.
+  void ExpectWriteError() {
+    ASSERT_EQ(answers.Shown().size(), 1U);
+    EXPECT_EQ(answers.Shown()[0].title, "Error!");
+    EXPECT_EQ(answers.Shown()[0].text, "Error writing to file.");
+    EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
+    EXPECT_EQ(form().window(), nullptr);
+    EXPECT_EQ(ExitCode(), EXIT_SUCCESS);
+  }
+
+  // Change Font; the dialog is driven before its button is pressed.
+  void ChangeFont(
+      int button, const std::function<void(HWND)>& drive = [](HWND) {}) {
+    answers.OnDialog([this, button, drive](HWND dialog) {
+      title = win32::WindowText(dialog);
+      size = win32::WindowText(GetDlgItem(dialog, kSize));
+      face = win32::WindowText(GetDlgItem(dialog, kFace));
+      style = win32::WindowText(GetDlgItem(dialog, kStyle));
+      drive(dialog);
+      PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    });
+    Press(IDC_FORM2_COMMAND6);
+  }
+  // Selects a row of one of its boxes as the user does.
+  static void Select(HWND dialog, int box, int row) {
+    const HWND combo = GetDlgItem(dialog, box);
+    SetFocus(combo);
+    SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(box, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(combo));
+  }
+  static void Select(HWND dialog, int box, const std::string& text) {
+    const LRESULT row =
+        SendMessageA(GetDlgItem(dialog, box), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                     reinterpret_cast<LPARAM>(text.c_str()));
+    ASSERT_NE(row, CB_ERR) << text;
+    Select(dialog, box, static_cast<int>(row));
+  }
+
+  LOGFONTA SampleFont() {
+    LOGFONTA font{};
+    GetObjectA(reinterpret_cast<HGDIOBJ>(SendMessageA(Control(IDC_FORM2_TEXT3), WM_GETFONT, 0, 0)),
+               sizeof font, &font);
+    return font;
+  }
+
+  // What the font dialog showed when it came up.
+  std::string title, size, face, style;
+
+  const std::string scratch = menufile::kDialogScratchFile;
+};
+
+TEST_F(AppearanceTest, SaveReplacesThePictureAndTheAppearanceAndKeepsTheRest) {
+  OpenPage(Menu("0,\"Tahoma\",8.25,0,-1\r\n"));
+  const std::vector<std::string> rows = Rows();
+  const std::vector<editor::HiddenRow> hidden = HiddenRows();
+  SelectRow(0);
+  Choose(twelve);
+  Scroll(Control(IDC_FORM2_HSCROLL1), SB_THUMBPOSITION, 7);
+  Press(IDC_FORM2_CHECK1);
+  Save();
+  ExpectSaved();
+  EXPECT_EQ(MenuBytes(), Menu("1,\"Tahoma\",8.25,0,-1\r\n", BitmapFile(Showing(colours[7]))));
+  EXPECT_EQ(Rows(), rows);
+  EXPECT_EQ(SelectedRow(), 0);
+  EXPECT_EQ(HiddenRows()[0].text, hidden[0].text);
+}
+
+TEST_F(AppearanceTest, TheSavedPictureIsThatOfTheScreen) {
+  OpenPage(Menu("0,\"Tahoma\",8.25,0,0\r\n"));
+  Choose(two);
+  SendMessageA(Control(IDC_FORM2_PICTURE1), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+  Save();
+  ExpectSaved();
+  const std::vector<COLORREF> expected =
+      testing_icons::PixelsOf(colours[0], GetSysColor(COLOR_BACKGROUND));
+  EXPECT_EQ(Painted(IDC_FORM2_PICTURE1), expected);
+  EXPECT_EQ(MenuBytes(), Menu("0,\"Tahoma\",8.25,0,0\r\n", BitmapFile(expected)));
+}
+
+TEST_F(AppearanceTest, WindowsReadsTheSavedPicture) {
+  OpenPage(Menu("0,\"Tahoma\",8.25,0,0\r\n"));
+  Choose(two);
+  Save();
+  ExpectSaved();
+  const win32::UniqueBitmap bitmap(static_cast<HBITMAP>(
+      LoadImageA(nullptr, MenuPath().c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE)));
+  ASSERT_TRUE(bitmap);
+  const win32::UniqueMemoryDc dc(CreateCompatibleDC(nullptr));
+  const win32::SelectedObject selected(dc.get(), bitmap.get());
+  EXPECT_EQ(GetPixel(dc.get(), 0, 0), testing_icons::kWhite);
+  EXPECT_EQ(GetPixel(dc.get(), 31, 0), colours[0]);
+  EXPECT_EQ(GetPixel(dc.get(), 0, 31), colours[0]);
+  EXPECT_EQ(GetPixel(dc.get(), 31, 31), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST_F(AppearanceTest, WithoutAChoiceTheEmptyBoxIsSaved) {
+  const std::string line = "1,\"MS Sans Serif\",10,-1,0\r\n";
+  OpenPage(Menu(line));
+  Save();
+  ExpectSaved();
+  EXPECT_EQ(MenuBytes(), Menu(line, EmptyPicture()));
+}
+
+TEST_F(AppearanceTest, ASecondSaveWritesTheSame) {
+  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  Choose(one);
+  Save();
+  const std::string first = MenuBytes();
+  Save();
+  EXPECT_EQ(MenuBytes(), first);
+  EXPECT_EQ(answers.Shown().size(), 2U);
+  Choose(none);
+  Save();
+  EXPECT_EQ(MenuBytes(), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));
+}
+
+TEST_F(AppearanceTest, ThePageIsUsableAtOnce) {
+  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  for (const int id : {IDC_FORM2_COMMAND6, IDC_FORM2_COMMAND10, IDC_FORM2_COMMAND12,
+                       IDC_FORM2_CHECK1, IDC_FORM2_PICTURE1, IDC_FORM2_TEXT3}) {
+    EXPECT_TRUE(IsVisible(id) && IsEnabled(id)) << id;
+  }
+  EXPECT_FALSE(IsVisible(IDC_FORM2_PICTURE2));
+  EXPECT_TRUE(IsChecked(IDC_FORM2_CHECK1));
+}
+
+TEST_F(AppearanceTest, AnyOtherTypeIsSavedAsAList) {
+  OpenPage("\r\n<START ZOL>\r\n\"OTHER\"\r\n0,\"Liberation Sans\",9,0,0\r\n" + ItemLine("A", "B"));
+  Save();
+  ExpectSaved();
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({ItemLine("A", "B")}, "0,\"Liberation Sans\",9,0,0\r\n",
+                                         EmptyPicture()));
+}
+
+TEST_F(AppearanceTest, ADirectoryPointerIsNotSavedAndKeepsItsBytes) {
+  const std::string menu = DirectoryMenu("\"C:\\\",\"*.*\",1,0,0\r\n");
+  OpenPage(menu);
+  Save();
+  ExpectWriteError();
+  EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(AppearanceTest, AMenuWithoutMarkerIsNotSaved) {
+  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  WriteBytes(MenuPath(), "no marker");
+  Save();
+  ExpectWriteError();
+  EXPECT_EQ(MenuBytes(), "no marker");
+}
+
+TEST_F(AppearanceTest, AReadOnlyMenuIsNotSaved) {
+  const std::string menu = Menu("1,\"Liberation Sans\",9.75,0,0\r\n");
+  OpenPage(menu);
+  if (!MakeReadOnly(MenuPath())) {
+    GTEST_SKIP() << "this user may write what is read-only";
+  }
+  Save();
+  SetFileAttributesA(MenuPath().c_str(), FILE_ATTRIBUTE_NORMAL);
+  ExpectWriteError();
+  EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(AppearanceTest, AMenuThatIsGoneIsNotMadeAnew) {
+  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  ASSERT_TRUE(DeleteFileA(MenuPath().c_str()));
+  Save();
+  ExpectWriteError();
+  EXPECT_FALSE(Exists(MenuPath()));
+}
+
+TEST_F(AppearanceTest, ALockedMenuIsNotSaved) {
+  const std::string menu = Menu("1,\"Liberation Sans\",9.75,0,0\r\n");
+  OpenPage(menu);
+  const HANDLE lock = CreateFileA(MenuPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                  OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+  Save();
+  CloseHandle(lock);
+  ExpectWriteError();
+  EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(AppearanceTest, AScratchFileThatCannotBeMadeIsAnError) {
+  const std::string menu = Menu("1,\"Liberation Sans\",9.75,0,0\r\n");
+  OpenPage(menu);
+  ASSERT_TRUE(CreateDirectoryA(PathOf(scratch).c_str(), nullptr));
+  Save();
+  ExpectWriteError();
+  EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(AppearanceTest, AnOldScratchFileIsDeletedFirst) {
+  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  WriteBytes(PathOf(scratch), std::string(9000, '#'));
+  Save();
+  ExpectSaved();
+  EXPECT_EQ(MenuBytes(), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));
+}
+
+TEST_F(AppearanceTest, WhenTheDiskIsFullTheScratchFileHoldsTheMenu) {
+  FullDisk full(windowsFiles);
+  files = &full;
+  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  Save();
+  ExpectWriteError();
+  EXPECT_EQ(ReadBytes(PathOf(scratch)), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));
+}
+
+// Else the menu would begin in the middle of its picture.
+TEST_F(AppearanceTest, APictureWithTheMarkerInItIsNotSaved) {
+  const std::string menu = Menu("1,\"Liberation Sans\",9.75,0,0\r\n");
+  OpenPage(menu);
+  Choose(Write("marker.ico", testing_icons::IconFileHolding("\r\n<START ZOL>\r\n\r\n\r\n")));
+  Save();
+  ExpectWriteError();
+  EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(AppearanceTest, TheFontDialogStartsWithTheSample) {
+  OpenPage(Menu("0,\"Liberation Sans\",12,-1,-1\r\n"));
+  ChangeFont(IDCANCEL);
+  EXPECT_EQ(title, "Select Font");
+  EXPECT_EQ(size, "12");
+  EXPECT_EQ(face, "Liberation Sans");
+  EXPECT_EQ(style, "Bold Italic");
+  EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",12,-1,-1\r\n");
+}
+
+TEST_F(AppearanceTest, WhatWasNotTouchedInTheFontDialogStays) {
+  for (const char* line :
+       {"0,\"Liberation Sans\",8.25,0,0\r\n", "0,\"Liberation Sans\",10,-1,0\r\n",
+        "0,\"Liberation Sans\",9.75,0,-1\r\n", "0,\"Liberation Sans\",8.3333,0,0\r\n",
+        "0,\"Liberation Sans\",72,-1,-1\r\n", "0,\"Liberation Sans\",300,0,0\r\n",
+        "0,\"Liberation Sans\",1,0,0\r\n"}) {
+    for (const int button : {IDOK, IDCANCEL}) {
+      OpenPage(Menu(line));
+      ChangeFont(button);
+      EXPECT_EQ(SavedLine(), line) << button;
+    }
+  }
+}
+
+TEST_F(AppearanceTest, EverySizeFromOneToSixtyStaysInTheFontDialog) {
+  for (int points = 1; points <= 60; ++points) {
+    const std::string line = "0,\"Liberation Sans\"," + std::to_string(points) + ",0,0\r\n";
+    OpenPage(Menu(line));
+    ChangeFont(IDOK);
+    EXPECT_EQ(SavedLine(), line);
+  }
+}
+
+TEST_F(AppearanceTest, AFaceThatThisMachineLacksKeepsItsName) {
+  const std::string line = "0,\"No Such Font At All\",8.25,-1,0\r\n";
+  OpenPage(Menu(line));
+  ChangeFont(IDOK);
+  EXPECT_EQ(SavedLine(), line);
+  ChangeFont(IDOK, [](HWND dialog) { Select(dialog, kSize, "14"); });
+  EXPECT_EQ(SavedLine(), "0,\"No Such Font At All\",14,-1,0\r\n");
+  ChangeFont(IDOK, [](HWND dialog) { Select(dialog, kFace, "Liberation Sans"); });
+  EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",14,-1,0\r\n");
+}
+
+TEST_F(AppearanceTest, TheFirstFaceOfTheListCanBeChosenForOneThatIsLacking) {
+  OpenPage(Menu("0,\"No Such Font At All\",8.25,0,0\r\n"));
+  std::string first;
+  ChangeFont(IDOK, [&](HWND dialog) {
+    Select(dialog, kFace, 0);
+    first = win32::WindowText(GetDlgItem(dialog, kFace));
+  });
+  ASSERT_FALSE(first.empty());
+  EXPECT_EQ(SavedLine(), "0,\"" + first + "\",8.25,0,0\r\n");
+}
+
+TEST_F(AppearanceTest, AFaceNameLongerThanAnyFontsStays) {
+  const std::string line = "0,\"" + std::string(60, 'x') + "\",8.25,0,0\r\n";
+  OpenPage(Menu(line));
+  ChangeFont(IDOK);
+  EXPECT_EQ(SavedLine(), line);
+}
+
+TEST_F(AppearanceTest, TheFontDialogsChoiceIsShownAndSaved) {
+  OpenPage(Menu("0,\"Tahoma\",8.25,0,0\r\n"));
+  const std::string menu = MenuBytes();
+  ChangeFont(IDOK, [](HWND dialog) {
+    Select(dialog, kFace, "Liberation Sans");
+    Select(dialog, kStyle, "Bold Italic");
+    Select(dialog, kSize, "20");
+  });
+  const LOGFONTA font = SampleFont();
+  EXPECT_STREQ(font.lfFaceName, "Liberation Sans");
+  EXPECT_EQ(font.lfWeight, FW_BOLD);
+  EXPECT_NE(font.lfItalic, 0);
+  EXPECT_EQ(font.lfHeight, -27);  // 20 points at 96 DPI
+  EXPECT_EQ(MenuBytes(), menu) << "written before Save Changes";
+  EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",20,-1,-1\r\n");
+}
+
+TEST_F(AppearanceTest, TheSizeThatTheDialogShowsCanBeChosen) {
+  OpenPage(Menu("0,\"Liberation Sans\",8.25,0,0\r\n"));
+  ChangeFont(IDOK, [](HWND dialog) { Select(dialog, kSize, "8"); });
+  EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",8,0,0\r\n");
+}
+
+TEST_F(AppearanceTest, CancellingTheFontDialogForgetsWhatWasChosen) {
+  OpenPage(Menu("0,\"Tahoma\",8.25,0,0\r\n"));
+  ChangeFont(IDCANCEL, [](HWND dialog) {
+    Select(dialog, kFace, "Liberation Sans");
+    Select(dialog, kSize, "20");
+  });
+  EXPECT_STREQ(SampleFont().lfFaceName, "Tahoma");
+  EXPECT_EQ(SavedLine(), "0,\"Tahoma\",8.25,0,0\r\n");
+}
+
+TEST_F(AppearanceTest, AThousandSavesLeaveNoHandlesBehind) {
+  OpenPage(Menu("0,\"Tahoma\",8.25,0,0\r\n"));
+  Choose(twelve);
+  const auto round = [&](int i) {
+    Scroll(Control(IDC_FORM2_HSCROLL1), SB_THUMBPOSITION, i % 12);
+    Save();
+  };
+  round(1);
+  round(2);
+  const HandleCount before = HandleCount::Now();
+  for (int i = 3; i < 1003; ++i) {
+    round(i);
+  }
+  const HandleCount after = HandleCount::Now();
+  EXPECT_EQ(after.gdi, before.gdi);
+  EXPECT_EQ(after.user, before.user);
+}
+
+TEST_F(AppearanceTest, FontChoicesLeaveNoHandlesBehind) {
+  OpenPage(Menu("0,\"Tahoma\",8.25,0,0\r\n"));
+  ChangeFont(IDOK);
+  ChangeFont(IDOK);
+  const HandleCount before = HandleCount::Now();
+  for (int i = 0; i < 20; ++i) {
+    ChangeFont(IDOK);
+  }
+  const HandleCount after = HandleCount::Now();
+  EXPECT_EQ(after.gdi, before.gdi);
+  EXPECT_EQ(after.user, before.user);
+}

@@ -1,0 +1,341 @@
+#include "icons/icon_browser.h"
+
+#include <shellapi.h>
+
+#include <stdexcept>
+#include <utility>
+
+#include "tests/windows/handle_count.h"
+#include "tests/windows/icon_test_base.h"
+#include "win32/shell_file.h"
+
+using testing_icons::IconFile;
+using testing_icons::Library;
+using testing_menus::ItemLine;
+using testing_menus::UserDefinedMenu;
+
+class IconBrowserTest : public IconTest {
+ protected:
+  void OpenAppearance() {
+    ASSERT_TRUE(Open(UserDefinedMenu({})));
+    SelectTab(1);
+  }
+  HWND bar() { return Control(IDC_FORM2_HSCROLL1); }
+  std::string Label() { return Text(IDC_FORM2_LABEL8); }
+  std::vector<COLORREF> Preview() { return Painted(IDC_FORM2_PICTURE1); }
+
+  // Select Icon File.
+  void Choose(const std::string& path) {
+    ChooseInDialog(path);
+    Press(IDC_FORM2_COMMAND10);
+  }
+
+  // A press and release of the mouse on the picture.
+  void ClickPicture() {
+    SendMessageA(Control(IDC_FORM2_PICTURE1), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(9, 9));
+    SendMessageA(Control(IDC_FORM2_PICTURE1), WM_LBUTTONUP, 0, MAKELPARAM(9, 9));
+    RunMessages();
+  }
+
+  int Count(const std::string& path) {
+    icons::IconBrowser browser;
+    browser.SetSource(path);
+    const int count = browser.CountIcons();
+    EXPECT_EQ(browser.current(), nullptr) << path;
+    return count;
+  }
+};
+
+TEST_F(IconBrowserTest, CountsTheIconsOfAnIconFileALibraryAndAProgram) {
+  EXPECT_EQ(Count(none), 0);
+  EXPECT_EQ(Count(one), 1);
+  EXPECT_EQ(Count(two), 2);
+  EXPECT_EQ(Count(twelve), 12);
+  EXPECT_EQ(Count(Write("two.exe", Library(colours, 2, true))), 2);
+  EXPECT_EQ(Count(Write("one.ico", IconFile(colours[0]))), 1);
+  EXPECT_EQ(Count(Write("odd name.xyz", Library(colours))), 12);
+}
+
+TEST_F(IconBrowserTest, WhatCannotBeReadHasNoIcons) {
+  EXPECT_EQ(Count(""), 0);
+  EXPECT_EQ(Count(PathOf("missing.ico")), 0);
+  EXPECT_EQ(Count("Q:\\missing\\missing.dll"), 0);
+  EXPECT_EQ(Count(folder()), 0);
+  EXPECT_EQ(Count("C:\\"), 0);
+  EXPECT_EQ(Count(Write("text.txt", "No icon is in here.\r\n")), 0);
+  EXPECT_EQ(Count(Write("named.dll", "No icon is in here.\r\n")), 0);
+  EXPECT_EQ(Count(PathOf(std::string(300, 'x') + ".dll")), 0);
+  EXPECT_EQ(Count(std::string(70000, 'x')), 0);
+  const std::string locked = Write("locked.dll", Library(colours));
+  const HANDLE lock = CreateFileA(locked.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                  OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+  EXPECT_EQ(Count(locked), 0);
+  CloseHandle(lock);
+  EXPECT_EQ(Count(locked), 12);
+}
+
+TEST_F(IconBrowserTest, CountsUpToTheLargestIndex) {
+  EXPECT_EQ(Count(Write("most.dll", Library({colours[0]}, 32767))), 32767);
+}
+
+TEST_F(IconBrowserTest, TooManyIconsAreAnErrorAndShowNone) {
+  OpenAppearance();
+  const std::string path = Write("more.dll", Library({colours[0]}, 32768));
+  Choose(path);
+  ASSERT_EQ(answers.Shown().size(), 1U);
+  EXPECT_EQ(answers.Shown()[0].title, "Error!");
+  EXPECT_EQ(answers.Shown()[0].text, "More than 32767 icons are in:\n" + path);
+  EXPECT_EQ(Label(), "0 Icons");
+  EXPECT_EQ(LastPosition(bar()), 0);
+}
+
+TEST_F(IconBrowserTest, ShowsTheCountAsAWordInOneOrMany) {
+  OpenAppearance();
+  const HWND label = Control(IDC_FORM2_LABEL8);
+  for (const auto& [count, text] : std::vector<std::pair<int, std::string>>{
+           {0, "0 Icons"}, {1, "1 Icon"}, {2, "2 Icons"}, {12, "12 Icons"}, {101, "101 Icons"}}) {
+    icons::ShowIconCount(label, count);
+    EXPECT_EQ(Label(), text);
+  }
+}
+
+TEST_F(IconBrowserTest, StartsEmptyWithTheScrollBarDisabled) {
+  OpenAppearance();
+  EXPECT_FALSE(IsEnabled(IDC_FORM2_HSCROLL1));
+  EXPECT_EQ(Preview(), Empty());
+}
+
+TEST_F(IconBrowserTest, ChoosingAFileShowsItsFirstIcon) {
+  OpenAppearance();
+  Choose(one);
+  EXPECT_EQ(Label(), "1 Icon");
+  EXPECT_EQ(LastPosition(bar()), 0);
+  EXPECT_TRUE(IsEnabled(IDC_FORM2_HSCROLL1));
+  EXPECT_EQ(Preview(), Showing(colours[0]));
+  Choose(two);
+  EXPECT_EQ(Label(), "2 Icons");
+  EXPECT_EQ(LastPosition(bar()), 1);
+  EXPECT_EQ(Preview(), Showing(colours[0]));
+  Scroll(bar(), SB_LINERIGHT);
+  EXPECT_EQ(Preview(), Showing(colours[1]));
+  Choose(twelve);
+  EXPECT_EQ(Label(), "12 Icons");
+  EXPECT_EQ(LastPosition(bar()), 11);
+  EXPECT_EQ(Position(bar()), 0);
+  EXPECT_EQ(Preview(), Showing(colours[0]));
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
+TEST_F(IconBrowserTest, TheDialogSaysWhatItIsForAndStartsWithTheCurrentFile) {
+  OpenAppearance();
+  Choose(two);
+  Choose(one);
+  ASSERT_EQ(FileDialogs().size(), 2U);
+  EXPECT_EQ(FileDialogs()[0].title, "Select a DLL or EXE which includes Icons");
+  EXPECT_EQ(FileDialogs()[0].name, "");
+  EXPECT_EQ(FileDialogs()[0].filter, "Icon Files (*.ico;*.exe;*.dll)");
+  EXPECT_NE(FileDialogs()[1].name.find("two.dll"), std::string::npos) << FileDialogs()[1].name;
+}
+
+TEST_F(IconBrowserTest, CancellingTheDialogChangesNothing) {
+  OpenAppearance();
+  CancelDialog();
+  Press(IDC_FORM2_COMMAND10);
+  EXPECT_FALSE(IsEnabled(IDC_FORM2_HSCROLL1));
+  EXPECT_EQ(Preview(), Empty());
+  Choose(twelve);
+  Scroll(bar(), SB_THUMBPOSITION, 7);
+  CancelDialog();
+  Press(IDC_FORM2_COMMAND10);
+  EXPECT_EQ(FileDialogs().size(), 3U);
+  EXPECT_EQ(Label(), "12 Icons");
+  EXPECT_EQ(Position(bar()), 7);
+  EXPECT_EQ(Preview(), Showing(colours[7]));
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
+TEST_F(IconBrowserTest, PagesThroughAllIconsAndStopsAtBothEnds) {
+  OpenAppearance();
+  Choose(twelve);
+  Scroll(bar(), SB_LINELEFT);
+  EXPECT_EQ(Position(bar()), 0);
+  for (int index = 1; index < 12; ++index) {
+    Scroll(bar(), index % 2 == 0 ? SB_LINERIGHT : SB_PAGERIGHT);
+    EXPECT_EQ(Position(bar()), index);
+    EXPECT_EQ(Preview(), Showing(colours[static_cast<std::size_t>(index)])) << index;
+  }
+  Scroll(bar(), SB_LINERIGHT);
+  EXPECT_EQ(Position(bar()), 11);
+  Scroll(bar(), SB_LEFT);
+  EXPECT_EQ(Preview(), Showing(colours[0]));
+  Scroll(bar(), SB_THUMBTRACK, 5);
+  EXPECT_EQ(Preview(), Showing(colours[5]));
+  Scroll(bar(), SB_RIGHT);
+  EXPECT_EQ(Preview(), Showing(colours[11]));
+}
+
+TEST_F(IconBrowserTest, AFileWithoutIconsBecomesTheSourceAfterAMessage) {
+  OpenAppearance();
+  Choose(twelve);
+  Scroll(bar(), SB_THUMBPOSITION, 3);
+  Choose(none);
+  ASSERT_EQ(answers.Shown().size(), 1U);
+  EXPECT_EQ(answers.Shown()[0].title, "Error!");
+  EXPECT_EQ(answers.Shown()[0].text, "No Icons found in this file!");
+  EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
+  EXPECT_EQ(Label(), "0 Icons");
+  EXPECT_EQ(Preview(), Empty());
+  EXPECT_TRUE(IsEnabled(IDC_FORM2_HSCROLL1));
+  EXPECT_EQ(LastPosition(bar()), 0);
+  EXPECT_EQ(Position(bar()), 0);
+  Scroll(bar(), SB_LINERIGHT);
+  EXPECT_EQ(Position(bar()), 0);
+  CancelDialog();
+  Press(IDC_FORM2_COMMAND10);
+  EXPECT_NE(FileDialogs().back().name.find("none.dll"), std::string::npos);
+}
+
+TEST_F(IconBrowserTest, AnIconThatIsGoneShowsNothing) {
+  OpenAppearance();
+  Choose(twelve);
+  WriteBytes(twelve, Library({colours[4]}));
+  Scroll(bar(), SB_THUMBPOSITION, 3);
+  EXPECT_EQ(Preview(), Empty());
+  Scroll(bar(), SB_LEFT);
+  EXPECT_EQ(Preview(), Showing(colours[4]));
+}
+
+TEST_F(IconBrowserTest, AClickOnThePictureSetsTheColourOfTheDesktopForGood) {
+  ASSERT_NE(GetSysColor(COLOR_BACKGROUND), GetSysColor(COLOR_BTNFACE));
+  OpenAppearance();
+  Choose(two);
+  ClickPicture();
+  const COLORREF desktop = GetSysColor(COLOR_BACKGROUND);
+  EXPECT_EQ(Preview(), testing_icons::PixelsOf(colours[0], desktop));
+  Scroll(bar(), SB_LINERIGHT);
+  EXPECT_EQ(Preview(), testing_icons::PixelsOf(colours[1], desktop));
+  Choose(one);
+  EXPECT_EQ(Preview(), testing_icons::PixelsOf(colours[0], desktop));
+  Choose(none);
+  EXPECT_EQ(Preview(), Empty(COLOR_BACKGROUND));
+}
+
+TEST_F(IconBrowserTest, AClickOnAnEmptyPictureFillsIt) {
+  OpenAppearance();
+  ClickPicture();
+  EXPECT_EQ(Preview(), Empty(COLOR_BACKGROUND));
+}
+
+TEST_F(IconBrowserTest, ARowWithAnIconShowsItAndOneWithoutShowsTheShells) {
+  const std::string program = Write("shown.exe", Library(colours, 2, true));
+  ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Own", program, "", "", twelve, "5"),
+                                    ItemLine("The shell's", program, "", "", "", "0")})));
+  SelectRow(0);
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Showing(colours[5]));
+  // A handle is drawn whatever the shell would say of the target.
+  form().items().Hidden(0).tag = "Q:\\missing.exe";
+  SelectRow(0);
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Showing(colours[5]));
+
+  SelectRow(1);
+  const win32::ShellFile shell(program);
+  ASSERT_NE(shell.images, nullptr);
+  win32::PictureBox expected;
+  expected.Attach(Control(IDC_FORM2_PICTURE2));
+  expected.Draw(shell.images, shell.imageIndex);
+  EXPECT_EQ(form().iconic1().BitmapFile(), expected.BitmapFile());
+  EXPECT_NE(Painted(IDC_FORM2_ICONIC1), Empty());
+}
+
+// Whatever a file holds: it is read as far as Windows can, and nothing else
+// happens.
+TEST_F(IconBrowserTest, FilesCutShortDoNoHarm) {
+  const std::string library = Library(colours);
+  const std::string icon = IconFile(colours[0]);
+  for (std::size_t size = 0; size < icon.size(); size += size < 64 ? 1 : 97) {
+    EXPECT_EQ(Count(Write("cut.ico", icon.substr(0, size))), 0) << size;
+  }
+  for (std::size_t size = 0; size < library.size(); size += size < 600 ? 61 : 1021) {
+    EXPECT_EQ(Count(Write("cut.dll", library.substr(0, size))), 0) << size;
+  }
+}
+
+TEST_F(IconBrowserTest, SizesAndOffsetsThatLieDoNoHarm) {
+  const std::string icon = IconFile(colours[0]);
+  for (std::size_t at = 0; at + 4 <= 62; at += 2) {
+    std::string lying = icon;
+    lying.replace(at, 4, "\xFF\xFF\xFF\x7F");
+    const int count = Count(Write("lying.ico", lying));
+    const bool isCount = at == 2 || at == 4;
+    const bool isSizeOrOffset = at >= 12 && at <= 20;
+    if (isCount || isSizeOrOffset) {
+      EXPECT_EQ(count, 0) << at;
+    } else {
+      EXPECT_LE(count, 1) << at;
+    }
+  }
+  // The headers, the directories of the resources and what they lead to.
+  const std::string library = Library({colours[0], colours[1]});
+  for (std::size_t at = 0; at + 4 <= 0x400; at += 4) {
+    for (const char* value : {"\xFF\xFF\xFF\xFF", "\xFF\xFF\xFF\x7F", "\xF0\x0F\x00\x00"}) {
+      std::string lying = library;
+      lying.replace(at, 4, std::string(value, 4));
+      EXPECT_LE(Count(Write("lying.dll", lying)), 2) << at;
+    }
+  }
+}
+
+TEST_F(IconBrowserTest, AMenuThatNamesADamagedLibraryLoads) {
+  const std::string cut = Write("cut.dll", Library(colours).substr(0, 5000));
+  ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Cut", one, "", "", cut, "3")})));
+  EXPECT_EQ(HiddenRows()[0].text, "0");
+}
+
+TEST_F(IconBrowserTest, AHugeFileHasNoIcons) {
+  const std::string path = PathOf("huge.dll");
+  const HANDLE file =
+      CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  ASSERT_NE(file, INVALID_HANDLE_VALUE);
+  DWORD done = 0;
+  DeviceIoControl(file, 0x000900C4 /* FSCTL_SET_SPARSE */, nullptr, 0, nullptr, 0, &done, nullptr);
+  LARGE_INTEGER size{};
+  size.QuadPart = 0x100000000LL;
+  ASSERT_TRUE(SetFilePointerEx(file, size, nullptr, FILE_BEGIN) && SetEndOfFile(file));
+  CloseHandle(file);
+  EXPECT_EQ(Count(path), 0);
+}
+
+TEST_F(IconBrowserTest, AServerThatDoesNotExistHasNoIcons) {
+  EXPECT_EQ(Count("\\\\corvalis-no-such-server\\share\\icons.dll"), 0);
+}
+
+TEST_F(IconBrowserTest, SelectingAndPagingLeavesNoHandlesBehind) {
+  ASSERT_TRUE(Open(UserDefinedMenu(
+      {ItemLine("Own", one, "", "", twelve, "5"), ItemLine("The shell's", one, "", "", "", "0")})));
+  SelectTab(1);
+  const auto round = [&] {
+    SelectRow(0);
+    SelectRow(1);
+    Scroll(bar(), SB_RIGHT);
+    ClickPicture();
+    Scroll(bar(), SB_LEFT);
+  };
+  Choose(twelve);
+  round();
+  const HandleCount before = HandleCount::Now();
+  for (int i = 0; i < 1000; ++i) {
+    round();
+  }
+  const HandleCount after = HandleCount::Now();
+  EXPECT_EQ(after.gdi, before.gdi);
+  EXPECT_EQ(after.user, before.user);
+}
+
+TEST_F(IconBrowserTest, TheHandleCountSeesASingleIcon) {
+  OpenAppearance();
+  const HandleCount before = HandleCount::Now();
+  const win32::UniqueIcon icon(ExtractIconA(GetModuleHandleA(nullptr), one.c_str(), 0));
+  const HandleCount after = HandleCount::Now();
+  EXPECT_GT(after.gdi + after.user, before.gdi + before.user);
+}

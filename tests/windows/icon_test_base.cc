@@ -1,0 +1,152 @@
+#include "tests/windows/icon_test_base.h"
+
+#include <dlgs.h>
+
+#include <cstring>
+#include <functional>
+
+#include "win32/handles.h"
+#include "win32/picture_box.h"
+
+using testing_icons::Library;
+
+IconTest::IconTest()
+    : one(Write("one.dll", Library({colours[0]}))),
+      two(Write("two.dll", Library({colours[0], colours[1]}))),
+      twelve(Write("twelve.dll", Library(colours))),
+      none(Write("none.dll", Library(colours, 0))) {}
+
+std::string IconTest::Write(const std::string& name, const std::string& bytes) {
+  WriteBytes(PathOf(name), bytes);
+  return PathOf(name);
+}
+
+HWND IconTest::Form4() {
+  HWND found = nullptr;
+  EnumThreadWindows(
+      GetCurrentThreadId(),
+      [](HWND window, LPARAM result) -> BOOL {
+        char name[16] = "";
+        GetClassNameA(window, name, sizeof name);
+        if (std::strcmp(name, "Form4") == 0) {
+          *reinterpret_cast<HWND*>(result) = window;
+        }
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&found));
+  return found;
+}
+
+void IconTest::PressInForm4(int buttonId) {
+  SendMessageA(Form4Control(buttonId), BM_CLICK, 0, 0);
+  RunMessages();
+}
+
+void IconTest::ChooseInDialog(const std::string& path) {
+  answers.OnDialog([this, path](HWND dialog) { DriveFileDialog(dialog, path); });
+}
+
+void IconTest::CancelDialog() {
+  answers.OnDialog([this](HWND dialog) { DriveFileDialog(dialog, std::nullopt); });
+}
+
+void IconTest::DriveFileDialog(HWND dialog, const std::optional<std::string>& path) {
+  HWND name = GetDlgItem(dialog, edt1);
+  if (name == nullptr) {
+    name = GetDlgItem(dialog, cmb13);
+  }
+  const HWND filters = GetDlgItem(dialog, cmb1);
+  fileDialogs_.push_back(
+      {win32::WindowText(dialog), win32::WindowText(name), win32::WindowText(filters)});
+  if (path) {
+    SetWindowTextA(name, path->c_str());
+  }
+  PostMessageA(dialog, WM_COMMAND, path ? IDOK : IDCANCEL, 0);
+}
+
+void IconTest::Scroll(HWND bar, int request, int position) {
+  SendMessageA(GetParent(bar), WM_HSCROLL, MAKEWPARAM(request, position),
+               reinterpret_cast<LPARAM>(bar));
+  RunMessages();
+}
+
+int IconTest::Position(HWND bar) { return static_cast<int>(SendMessageA(bar, SBM_GETPOS, 0, 0)); }
+
+int IconTest::LastPosition(HWND bar) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE;
+  SendMessageA(bar, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(&info));
+  EXPECT_EQ(info.nMin, 0);
+  return info.nMax;
+}
+
+std::vector<COLORREF> IconTest::Painted(HWND pictureBox) {
+  const SIZE size = win32::PictureBox::Size();
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = size.cx;
+  info.bmiHeader.biHeight = -size.cy;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  void* bits = nullptr;
+  const win32::UniqueMemoryDc dc(CreateCompatibleDC(nullptr));
+  const win32::UniqueBitmap bitmap(
+      CreateDIBSection(dc.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  const win32::SelectedObject selected(dc.get(), bitmap.get());
+  DRAWITEMSTRUCT item{};
+  item.CtlType = ODT_STATIC;
+  item.CtlID = static_cast<UINT>(GetDlgCtrlID(pictureBox));
+  item.itemAction = ODA_DRAWENTIRE;
+  item.hwndItem = pictureBox;
+  item.hDC = dc.get();
+  item.rcItem = {0, 0, size.cx, size.cy};
+  SendMessageA(GetParent(pictureBox), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+  GdiFlush();
+  std::vector<COLORREF> pixels;
+  for (int i = 0; i < size.cx * size.cy; ++i) {
+    const DWORD pixel = static_cast<const DWORD*>(bits)[i];
+    pixels.push_back(RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF));
+  }
+  return pixels;
+}
+
+std::vector<COLORREF> IconTest::Showing(COLORREF icon) const {
+  return testing_icons::PixelsOf(icon, GetSysColor(COLOR_BTNFACE));
+}
+
+std::vector<COLORREF> IconTest::Empty(int systemColour) {
+  const SIZE size = win32::PictureBox::Size();
+  return std::vector<COLORREF>(static_cast<std::size_t>(size.cx * size.cy),
+                               GetSysColor(systemColour));
+}
+
+bool IconTest::IsIcon(const std::string& handleText) {
+  ICONINFO info{};
+  if (!GetIconInfo(editor::IconOfText(handleText), &info)) {
+    return false;
+  }
+  DeleteObject(info.hbmMask);
+  DeleteObject(info.hbmColor);
+  return true;
+}
+
+std::optional<int> IconTest::ExitCode() {
+  MSG message;
+  if (PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
+    return static_cast<int>(message.wParam);
+  }
+  return std::nullopt;
+}
+
+bool IconTest::MakeReadOnly(const std::string& path) {
+  SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
+  const HANDLE file =
+      CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return true;
+  }
+  CloseHandle(file);
+  SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  return false;
+}
