@@ -273,6 +273,16 @@ constexpr ControlRow kControls[] = {
      kDirectoryPage,
      nullptr},
 
+    // Appearance and About.
+    {IDC_FORM2_PAGE_FRAME,
+     "Button",
+     "",
+     BS_GROUPBOX,
+     {7, 19, 306, 209},
+     kFill,
+     kAppearancePage | kAboutPage,
+     nullptr},
+
     // Appearance.
     {IDC_FORM2_FRAME2,
      "Button",
@@ -287,7 +297,7 @@ constexpr ControlRow kControls[] = {
      "Static",
      "Sample :",
      kLabel,
-     {52, 42, 120, 9},
+     {56, 42, 120, 9},
      kTopLeft,
      kAppearancePage,
      nullptr},
@@ -295,7 +305,7 @@ constexpr ControlRow kControls[] = {
      "Edit",
      "Menu Text will look like this.",
      kEdit,
-     {52, 53, 158, 32},
+     {56, 53, 154, 32},
      kAcross,
      kAppearancePage,
      nullptr},

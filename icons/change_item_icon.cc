@@ -30,6 +30,7 @@ void Form2::ChangeItemIcon() {
   if (row < 0 || items_.Hidden(row).tag.empty()) {
     return;
   }
+  FinishOwnChange();
   auto form4 = std::make_unique<icons::Form4>(*this);
   form4->HandOver(ReadItemIcon(files_, MenuFilePath(), row));
   OpenChild(std::move(form4));

@@ -11,19 +11,30 @@
 namespace icons {
 namespace {
 
-// Sets a flag while this lives.
-class Raised {
- public:
-  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-  Raised(const Raised&) = delete;
-  Raised& operator=(const Raised&) = delete;
-  ~Raised() { flag_ = false; }
-
- private:
-  bool& flag_;
-};
+// Some window managers pass the focus around before the window that had a dialog
+// open has it again: for so many milliseconds that still belongs to the dialog.
+constexpr ULONGLONG kFocusSettles = 1000;
 
 }  // namespace
+
+bool Form4::OwnDialog::IsWhereFocusComesFrom() const {
+  return isOpen || GetTickCount64() - closedAt < kFocusSettles;
+}
+
+// One of them is open while this lives.
+class Form4::OwnDialogOpen {
+ public:
+  explicit OwnDialogOpen(OwnDialog& dialog) : dialog_(dialog) { dialog_.isOpen = true; }
+  OwnDialogOpen(const OwnDialogOpen&) = delete;
+  OwnDialogOpen& operator=(const OwnDialogOpen&) = delete;
+  ~OwnDialogOpen() {
+    dialog_.isOpen = false;
+    dialog_.closedAt = GetTickCount64();
+  }
+
+ private:
+  OwnDialog& dialog_;
+};
 
 Form4::Form4(editor::Form2& editor) : Form(kForm4Plan, editor.window()), editor_(editor) {
   browser_.Attach(Control(IDC_FORM4_PICTURE1), Control(IDC_FORM4_HSCROLL1),
@@ -48,7 +59,7 @@ void Form4::OnDrawItem(const DRAWITEMSTRUCT& item) { browser_.picture().Paint(it
 // Begins with the entry's own icon, each time: also when the user comes back
 // from another program.
 void Form4::OnActivate(bool active) {
-  if (!active || ownDialogOpen_) {
+  if (!active || ownDialog_.IsWhereFocusComesFrom()) {
     return;
   }
   browser_.SetSource(item_.source);
@@ -71,7 +82,7 @@ void Form4::OnActivate(bool active) {
 void Form4::OnClose() { editor_.CloseChild(); }
 
 void Form4::SelectIconSourceFile() {
-  const Raised raised(ownDialogOpen_);
+  const OwnDialogOpen open(ownDialog_);
   browser_.SelectIconSourceFile(window());
 }
 
@@ -111,7 +122,7 @@ void Form4::ApplyItemIcon() {
 }
 
 void Form4::ShowError(const char* text) {
-  const Raised raised(ownDialogOpen_);
+  const OwnDialogOpen open(ownDialog_);
   // The first activation comes with being shown, before that was done.
   EnableWindow(editor_.window(), FALSE);
   win32::ShowError(window(), text);

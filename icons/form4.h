@@ -30,6 +30,16 @@ class Form4 final : public win32::Form {
   void HandOver(ItemIcon item) { item_ = std::move(item); }
 
  private:
+  // The dialogs and message boxes of this window. Coming back from one is not
+  // what activates it.
+  struct OwnDialog {
+    bool isOpen = false;
+    ULONGLONG closedAt = 0;  // by GetTickCount64()
+
+    bool IsWhereFocusComesFrom() const;
+  };
+  class OwnDialogOpen;
+
   void OnCommand(int id, UINT event) override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
   void OnActivate(bool active) override;
@@ -42,8 +52,7 @@ class Form4 final : public win32::Form {
   editor::Form2& editor_;
   ItemIcon item_;
   IconBrowser browser_;
-  // Coming back from a dialog of its own is not what activates this window.
-  bool ownDialogOpen_ = false;
+  OwnDialog ownDialog_;
 };
 
 // The plan of the window's controls (icons/form4_plan.cc).

@@ -22,7 +22,7 @@ constexpr ControlRow kControls[] = {
      "Static",
      "",
      SS_OWNERDRAW,
-     {7, 14, 26, 24},
+     {7, 11, 26, 24},
      kTopLeft,
      kEveryPage,
      nullptr},

@@ -7,8 +7,8 @@
 #include <functional>
 #include <vector>
 
-#include "menufile/failure.h"
 #include "menufile/rewrite.h"
+#include "tests/windows/failing_files.h"
 #include "tests/windows/handle_count.h"
 #include "tests/windows/icon_test_base.h"
 
@@ -53,40 +53,6 @@ std::string BitmapFile(const std::vector<COLORREF>& pixels) {
   }
   return file;
 }
-
-// Files that let a menu be emptied but not written.
-class FullDisk final : public menufile::FileSystem {
- public:
-  explicit FullDisk(menufile::FileSystem& files) : files_(files) {}
-  std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override {
-    auto file = files_.Open(path, mode);
-    if (mode != menufile::OpenMode::Change) {
-      return file;
-    }
-    return std::make_unique<FullFile>(std::move(file), path);
-  }
-  void Remove(const std::string& path) override { files_.Remove(path); }
-
- private:
-  class FullFile final : public menufile::File {
-   public:
-    FullFile(std::unique_ptr<menufile::File> file, std::string path)
-        : file_(std::move(file)), path_(std::move(path)) {}
-    std::string ReadAll() override { return file_->ReadAll(); }
-    void Truncate(std::uint64_t size) override { file_->Truncate(size); }
-    std::uint64_t SeekToEnd() override { return file_->SeekToEnd(); }
-    void Write(std::string_view) override {
-      throw menufile::Failure(path_, "write the file", "There is not enough space on the disk");
-    }
-    void Flush() override { file_->Flush(); }
-
-   private:
-    std::unique_ptr<menufile::File> file_;
-    std::string path_;
-  };
-
-  menufile::FileSystem& files_;
-};
 
 }  // namespace
 
@@ -288,7 +254,7 @@ TEST_F(AppearanceTest, AReadOnlyMenuIsNotSaved) {
     GTEST_SKIP() << "this user may write what is read-only";
   }
   Save();
-  SetFileAttributesA(MenuPath().c_str(), FILE_ATTRIBUTE_NORMAL);
+  MakeWritable(MenuPath());
   ExpectWriteError();
   EXPECT_EQ(MenuBytes(), menu);
 }
@@ -331,9 +297,10 @@ TEST_F(AppearanceTest, AnOldScratchFileIsDeletedFirst) {
 }
 
 TEST_F(AppearanceTest, WhenTheDiskIsFullTheScratchFileHoldsTheMenu) {
-  FullDisk full(windowsFiles);
+  FailingFiles full(windowsFiles, MenuPath());
   files = &full;
   OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  full.failing = true;
   Save();
   ExpectWriteError();
   EXPECT_EQ(ReadBytes(PathOf(scratch)), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));

@@ -137,6 +137,7 @@ TEST_F(Form4Test, EachActivationStartsAgainWithTheEntrysIcon) {
   OpenForItem(two, "1");
   Choose(twelve);
   Scroll(bar(), SB_THUMBPOSITION, 9);
+  Sleep(1100);  // the dialog is a while ago
   Activate(WA_INACTIVE);
   EXPECT_EQ(Preview(), Showing(colours[9]));
   Activate(WA_CLICKACTIVE);
@@ -334,7 +335,7 @@ TEST_F(Form4Test, AReadOnlyMenuIsAnErrorAndNothingChanges) {
   }
   Choose(twelve);
   PressOk();
-  SetFileAttributesA(MenuPath().c_str(), FILE_ATTRIBUTE_NORMAL);
+  MakeWritable(MenuPath());
   ExpectWriteError();
   EXPECT_EQ(MenuBytes(), menu);
   EXPECT_EQ(HiddenRows()[1].text, handle);

@@ -138,15 +138,3 @@ std::optional<int> IconTest::ExitCode() {
   }
   return std::nullopt;
 }
-
-bool IconTest::MakeReadOnly(const std::string& path) {
-  SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
-  const HANDLE file =
-      CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (file == INVALID_HANDLE_VALUE) {
-    return true;
-  }
-  CloseHandle(file);
-  SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-  return false;
-}

@@ -50,10 +50,6 @@ class IconTest : public Form2Test {
 
   static bool IsIcon(const std::string& handleText);
 
-  // False when the user of this machine may write the file all the same, as
-  // Wine lets Linux' root.
-  static bool MakeReadOnly(const std::string& path);
-
   // The exit code once the program was asked to end.
   static std::optional<int> ExitCode();
 

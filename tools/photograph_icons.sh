@@ -1,0 +1,60 @@
+#!/bin/bash
+# Saves pictures of the Select Icon window and the Appearance page, as the
+# README shows them:
+#
+#   tools/photograph_icons.sh [FOLDER]     default: docs
+#
+# The editor has to be built. Nothing is shown on the person's own display.
+set -eu
+. "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/x_windows.sh"
+
+folder=$(realpath -m -- "${1:-$project_root/docs}")
+if [ -z "${CORVALIS_WINE_SESSION:-}" ]; then
+  exec "$project_root/tools/wine_session.sh" photo "$0" "$folder"
+fi
+mkdir -p "$folder" "$build_dir/run"
+work=$(mktemp -d "$build_dir/run/photo.XXXXXX")
+trap 'rm -rf "$work"' EXIT
+cp "$project_root/samples/tools.menu" "$work/tools.menu"
+
+"$project_root/tools/start_editor.sh" "$CORVALIS_WINE_SESSION" "$work/tools.menu" &
+editor=$!
+
+main=$(wait_for_window 'Corvalis Edit')
+xdotool mousemove 1279 1023 windowactivate --sync "$main"
+sleep 1
+
+# On the tabs at first: back past "Quit" to "Change Icon", once the list has a
+# selected row.
+xdotool key --window 0 Tab Tab Home
+for ((row = 1; row < 9; row++)); do
+  xdotool key --window 0 Down
+done
+xdotool key --window 0 shift+Tab shift+Tab shift+Tab shift+Tab space
+window=$(wait_for_window 'Select Icon')
+xdotool windowactivate --sync "$window"
+sleep 1
+# A focused scroll bar would blink.
+xdotool key Tab
+photograph "$window" "$folder/select_icon.png"
+xdotool key Escape
+sleep 0.5
+
+xdotool windowactivate --sync "$main" key --window 0 ctrl+Page_Down
+sleep 0.5
+# "Select Icon File" follows the sample, "Change Font" and the scroll bar, which
+# is disabled.
+xdotool key --window 0 Tab Tab Tab space
+dialog=$(wait_for_window 'Select a DLL or EXE which includes Icons')
+xdotool windowactivate --sync "$dialog"
+sleep 0.5
+xdotool type --delay 30 'C:\windows\regedit.exe'
+xdotool key Return
+sleep 1
+# On to the check box, away from the scroll bar.
+xdotool windowactivate --sync "$main" key --window 0 Tab
+sleep 0.5
+photograph "$main" "$folder/appearance.png"
+xdotool windowactivate --sync "$main" key alt+F4
+wait "$editor"
