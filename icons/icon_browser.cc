@@ -92,6 +92,10 @@ void IconBrowser::ShowIconAt() {
 
 void IconBrowser::SelectIconSourceFile(HWND owner) {
   std::optional<std::string> chosen = win32::ChooseFile(owner, kTitle, kFilter, source_);
+  if (!chosen && win32::FileDialogFailed()) {
+    // It does not open with what could not be the name of a file, as "C:\".
+    chosen = win32::ChooseFile(owner, kTitle, kFilter, "");
+  }
   if (!chosen) {
     return;
   }

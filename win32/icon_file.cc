@@ -249,20 +249,35 @@ struct Unmap {
 };
 using UniqueView = UniqueHandle<void*, Unmap>;
 
+HANDLE OpenToRead(const char* path) {
+  return CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                     nullptr, OPEN_EXISTING, 0, nullptr);
+}
+
+// As ExtractIconA() finds it; INVALID_HANDLE_VALUE when there is none.
+HANDLE OpenWhereFound(const std::string& path) {
+  if (path.rfind("\\\\", 0) == 0) {
+    return OpenToRead(path.c_str());  // a server that does not answer is asked once
+  }
+  if (path.find(":\\") == 1) {
+    if (const HANDLE file = OpenToRead(path.c_str()); file != INVALID_HANDLE_VALUE) {
+      return file;
+    }
+  }
+  for (const char* extension : {static_cast<const char*>(nullptr), ".exe"}) {
+    char found[MAX_PATH];
+    const DWORD length = SearchPathA(nullptr, path.c_str(), extension, MAX_PATH, found, nullptr);
+    if (length > 0 && length < MAX_PATH) {
+      return OpenToRead(found);
+    }
+  }
+  return INVALID_HANDLE_VALUE;
+}
+
 }  // namespace
 
 bool IsSoundIconFile(const std::string& path) {
-  char found[MAX_PATH];
-  const auto search = [&](const char* extension) {
-    const DWORD length = SearchPathA(nullptr, path.c_str(), extension, MAX_PATH, found, nullptr);
-    return length > 0 && length < MAX_PATH;
-  };
-  if (!search(nullptr) && !search(".exe")) {
-    return true;
-  }
-  const HANDLE opened =
-      CreateFileA(found, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                  nullptr, OPEN_EXISTING, 0, nullptr);
+  const HANDLE opened = OpenWhereFound(path);
   const UniqueKernelHandle file(opened == INVALID_HANDLE_VALUE ? nullptr : opened);
   LARGE_INTEGER size{};
   if (!file || !GetFileSizeEx(file.get(), &size)) {

@@ -192,6 +192,18 @@ TEST_F(Form4Test, TheDialogIsTheOneOfTheAppearancePage) {
   EXPECT_NE(FileDialogs()[0].name.find("two.dll"), std::string::npos);
 }
 
+// Some versions of the dialog refuse to open with such a name.
+TEST_F(Form4Test, TheDialogOpensForAnEntryWhoseSourceIsNoFile) {
+  for (const std::string& source :
+       {std::string("C:\\"), std::string("a|b<>?*"), std::string("http://www.debian.org/"),
+        std::string(5000, 'x'), folder()}) {
+    OpenForItem(source, "0");
+    Choose(two);
+    EXPECT_EQ(Label(), "2 Icons") << source;
+    PressInForm4(IDC_FORM4_COMMAND3);
+  }
+}
+
 TEST_F(Form4Test, CancelEscAndTheCloseBoxWriteNothing) {
   const std::string menu = Menu(Item(two, "1"));
   ASSERT_TRUE(Open(menu));
