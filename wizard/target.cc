@@ -15,17 +15,17 @@ constexpr std::string_view kAddressPrefixes[] = {
 // Without the NUL at its end.
 constexpr std::size_t kLongestPath = MAX_PATH - 1;
 
-// Windows takes three of these for old kinds of wildcards.
-bool HasForbiddenCharacter(std::string_view path) {
-  return std::any_of(path.begin(), path.end(), [](char c) {
-    return (c >= '\0' && c < ' ') || c == '"' || c == '<' || c == '>' || c == '|';
-  });
+// Windows takes these three for old kinds of wildcards. Other characters that no
+// file can have it refuses itself; and one of them, the bar, may be the second
+// half of a double-byte character.
+bool HasHiddenWildcard(std::string_view path) {
+  return path.find_first_of("\"<>") != std::string_view::npos;
 }
 
 // Whether a listing of `pattern`, which may be a plain name, has any line; files
 // and folders count, hidden and system ones too.
 bool IsListed(std::string pattern) {
-  if (pattern.empty() || pattern.size() > kLongestPath || HasForbiddenCharacter(pattern)) {
+  if (pattern.empty() || pattern.size() > kLongestPath || HasHiddenWildcard(pattern)) {
     return false;
   }
   // The root of an empty drive has nothing to list but is a folder all the same.

@@ -36,7 +36,7 @@ class LimitedFile final : public menufile::File {
 }  // namespace
 
 std::unique_ptr<menufile::File> FaultyFiles::Open(const std::string& path,
-                                                   menufile::OpenMode mode) {
+                                                  menufile::OpenMode mode) {
   const std::string name = path.substr(path.find_last_of('\\') + 1);
   if (mode != menufile::OpenMode::Read && unwritable.count(name) > 0) {
     throw Failure(path, "write the file", "Access is denied");
