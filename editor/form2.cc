@@ -148,6 +148,14 @@ void Form2::Rewrite(const menufile::MenuChange& change) {
   }
 }
 
+void Form2::RewriteList(menufile::RecordRule rule) {
+  menufile::MenuChange change;
+  change.errorMode = menufile::ErrorMode::Ignores;
+  change.type = menufile::MenuType::UserDefined;
+  change.recordRule = std::move(rule);
+  Rewrite(change);
+}
+
 menufile::MenuAppender Form2::OpenToAppend() {
   FinishOwnChange();
   return {files_, MenuFilePath()};

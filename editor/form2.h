@@ -58,9 +58,11 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   // Reads the file again, into a list that is empty.
   bool LoadMenuFile();
 
-  // All changes to the menu file go through these two. Both throw
-  // menufile::Failure, as their change has it.
+  // All changes to the menu file go through these. They throw
+  // menufile::Failure, unless their change ignores it.
   void Rewrite(const menufile::MenuChange& change);
+  // A change to the list of entries: what fails of it is ignored.
+  void RewriteList(menufile::RecordRule rule);
   menufile::MenuAppender OpenToAppend();
 
   // Shows a window that this one has made, which is owned from here on.

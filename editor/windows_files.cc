@@ -104,6 +104,12 @@ class WindowsFile final : public menufile::File {
 
 std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path, OpenMode mode) {
   const bool reading = mode == OpenMode::Read;
+  // Windows looks at this itself; Wine lets a superuser write what is read-only.
+  const DWORD attributes = reading ? 0 : GetFileAttributesA(path.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    SetLastError(ERROR_ACCESS_DENIED);
+    Fail(path, "write the file");
+  }
   const HANDLE handle = CreateFileA(
       path.c_str(), GENERIC_READ | (reading ? 0 : GENERIC_WRITE),
       FILE_SHARE_READ | (reading ? FILE_SHARE_WRITE | FILE_SHARE_DELETE : 0), nullptr,

@@ -3,7 +3,7 @@
 
 #include "editor/form2.h"
 #include "icons/form4.h"
-#include "menufile/reader.h"
+#include "menufile/loader.h"
 
 namespace editor {
 namespace {
@@ -11,14 +11,8 @@ namespace {
 // Where the icon of that row's entry is taken from, by the menu file.
 icons::ItemIcon ReadItemIcon(menufile::FileSystem& files, const std::string& path, int row) {
   const std::string bytes = files.Open(path, menufile::OpenMode::Read)->ReadAll();
-  menufile::MenuReader reader(bytes, path);
-  reader.SkipMarkerLine();
-  reader.ReadTypeLine();
-  reader.ReadAppearance();
-  menufile::MenuItemRecord item;
-  for (int i = 0; i <= row; ++i) {
-    item = reader.ReadItem();
-  }
+  const menufile::MenuItemRecord item =
+      menufile::ReadMenuItem(bytes, path, static_cast<std::size_t>(row));
   const menufile::Value& source = item.iconFile.IsEmpty() ? item.target : item.iconFile;
   return {row, source.Text(), item.iconIndex.Integer()};
 }

@@ -7,16 +7,12 @@ void Form2::Command7Click() {
   if (row < 0) {
     return;
   }
-  menufile::MenuChange change;
-  change.errorMode = menufile::ErrorMode::Ignores;
-  change.type = menufile::MenuType::UserDefined;
-  change.recordRule = [row](std::size_t counter, const menufile::MenuItemRecord& record,
-                            menufile::RecordStream& records) {
+  RewriteList([row](std::size_t counter, const menufile::MenuItemRecord& record,
+                    menufile::RecordStream& records) {
     if (counter != static_cast<std::size_t>(row)) {
       records.Write(record);
     }
-  };
-  Rewrite(change);
+  });
   DestroyIcon(IconOfText(items_.Hidden(row).text));
   items_.Remove(row);
   iconic1_.Clear();

@@ -6,17 +6,13 @@ namespace {
 // Exchanges the entries of a row and the one below it, in the file and in the
 // list. The list is brought up to date even when the file could not be.
 void ExchangeWithNext(Form2& form, int row) {
-  menufile::MenuChange change;
-  change.errorMode = menufile::ErrorMode::Ignores;
-  change.type = menufile::MenuType::UserDefined;
-  change.recordRule = [row](std::size_t counter, const menufile::MenuItemRecord& record,
-                            menufile::RecordStream& records) {
+  form.RewriteList([row](std::size_t counter, const menufile::MenuItemRecord& record,
+                         menufile::RecordStream& records) {
     if (counter == static_cast<std::size_t>(row)) {
       records.Write(records.ReadNext());
     }
     records.Write(record);
-  };
-  form.Rewrite(change);
+  });
   form.items().ExchangeWithNext(row);
 }
 

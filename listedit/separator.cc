@@ -8,17 +8,13 @@ void Form2::Command9Click() {
   if (row < 0) {
     return;
   }
-  menufile::MenuChange change;
-  change.errorMode = menufile::ErrorMode::Ignores;
-  change.type = menufile::MenuType::UserDefined;
-  change.recordRule = [row](std::size_t counter, const menufile::MenuItemRecord& record,
-                            menufile::RecordStream& records) {
+  RewriteList([row](std::size_t counter, const menufile::MenuItemRecord& record,
+                    menufile::RecordStream& records) {
     if (counter == static_cast<std::size_t>(row)) {
       records.WriteSeparator();
     }
     records.Write(record);
-  };
-  Rewrite(change);
+  });
   const int top = items_.TopRow();
   items_.Clear();
   try {

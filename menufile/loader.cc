@@ -21,6 +21,17 @@ void ShowMenu(MenuReader& reader, MenuView& view) {
 
 }  // namespace
 
+MenuItemRecord ReadMenuItem(std::string_view bytes, const std::string& path, std::size_t number) {
+  MenuReader reader(bytes, path);
+  reader.SkipMarkerLine();
+  reader.ReadTypeLine();
+  reader.ReadAppearance();
+  for (; number > 0; --number) {
+    reader.ReadItem();
+  }
+  return reader.ReadItem();
+}
+
 bool LoadMenuFile(FileSystem& files, const std::string& path, std::string_view defaultPicture,
                   MenuView& view) {
   for (;;) {

@@ -43,6 +43,11 @@ class MenuView {
 bool LoadMenuFile(FileSystem& files, const std::string& path, std::string_view defaultPicture,
                   MenuView& view);
 
+// Reads the record of one entry, the top one being number 0, out of the bytes
+// of a user-defined menu. The record borrows from them. Throws Failure, with
+// `path`, when they end before it does.
+MenuItemRecord ReadMenuItem(std::string_view bytes, const std::string& path, std::size_t number);
+
 }  // namespace menufile
 
 #endif  // CORVALIS_MENUFILE_LOADER_H_

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "editor/form2.h"
-#include "menufile/reader.h"
+#include "menufile/loader.h"
 #include "wizard/form3.h"
 
 namespace editor {
@@ -22,15 +22,7 @@ void Form2::Command3Click() {
   FinishOwnChange();
   const std::string path = MenuFilePath();
   const std::string bytes = files_.Open(path, menufile::OpenMode::Read)->ReadAll();
-  menufile::MenuReader reader(bytes, path);
-  reader.SkipMarkerLine();
-  reader.ReadTypeLine();
-  reader.ReadAppearance();
-  menufile::MenuItemRecord entry;
-  for (int read = 0; read <= row; ++read) {
-    entry = reader.ReadItem();
-  }
-  form3.Fill(entry);
+  form3.Fill(menufile::ReadMenuItem(bytes, path, static_cast<std::size_t>(row)));
   EnableWindow(window(), FALSE);
 }
 

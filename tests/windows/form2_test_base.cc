@@ -114,16 +114,8 @@ bool Form2Test::Exists(const std::string& path) {
   return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-bool Form2Test::MakeReadOnly(const std::string& path) {
-  SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
-  const HANDLE file =
-      CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (file == INVALID_HANDLE_VALUE) {
-    return true;
-  }
-  CloseHandle(file);
-  MakeWritable(path);
-  return false;
+void Form2Test::MakeReadOnly(const std::string& path) {
+  ASSERT_TRUE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY));
 }
 
 void Form2Test::MakeWritable(const std::string& path) {

@@ -55,9 +55,8 @@ class Form2Test : public ::testing::Test {
   static std::string ReadBytes(const std::string& path);
   static void WriteBytes(const std::string& path, const std::string& bytes);
   static bool Exists(const std::string& path);
-  // Makes the file read-only, or no longer so. False when that keeps nobody
-  // from writing it: Wine lets root do that.
-  static bool MakeReadOnly(const std::string& path);
+  // Makes the file read-only, or no longer so.
+  static void MakeReadOnly(const std::string& path);
   static void MakeWritable(const std::string& path);
 
   DialogAnswers answers;
