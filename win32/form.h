@@ -13,14 +13,14 @@ namespace win32 {
 // One control of a window's plan. The order of the rows is the order in which
 // Tab goes round and in which a label names the control behind it.
 struct ControlRow {
-  int id;
-  const char* windowClass;
-  const char* text;
-  DWORD style;  // besides WS_CHILD
-  Place place;
-  unsigned anchors;     // Anchor flags
-  unsigned pages;       // which of the window's pages show it, one bit each
-  const char* toolTip;  // nullptr for none
+  int id = 0;
+  const char* windowClass = "";
+  const char* text = "";
+  DWORD style = 0;  // besides WS_CHILD
+  Place place{};
+  unsigned anchors = 0;  // Anchor flags
+  unsigned pages = 0;    // which of the window's pages show it, one bit each
+  const char* toolTip = nullptr;
 };
 
 // Events that Windows does not report by WM_COMMAND, as notification codes
