@@ -136,8 +136,8 @@ void ItemList::WidenFor(const std::string& caption) {
   GetTextExtentPoint32A(dc.get(), caption.c_str(), length, &extent);
   if (extent.cx > textWidth_) {
     textWidth_ = extent.cx;
-    const int margin = GetSystemMetrics(SM_CXEDGE) * 4;
-    SendMessageA(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(textWidth_ + margin), 0);
+    const int extentOfList = textWidth_ + GetSystemMetrics(SM_CXEDGE) * 4;
+    SendMessageA(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extentOfList), 0);
   }
 }
 
