@@ -236,8 +236,7 @@ constexpr ControlRow kControls[] = {
      BS_GROUPBOX,
      {7, 19, 306, 209},
      kFill,
-     kAppearancePage | kAboutPage,
-     nullptr},
+     kAppearancePage | kAboutPage},
 
     // Appearance.
     {IDC_FORM2_FRAME2,

@@ -63,9 +63,10 @@ void ItemList::Rename(int row, const std::string& caption) {
 void ItemList::ExchangeWithNext(int row) {
   std::swap(Hidden(row), Hidden(row + 1));
   const int top = TopRow();
+  const int next = row + 1;
   SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
-  const std::string below = win32::ListText(list_, row + 1);
-  SendMessageA(list_, LB_DELETESTRING, static_cast<WPARAM>(row + 1), 0);
+  const std::string below = win32::ListText(list_, next);
+  SendMessageA(list_, LB_DELETESTRING, static_cast<WPARAM>(next), 0);
   SendMessageA(list_, LB_INSERTSTRING, static_cast<WPARAM>(row),
                reinterpret_cast<LPARAM>(below.c_str()));
   ScrollTo(top);
