@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "editor/command_line.h"
@@ -292,7 +293,7 @@ void Form2::AppendItem(std::size_t row, const menufile::MenuItemRecord& item) {
 void Form2::ShowSampleFont() {
   LOGFONTA font{};
   const double points = std::clamp(menuFont_.points, 0.0, kMostPoints);
-  font.lfHeight = -static_cast<LONG>(points * win32::DpiOf(window()) / 72 + 0.5);
+  font.lfHeight = -std::lround(points * win32::DpiOf(window()) / 72);
   font.lfWeight = menuFont_.bold ? FW_BOLD : FW_NORMAL;
   font.lfItalic = menuFont_.italic;
   font.lfCharSet = DEFAULT_CHARSET;

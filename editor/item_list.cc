@@ -63,9 +63,10 @@ void ItemList::Rename(int row, const std::string& caption) {
 void ItemList::ExchangeWithNext(int row) {
   std::swap(Hidden(row), Hidden(row + 1));
   const int top = TopRow();
+  const int next = row + 1;
   SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
-  const std::string below = win32::ListText(list_, row + 1);
-  SendMessageA(list_, LB_DELETESTRING, static_cast<WPARAM>(row + 1), 0);
+  const std::string below = win32::ListText(list_, next);
+  SendMessageA(list_, LB_DELETESTRING, static_cast<WPARAM>(next), 0);
   SendMessageA(list_, LB_INSERTSTRING, static_cast<WPARAM>(row),
                reinterpret_cast<LPARAM>(below.c_str()));
   ScrollTo(top);
@@ -136,8 +137,8 @@ void ItemList::WidenFor(const std::string& caption) {
   GetTextExtentPoint32A(dc.get(), caption.c_str(), length, &extent);
   if (extent.cx > textWidth_) {
     textWidth_ = extent.cx;
-    const int margin = GetSystemMetrics(SM_CXEDGE) * 4;
-    SendMessageA(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(textWidth_ + margin), 0);
+    const int extentOfList = textWidth_ + GetSystemMetrics(SM_CXEDGE) * 4;
+    SendMessageA(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extentOfList), 0);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "menufile/failure.h"
 #include "win32/window_text.h"
@@ -23,7 +24,7 @@ constexpr std::size_t kMostBytes = 64U << 20;
 
 class WindowsFile final : public menufile::File {
  public:
-  WindowsFile(const std::string& path, HANDLE handle) : path_(path), handle_(handle) {}
+  WindowsFile(std::string path, HANDLE handle) : path_(std::move(path)), handle_(handle) {}
   ~WindowsFile() override { CloseHandle(handle_); }
 
   std::string ReadAll() override {

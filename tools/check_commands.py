@@ -29,6 +29,7 @@ WRAPPERS = {
     "setpriv": ({"--pdeathsig"}, 0),
     "sudo": (set(), 0),
     "timeout": ({"-k"}, 1),
+    "xargs": ({"-P", "-n"}, 0),
 }
 
 

@@ -1,12 +1,13 @@
 #!/bin/bash
-# Starts the built editor under Wine with the menu file of a Linux path, and
-# ends as it ends:
+# Starts the built editor, or another one, under Wine with the menu file of a
+# Linux path, and ends as it ends:
 #
-#   tools/start_editor.sh WINE_PREFIX MENUFILE
+#   tools/start_editor.sh WINE_PREFIX MENUFILE [PROGRAM.exe]
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 
 menu=$(realpath -ms -- "$2")
+program=${3:-$build_dir/windows/CorvalisEdit.exe}
 case $menu in
   *'"'*) fail "a Windows path cannot hold a double quote: $menu" ;;
 esac
@@ -24,7 +25,7 @@ windows_path() {
 # Wine builds the program's command line out of separate arguments and quotes
 # only those with a blank; the editor wants its path quoted always. A batch
 # file writes the line as it stands.
-CORVALIS_PROGRAM=$(windows_path "$build_dir/windows/CorvalisEdit.exe")
+CORVALIS_PROGRAM=$(windows_path "$program")
 CORVALIS_MENU=$(windows_path "$menu")
 export CORVALIS_PROGRAM CORVALIS_MENU
 starter=$(winepath -w "$project_root/tools/start_quoted.bat")

@@ -3,6 +3,8 @@
 #include <commdlg.h>
 #include <dlgs.h>
 
+#include <cmath>
+
 #include "win32/handles.h"
 #include "win32/window_text.h"
 
@@ -29,7 +31,7 @@ struct Box {
 };
 
 struct FontDialog {
-  const char* title;
+  const char* title = nullptr;
   Box face{cmb1};
   Box style{cmb2};
   Box size{cmb3};
@@ -39,7 +41,7 @@ struct FontDialog {
 // one, which comes when the dialog has been filled.
 UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM wide, LPARAM data) {
   if (message == WM_INITDIALOG) {
-    FontDialog* const state =
+    auto* const state =
         reinterpret_cast<FontDialog*>(reinterpret_cast<const CHOOSEFONTA*>(data)->lCustData);
     SetPropA(dialog, kDialogProperty, state);
     SetWindowTextA(dialog, state->title);
@@ -48,7 +50,7 @@ UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM wide, LPARAM data) {
     }
     return 0;
   }
-  FontDialog* const state = static_cast<FontDialog*>(GetPropA(dialog, kDialogProperty));
+  auto* const state = static_cast<FontDialog*>(GetPropA(dialog, kDialogProperty));
   if (state == nullptr) {
     return 0;
   }
@@ -73,7 +75,7 @@ void ChooseScreenFont(HWND owner, const char* title, FontDescription& font) {
   LOGFONTA face{};
   // The dialog reckons with the DPI of the screen as a whole.
   const int dpi = GetDeviceCaps(WindowDc(nullptr).get(), LOGPIXELSY);
-  face.lfHeight = -static_cast<LONG>(font.points * dpi / 72 + 0.5);
+  face.lfHeight = -std::lround(font.points * dpi / 72);
   face.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
   face.lfItalic = font.italic;
   face.lfCharSet = DEFAULT_CHARSET;

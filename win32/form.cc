@@ -17,9 +17,6 @@ namespace {
 
 constexpr const char* kFormProperty = "CorvalisForm";
 
-// An event of a control: its id and a ControlEvent are the parameters.
-constexpr UINT kEventMessage = WM_APP;
-
 void RegisterFormClass(const FormPlan& plan) {
   WNDCLASSA windowClass{};
   windowClass.lpfnWndProc = DefDlgProcA;
@@ -344,37 +341,6 @@ INT_PTR Form::Handle(UINT message, WPARAM wide, LPARAM data) {
       return FALSE;
   }
 }
-
-namespace {
-
-LRESULT CALLBACK EnterProcedure(HWND list, UINT message, WPARAM wide, LPARAM data, UINT_PTR id,
-                                DWORD_PTR) {
-  if (message == WM_GETDLGCODE && wide == VK_RETURN) {
-    return DLGC_WANTALLKEYS;
-  }
-  if (message == WM_CHAR && wide == '\r') {
-    Report(list, kEnterPressed);
-    return 0;
-  }
-  if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(list, EnterProcedure, id);
-  }
-  return DefSubclassProc(list, message, wide, data);
-}
-
-}  // namespace
-
-void Report(HWND control, ControlEvent event) {
-  SendMessageA(GetParent(control), kEventMessage, static_cast<WPARAM>(GetDlgCtrlID(control)),
-               event);
-}
-
-void ReportLater(HWND control, ControlEvent event) {
-  PostMessageA(GetParent(control), kEventMessage, static_cast<WPARAM>(GetDlgCtrlID(control)),
-               event);
-}
-
-void ReportEnter(HWND list) { SetWindowSubclass(list, EnterProcedure, 0, 0); }
 
 bool DispatchToForm(MSG& message) {
   const HWND window = GetAncestor(message.hwnd, GA_ROOT);

@@ -6,6 +6,7 @@
 #include <exception>
 #include <span>
 
+#include "win32/control_event.h"
 #include "win32/layout.h"
 
 namespace win32 {
@@ -13,24 +14,14 @@ namespace win32 {
 // One control of a window's plan. The order of the rows is the order in which
 // Tab goes round and in which a label names the control behind it.
 struct ControlRow {
-  int id;
-  const char* windowClass;
-  const char* text;
-  DWORD style;  // besides WS_CHILD
-  Place place;
-  unsigned anchors;     // Anchor flags
-  unsigned pages;       // which of the window's pages show it, one bit each
-  const char* toolTip;  // nullptr for none
-};
-
-// Events that Windows does not report by WM_COMMAND, as notification codes
-// that it does not use (its own have 16 bits).
-enum ControlEvent : UINT {
-  kTabChanged = 0x10000,  // another tab of a tab control was chosen
-  kScrolled,              // the position of a scroll bar control has changed
-  kEnterPressed,          // in a list box made to report it (ReportEnter())
-  kFilesDropped,          // on a control that accepts them (FileDrop)
-  kFilesRefused,          // some of those, for their names
+  int id = 0;
+  const char* windowClass = "";
+  const char* text = "";
+  DWORD style = 0;  // besides WS_CHILD
+  Place place{};
+  unsigned anchors = 0;  // Anchor flags
+  unsigned pages = 0;    // which of the window's pages show it, one bit each
+  const char* toolTip = nullptr;
 };
 
 // Every page of a window.
@@ -117,15 +108,6 @@ class Form {
   UniqueFont font_;
   unsigned shownPages_ = kEveryPage;
 };
-
-// Tells a control's parent form of an event: at once, or when it next takes a
-// message from the queue.
-void Report(HWND control, ControlEvent event);
-void ReportLater(HWND control, ControlEvent event);
-
-// Makes a list box report Enter to its parent form as kEnterPressed, instead of
-// leaving it to a default button.
-void ReportEnter(HWND list);
 
 // Gives a message that was taken from the queue to the form that it is for, with
 // all that a dialog box does with keys. False when it is for none: then it is to

@@ -35,7 +35,7 @@ class Bytes {
   template <typename T>
   T Read(std::uint64_t offset) const {
     RequireRange(offset, sizeof(T));
-    T value;
+    T value{};
     std::memcpy(&value, bytes_.data() + offset, sizeof value);
     return value;
   }

@@ -24,7 +24,7 @@ bool HasHiddenWildcard(std::string_view path) {
 
 // Whether a listing of `pattern`, which may be a plain name, has any line; files
 // and folders count, hidden and system ones too.
-bool IsListed(std::string pattern) {
+bool IsListed(const std::string& pattern) {
   if (pattern.empty() || pattern.size() > kLongestPath || HasHiddenWildcard(pattern)) {
     return false;
   }

@@ -42,6 +42,8 @@ append() {
 
 expect_fault 'frobnicate: not in tools/commands.txt, used by tools/setup.sh' \
   append tools/setup.sh 'if true; then x=$(sudo -n env A=b frobnicate); fi'
+expect_fault 'frobnicate: not in tools/commands.txt, used by tools/setup.sh' \
+  append tools/setup.sh 'printf x | xargs -P 2 -n 1 frobnicate -x'
 expect_fault 'frobnicate: not in tools/commands.txt, used by CMakeLists.txt' \
   append CMakeLists.txt 'add_custom_command(OUTPUT x COMMAND frobnicate x)'
 expect_fault 'frobnicate: in tools/commands.txt, used by nothing' \

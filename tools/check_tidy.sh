@@ -1,0 +1,49 @@
+#!/bin/bash
+# Fails, and shows why, when clang-tidy finds fault with a source file of the
+# program: with menufile/ as it is compiled for this machine, with the rest as
+# it is compiled for Windows. Needs build/native and build/windows configured.
+#
+#   tools/check_tidy.sh [SOURCE...]    these files alone
+set -eu -o pipefail
+cd "$(dirname "$0")/.."
+
+# GCC's library, as the cross compiler has it: clang finds Windows' headers by
+# itself, but not those.
+library=$(x86_64-w64-mingw32-g++-posix -print-file-name=include/c++)
+windows_options=(
+  -p build/windows
+  --extra-arg=-isystem"$library"
+  --extra-arg=-isystem"$library/x86_64-w64-mingw32"
+  # The commands have warnings off that clang does not know.
+  --extra-arg=-Wno-unknown-warning-option
+)
+
+if [ $# -gt 0 ]; then
+  sources=("$@")
+else
+  mapfile -t sources < <(
+    find editor icons listedit menufile win32 wizard -name '*.cc' -o -name '*.cpp' | sort
+  )
+fi
+native=() windows=()
+for source in "${sources[@]}"; do
+  case $source in
+    menufile/*) native+=("$source") ;;
+    *) windows+=("$source") ;;
+  esac
+done
+
+# tidy SOURCES OPTION...: with the sources in the array of that name.
+tidy() {
+  local -n files=$1
+  shift
+  [ ${#files[@]} -gt 0 ] || return 0
+  printf '%s\0' "${files[@]}" | xargs -0 -P 2 -n 1 clang-tidy --quiet "$@" 2>&1 |
+    sed '/^[0-9]* warnings\{0,1\} \(generated\|treated as error\)/d'
+}
+
+status=0
+tidy native -p build/native || status=1
+tidy windows "${windows_options[@]}" || status=1
+[ "$status" -ne 0 ] || echo "${#native[@]} portable and ${#windows[@]} Windows sources, all tidy"
+exit "$status"
