@@ -230,7 +230,10 @@ def main():
     add_memory(table)
     add_windows(table)
     shutil.rmtree(WORK)
-    report = f"Measured on {description}.\n\n{table.text()}\n"
+    report = (
+        f"Measured on {description}. Each time is the least of several runs.\n\n"
+        f"{table.text()}\n"
+    )
     (BUILD / "bench.md").write_text(report, encoding="utf-8")
     print(report, end="")
 
