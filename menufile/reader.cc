@@ -1,10 +1,46 @@
 #include "menufile/reader.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 #include "menufile/failure.h"
 
 namespace menufile {
+namespace {
+
+// The first quote, or the end. Eight bytes at a time: fields are so short that
+// calling the library for each would take longer than the search.
+inline const char* FindQuote(const char* at, const char* end) {
+  using Word = std::uint64_t;
+  static_assert(std::endian::native == std::endian::little);
+  constexpr Word kLowBits = 0x0101010101010101;
+  constexpr Word kHighBits = kLowBits << 7;
+  if (at != end && *at == '"') {
+    return at;  // many fields are empty
+  }
+  for (Word word; end - at >= std::ptrdiff_t{sizeof word}; at += sizeof word) {
+    std::memcpy(&word, at, sizeof word);
+    word ^= kLowBits * '"';
+    // The lowest bit that this leaves is in the lowest byte that is zero.
+    if (const Word zeros = (word - kLowBits) & ~word & kHighBits) {
+      return at + std::countr_zero(zeros) / 8;
+    }
+  }
+  return std::find(at, end, '"');
+}
+
+// The comma or the line end that a field ends with, or the end.
+const char* FindFieldEnd(const char* at, const char* end) {
+  while (at != end && *at != ',' && *at != '\r' && *at != '\n') {
+    ++at;
+  }
+  return at;
+}
+
+}  // namespace
 
 bool MenuReader::SkipMarkerLine() { return SkipMarker(true).has_value(); }
 
@@ -22,8 +58,7 @@ std::optional<std::size_t> MenuReader::SkipMarker(bool wholeLine) {
     const std::size_t end = at + kMarkerText.size();
     const bool endsLine = end == bytes_.size() || bytes_[end] == '\r';
     if (endsLine && (!wholeLine || beginsLine(at))) {
-      offset_ = end;
-      SkipLineEnd();
+      offset_ = BehindFieldEnd(bytes_.data() + end);
       return at;
     }
   }
@@ -31,103 +66,92 @@ std::optional<std::size_t> MenuReader::SkipMarker(bool wholeLine) {
   return std::nullopt;
 }
 
-Value MenuReader::ReadTypeLine() {
-  Value type;
-  ReadRecord("the type line", {{"menu type", &type}});
-  return type;
-}
+Value MenuReader::ReadTypeLine() { return ReadField("the type line", "menu type"); }
 
 AppearanceRecord MenuReader::ReadAppearance() {
-  AppearanceRecord record;
-  ReadRecord("the appearance line", {{"smallIcons", &record.smallIcons},
-                                     {"fontName", &record.fontName},
-                                     {"fontSize", &record.fontSize},
-                                     {"fontBold", &record.fontBold},
-                                     {"fontItalic", &record.fontItalic}});
-  return record;
+  constexpr const char* kRecord = "the appearance line";
+  return {ReadField(kRecord, "smallIcons"), ReadField(kRecord, "fontName"),
+          ReadField(kRecord, "fontSize"), ReadField(kRecord, "fontBold"),
+          ReadField(kRecord, "fontItalic")};
 }
 
 MenuItemRecord MenuReader::ReadItem() {
   ++entriesRead_;
-  MenuItemRecord record;
-  ReadRecord("entry", {{"caption", &record.caption},
-                       {"target", &record.target},
-                       {"arguments", &record.arguments},
-                       {"startIn", &record.startIn},
-                       {"iconFile", &record.iconFile},
-                       {"iconIndex", &record.iconIndex}});
-  return record;
+  constexpr const char* kRecord = "entry";
+  return {ReadField(kRecord, "caption"),   ReadField(kRecord, "target"),
+          ReadField(kRecord, "arguments"), ReadField(kRecord, "startIn"),
+          ReadField(kRecord, "iconFile"),  ReadField(kRecord, "iconIndex")};
 }
 
 DirectoryPointerRecord MenuReader::ReadDirectoryPointer() {
-  DirectoryPointerRecord record;
-  ReadRecord("the directory line", {{"folderPath", &record.folderPath},
-                                    {"filePattern", &record.filePattern},
-                                    {"showFolders", &record.showFolders},
-                                    {"hideKnownExtensions", &record.hideKnownExtensions},
-                                    {"showHiddenFiles", &record.showHiddenFiles}});
-  return record;
+  constexpr const char* kRecord = "the directory line";
+  return {ReadField(kRecord, "folderPath"), ReadField(kRecord, "filePattern"),
+          ReadField(kRecord, "showFolders"), ReadField(kRecord, "hideKnownExtensions"),
+          ReadField(kRecord, "showHiddenFiles")};
 }
 
-void MenuReader::ReadRecord(const char* record, std::initializer_list<Field> fields) {
-  for (const Field& field : fields) {
-    if (!ReadField(*field.value) && pastEnd_ == PastEnd::Throws) {
-      std::string doing = std::string("read ") + record;
-      if (entriesRead_ > 0) {
-        doing += ' ' + std::to_string(entriesRead_);
-      }
-      throw Failure(path_, doing + ", field " + field.name + ", of the file",
-                    "The file ends too early", bytes_.size());
+// Nearly every field is text with a comma right behind its quotes.
+inline Value MenuReader::ReadField(const char* record, const char* field) {
+  const char* const end = bytes_.data() + bytes_.size();
+  const char* at = bytes_.data() + offset_;
+  if (at != end && *at == '"') {
+    ++at;
+    const char* const quote = FindQuote(at, end);
+    if (end - quote > 1 && quote[1] == ',') {
+      offset_ = static_cast<std::size_t>(quote + 2 - bytes_.data());
+      return Value::Quoted({at, quote});
     }
   }
+  return ReadAnyField(record, field);
 }
 
-// False when the bytes end before the field begins or before its closing quote.
-// What stands behind an opening quote that is never closed is the value all the
-// same, so that a reader that goes on loses none of it.
-bool MenuReader::ReadField(Value& value) {
-  offset_ = std::min(bytes_.find_first_not_of(' ', offset_), bytes_.size());
-  if (AtEnd()) {
-    return false;
+Value MenuReader::ReadAnyField(const char* record, const char* field) {
+  const char* const end = bytes_.data() + bytes_.size();
+  const char* at = bytes_.data() + offset_;
+  while (at != end && *at == ' ') {
+    ++at;
   }
-  const auto fieldEnd = [this](std::size_t from) {
-    while (from < bytes_.size() && bytes_[from] != ',' && bytes_[from] != '\r' &&
-           bytes_[from] != '\n') {
-      ++from;
+  if (at == end) {
+    return EndedField(Value(), record, field);
+  }
+  if (*at == '"') {
+    ++at;
+    const char* const quote = FindQuote(at, end);
+    if (quote == end) {
+      return EndedField(Value::Quoted({at, end}), record, field);
     }
-    return from;
-  };
-  if (bytes_[offset_] == '"') {
-    const std::size_t begin = offset_ + 1;
-    const std::size_t quote = bytes_.find('"', begin);
-    value = Value::Quoted(bytes_.substr(begin, quote - begin));
-    if (quote == std::string_view::npos) {
-      offset_ = bytes_.size();
-      return false;
-    }
-    offset_ = fieldEnd(quote + 1);
-  } else {
-    const std::size_t end = fieldEnd(offset_);
-    std::string_view text = bytes_.substr(offset_, end - offset_);
-    text = text.substr(0, text.find_last_not_of(' ') + 1);
-    value = Value::Bare(text);
-    offset_ = end;
+    offset_ = BehindFieldEnd(FindFieldEnd(quote + 1, end));
+    return Value::Quoted({at, quote});
   }
-  if (!AtEnd() && bytes_[offset_] == ',') {
-    ++offset_;
-  } else {
-    SkipLineEnd();
+  const char* fieldEnd = FindFieldEnd(at, end);
+  offset_ = BehindFieldEnd(fieldEnd);
+  while (fieldEnd != at && fieldEnd[-1] == ' ') {
+    --fieldEnd;
   }
-  return true;
+  return Value::Bare({at, fieldEnd});
 }
 
-void MenuReader::SkipLineEnd() {
-  if (!AtEnd() && bytes_[offset_] == '\r') {
-    ++offset_;
+// What stands behind an opening quote that is never closed is the value, so
+// that a reader that goes on loses none of it.
+Value MenuReader::EndedField(const Value& soFar, const char* record, const char* field) {
+  offset_ = bytes_.size();
+  if (pastEnd_ == PastEnd::LeavesEmpty) {
+    return soFar;
   }
-  if (!AtEnd() && bytes_[offset_] == '\n') {
-    ++offset_;
+  std::string doing = std::string("read ") + record;
+  if (entriesRead_ > 0) {
+    doing += ' ' + std::to_string(entriesRead_);
   }
+  throw Failure(path_, doing + ", field " + field + ", of the file", "The file ends too early",
+                bytes_.size());
+}
+
+std::size_t MenuReader::BehindFieldEnd(const char* at) const {
+  const char* const end = bytes_.data() + bytes_.size();
+  if (at != end) {
+    at += end - at > 1 && at[0] == '\r' && at[1] == '\n' ? 2 : 1;
+  }
+  return static_cast<std::size_t>(at - bytes_.data());
 }
 
 }  // namespace menufile

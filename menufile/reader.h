@@ -2,7 +2,6 @@
 #define CORVALIS_MENUFILE_READER_H_
 
 #include <cstddef>
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -50,15 +49,15 @@ class MenuReader {
   std::size_t offset() const { return offset_; }
 
  private:
-  struct Field {
-    const char* name;
-    Value* value;
-  };
-
   std::optional<std::size_t> SkipMarker(bool wholeLine);
-  void ReadRecord(const char* record, std::initializer_list<Field> fields);
-  bool ReadField(Value& value);
-  void SkipLineEnd();
+  // Both read any field; the first is quick with those that are like most. The
+  // names are for a Failure.
+  Value ReadField(const char* record, const char* field);
+  Value ReadAnyField(const char* record, const char* field);
+  // What a field is that the bytes end in. Throws where that is a Failure.
+  Value EndedField(const Value& soFar, const char* record, const char* field);
+  // Behind the comma or the line end at `at`, if there is one.
+  std::size_t BehindFieldEnd(const char* at) const;
 
   std::string_view bytes_;
   std::string path_;

@@ -42,11 +42,13 @@ void AppendLine(std::string& out, const AppearanceRecord& record) {
 }
 
 void AppendLine(std::string& out, const MenuItemRecord& record) {
-  for (const Value* text :
-       {&record.caption, &record.target, &record.arguments, &record.startIn, &record.iconFile}) {
-    AppendQuoted(out, *text);
-    out += ',';
+  out += '"';
+  record.caption.AppendTo(out);
+  for (const Value* text : {&record.target, &record.arguments, &record.startIn, &record.iconFile}) {
+    out += "\",\"";
+    text->AppendTo(out);
   }
+  out += "\",";
   record.iconIndex.AppendTo(out);
   out += "\r\n";
 }

@@ -78,8 +78,8 @@ std::string Value::Text() const {
   return text;
 }
 
-void Value::AppendTo(std::string& out) const {
-  if (!quoted_ && !IsPlainInteger(characters_)) {
+void Value::AppendBareTo(std::string& out) const {
+  if (!IsPlainInteger(characters_)) {
     if (const std::optional<double> number = ParseNumber(characters_)) {
       out += NumberText(*number);
       return;

@@ -35,7 +35,13 @@ class Value {
   // number in the shortest decimal form that reads back equal: 7 for 007, 8.25
   // for 8.250.
   std::string Text() const;
-  void AppendTo(std::string& out) const;
+  void AppendTo(std::string& out) const {
+    if (quoted_) {
+      out += characters_;
+    } else {
+      AppendBareTo(out);
+    }
+  }
 
   // The value as a number: text counts with the number that it begins with,
   // and as 0 when it begins with none.
@@ -48,6 +54,8 @@ class Value {
  private:
   constexpr Value(std::string_view characters, bool quoted)
       : characters_(characters), quoted_(quoted) {}
+
+  void AppendBareTo(std::string& out) const;
 
   std::string_view characters_;
   bool quoted_ = false;

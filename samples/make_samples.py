@@ -2,6 +2,7 @@
 """Writes the sample menu files next to this file, or into the folder given on the
 command line. What they name exists on Windows and in a fresh Wine prefix alike."""
 
+import struct
 import sys
 from pathlib import Path
 
@@ -31,10 +32,13 @@ def item(caption, target, arguments="", start_in="", icon_file="", icon_index=0)
 SEPARATOR = '"","","","","",\r\n'
 
 
-def menu(keyword, *records):
-    picture = (HERE.parent / "resources" / "default_menu.ico").read_bytes()
+def default_picture():
+    return (HERE.parent / "resources" / "default_menu.ico").read_bytes()
+
+
+def menu(keyword, *records, picture=None):
     text = "\r\n<START ZOL>\r\n" + record(keyword) + "".join(records)
-    return picture + text.encode("ascii")
+    return (picture or default_picture()) + text.encode("ascii")
 
 
 def tools():
@@ -80,11 +84,33 @@ def previous_version():
             + item("Windows Folder", "C:\\windows")).encode("ascii")
 
 
+def bitmap():
+    """A bitmap file, 8 by 4 pixels in black and white: a ring."""
+    rows = [0x3C, 0x42, 0x42, 0x3C]
+    pixels = b"".join(bytes([row, 0, 0, 0]) for row in rows)
+    colors = bytes([0, 0, 0, 0, 255, 255, 255, 0])
+    offset = 14 + 40 + len(colors)
+    info = struct.pack("<IiiHHIIiiII", 40, 8, 4, 1, 1, 0, len(pixels), 0, 0, 2, 0)
+    return struct.pack("<2sIII", b"BM", offset + len(pixels), 0, offset) + info + colors + pixels
+
+
+def small():
+    """Small enough to be shown byte by byte, in docs/format.md."""
+    return menu(
+        "USERDEF",
+        appearance(0, "Tahoma", 8.25, bold=-1),
+        item("Notepad", WINDOWS + "notepad.exe", start_in="C:\\"),
+        SEPARATOR,
+        item("Files, all", "C:\\", icon_file="C:\\a.dll", icon_index=8),
+        picture=bitmap())
+
+
 SAMPLES = {
     "tools.menu": tools,
     "folder.menu": folder,
     "empty.menu": empty,
     "previous-version.menu": previous_version,
+    "small.menu": small,
 }
 
 

@@ -242,7 +242,11 @@ def main():
     commands = {name: row[0] for name, row in read_table(root + "/tools/commands.txt").items()}
     packages = read_table(root + "/tools/packages.txt")
     files = commands_of_files(root)
-    run_files = reached_from(root, "run", files) | {"cmake/mingw_x86_64.cmake"}
+    toolchain = {"cmake/mingw_x86_64.cmake"}
+    files_of = {
+        "run": reached_from(root, "run", files) | toolchain,
+        "bench": reached_from(root, "bench", files) | toolchain | {"benchmarks/report.py"},
+    }
 
     users = {}
     for path, names in files.items():
@@ -263,8 +267,9 @@ def main():
         if package == "optional":
             continue
         if package != "debian":
-            for script in ["test"] + ["run"] * bool(users.get(name, set()) & run_files):
-                if script not in packages.get(package, []):
+            for script in ("test", "run", "bench"):
+                needed = script == "test" or users.get(name, set()) & files_of[script]
+                if needed and script not in packages.get(package, []):
                     faults.append(f"{name}: tools/packages.txt lacks {package} for ./{script}")
         if not paths[name]:
             faults.append(f"{name}: {package} is to bring it, but it is not there")

@@ -9,8 +9,8 @@ mapfile -t sources < <(
     -type f \( -name '*.h' -o -name '*.cc' -o -name '*.cpp' \) -print | sort
 )
 mapfile -t scripts < <(
-  find run test .ci/run tools tests -type f \
-    \( -name '*.sh' -o -path run -o -path test -o -path .ci/run \) | sort
+  find run test bench .ci/run tools tests -type f \
+    \( -name '*.sh' -o -path run -o -path test -o -path bench -o -path .ci/run \) | sort
 )
 [ ${#sources[@]} -gt 0 ] && [ ${#scripts[@]} -gt 0 ] || {
   echo "$0: found nothing to check" >&2

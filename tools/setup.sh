@@ -2,13 +2,13 @@
 # Installs the Debian packages that a script needs and this machine lacks; asks
 # nobody and no network when none is missing:
 #
-#   tools/setup.sh run|test
+#   tools/setup.sh run|test|bench
 set -eu
 
 case ${1:-} in
-  run | test) ;;
+  run | test | bench) ;;
   *)
-    echo "usage: $0 run|test" >&2
+    echo "usage: $0 run|test|bench" >&2
     exit 2
     ;;
 esac

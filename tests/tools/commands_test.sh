@@ -21,7 +21,7 @@ expect_fault() {
     cd "$root"
     find . -path ./build -prune -o -path ./.git -prune -o -type f \
       \( -name '*.sh' -o -name '*.py' -o -name '*.txt' -o -name '*.cmake' -o -name '*.json' \
-      -o -path ./run -o -path ./test -o -path ./.ci/run \) -exec cp --parents -t "$copy" {} +
+      -o -path ./run -o -path ./test -o -path ./bench -o -path ./.ci/run \) -exec cp --parents -t "$copy" {} +
   )
   "$check" "$copy" >"$copy/before"
   (cd "$copy" && "$@")
@@ -49,7 +49,9 @@ expect_fault 'frobnicate: not in tools/commands.txt, used by CMakeLists.txt' \
 expect_fault 'frobnicate: in tools/commands.txt, used by nothing' \
   append tools/commands.txt 'frobnicate debian'
 expect_fault 'xdotool: tools/packages.txt lacks xdotool for ./run' \
-  sed -i 's/^\(xdotool .*\) run test/\1 test/' tools/packages.txt
+  sed -i 's/^\(xdotool .*\) run /\1 /' tools/packages.txt
+expect_fault 'Xvfb: tools/packages.txt lacks xvfb for ./bench' \
+  sed -i 's/^\(xvfb .*\) bench/\1/' tools/packages.txt
 expect_fault 'ninja: tools/packages.txt lacks ninja-build for ./test' \
   sed -i '/^ninja-build/d' tools/packages.txt
 expect_fault 'xprop: /usr/bin/xprop does not come with debian' \

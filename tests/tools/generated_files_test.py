@@ -5,6 +5,7 @@ their bytes are laid out as the menu program reads them.
     generated_files_test.py [PROJECT_FOLDER]
 """
 
+import re
 import struct
 import subprocess
 import sys
@@ -130,6 +131,29 @@ def check_samples():
     check(len(lines) == 13 and lines[-1] == b"", f"tools.menu: {len(lines) - 1} entries")
 
 
+def check_format_example():
+    """The worked example of the format's description is a file to open."""
+    data = (ROOT / "samples/small.menu").read_bytes()
+    text = (ROOT / "docs/format.md").read_text(encoding="utf-8")
+    dump = re.findall(r"^([0-9a-f]{8}): ((?:[0-9a-f]{2} )+) +(\S.*)$", text, re.MULTILINE)
+    shown = b"".join(bytes.fromhex(row) for _, row, _ in dump)
+    check(shown == data, f"format.md: the dump is wrong at byte {first_difference(shown, data)}")
+    for at, (offset, row, characters) in enumerate(dump):
+        printable = "".join(chr(b) if 32 <= b < 127 else "." for b in bytes.fromhex(row))
+        check(int(offset, 16) == 16 * at and characters == printable,
+              f"format.md: the row {offset} of the dump is wrong")
+    check(f"{len(data)} bytes" in text, "format.md: tells another size")
+    parts = re.findall(r"^\| 0x([0-9A-F]+) \| (\d+) \|", text, re.MULTILINE)
+    end = 0
+    for offset, size in parts:
+        check(int(offset, 16) == end, f"format.md: nothing begins at 0x{offset}")
+        end += int(size)
+    check(end == len(data), "format.md: the parts do not fill the file")
+    check([data[int(offset, 16):][:2] for offset, _ in parts]
+          == [b"BM", b"\r\n", b'"U', b"0,", b'"N', b'""', b'"F'],
+          "format.md: a part begins elsewhere")
+
+
 def main():
     for script, patterns in GENERATED:
         compare_with_generator(script, patterns)
@@ -137,6 +161,7 @@ def main():
         check_default_picture()
         check_sizes()
         check_samples()
+        check_format_example()
     for failure in failures:
         print(failure)
     sys.exit(1 if failures else 0)

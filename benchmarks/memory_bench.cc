@@ -1,0 +1,117 @@
+// Loading a menu whose bytes are in memory against passes over the same bytes.
+#include <benchmark/benchmark.h>
+#include <glib.h>
+#include <malloc.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "benchmarks/count_line_ends.h"
+#include "benchmarks/counting_view.h"
+#include "benchmarks/iteration_time.h"
+#include "benchmarks/sample_menu.h"
+#include "menufile/loader.h"
+
+namespace bench {
+namespace {
+
+// One file, whose bytes are in memory. Reading hands them over, so that neither
+// a disk nor a copy is measured; it can be done once.
+class OneFile final : public menufile::FileSystem {
+ public:
+  explicit OneFile(std::string bytes) : bytes_(std::move(bytes)) {}
+
+  std::unique_ptr<menufile::File> Open(const std::string&, menufile::OpenMode) override {
+    return std::make_unique<OpenFile>(bytes_);
+  }
+  void Remove(const std::string&) override { throw std::logic_error("nothing is to be removed"); }
+
+ private:
+  class OpenFile final : public menufile::File {
+   public:
+    explicit OpenFile(std::string& bytes) : bytes_(bytes) {}
+    std::string ReadAll() override { return std::move(bytes_); }
+    void Truncate(std::uint64_t) override { Refuse(); }
+    std::uint64_t SeekToEnd() override { return bytes_.size(); }
+    void Write(std::string_view) override { Refuse(); }
+    void Flush() override { Refuse(); }
+
+   private:
+    [[noreturn]] static void Refuse() { throw std::logic_error("nothing is to be written"); }
+    std::string& bytes_;
+  };
+
+  std::string bytes_;
+};
+
+void Load(benchmark::State& state) {
+  const auto entries = static_cast<std::size_t>(state.range(0));
+  const std::string menu = MenuFile(entries);
+  for (auto _ : state) {
+    OneFile files(menu);
+    CountingView view;
+    {
+      const IterationTime time(state);
+      menufile::LoadMenuFile(files, "a.menu", "", view);
+    }
+    if (view.items != entries) {
+      state.SkipWithError("not every entry was loaded");
+    }
+  }
+}
+
+void FindLineEnds(benchmark::State& state) {
+  const auto entries = static_cast<std::size_t>(state.range(0));
+  const std::string menu = MenuFile(entries);
+  for (auto _ : state) {
+    const std::string bytes = menu;  // as near to the processor as what is loaded
+    std::size_t lines = 0;
+    {
+      const IterationTime time(state);
+      lines = CountLineEnds(bytes);
+    }
+    if (lines < entries) {
+      state.SkipWithError("not every line end was found");
+    }
+  }
+}
+
+void LoadKeyFile(benchmark::State& state) {
+  const auto entries = static_cast<std::size_t>(state.range(0));
+  const std::string bytes = KeyFile(entries);
+  for (auto _ : state) {
+    GKeyFile* const file = g_key_file_new();
+    {
+      const IterationTime time(state);
+      g_key_file_load_from_data(file, bytes.data(), bytes.size(), G_KEY_FILE_NONE, nullptr);
+    }
+    gsize groups = 0;
+    g_strfreev(g_key_file_get_groups(file, &groups));
+    g_key_file_free(file);
+    if (groups != entries + 1) {
+      state.SkipWithError("not every group was loaded");
+    }
+  }
+}
+
+BENCHMARK(Load)->Apply(EverySize);
+BENCHMARK(FindLineEnds)->Apply(EverySize);
+BENCHMARK(LoadKeyFile)->Apply(EverySize);
+
+}  // namespace
+}  // namespace bench
+
+int main(int count, char** arguments) {
+  // Memory that was in use once stays with the process: what the system takes
+  // to hand out and take back pages is not measured here.
+  mallopt(M_MMAP_THRESHOLD, std::numeric_limits<int>::max());
+  mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
+  benchmark::Initialize(&count, arguments);
+  benchmark::RunSpecifiedBenchmarks();
+}

@@ -1,0 +1,92 @@
+// Loads or changes a menu and prints its size and the most memory that the
+// process had in use at once meanwhile, both in bytes:
+//
+//   peak_memory ENTRIES nothing|load|move_up|delete|save_appearance
+#include <malloc.h>
+
+#include <cstdint>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <stdexcept>
+#include <string>
+
+#include "benchmarks/counting_view.h"
+#include "benchmarks/sample_menu.h"
+#include "menufile/loader.h"
+#include "menufile/rewrite.h"
+#include "tests/menufile/operation.h"
+#include "tests/menufile/posix_files.h"
+
+namespace {
+
+using menufile::Operation;
+
+constexpr const char* kMenu = "a.menu";
+
+// The peak counts from here on.
+void ForgetPeak() {
+  malloc_trim(0);
+  std::ofstream("/proc/self/clear_refs") << 5;
+}
+
+std::uint64_t Peak() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    if (word == "VmHWM:") {
+      std::uint64_t kibibytes = 0;
+      status >> kibibytes;
+      return kibibytes * 1024;
+    }
+  }
+  throw std::runtime_error("the system does not tell the peak");
+}
+
+void Load(menufile::FileSystem& files) {
+  bench::CountingView view;
+  menufile::LoadMenuFile(files, kMenu, "", view);
+}
+
+void Change(menufile::FileSystem& files, Operation::Kind kind, std::size_t row) {
+  Operation operation = menufile::MakeOperation(kind, row);
+  operation.picture = bench::DefaultPicture();
+  if (menufile::RewriteMenuFile(files, kMenu, menufile::ChangeFor(operation)) !=
+      menufile::RewriteResult::Done) {
+    throw std::runtime_error("the menu was not rewritten");
+  }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count != 3) {
+    std::cerr << "usage: peak_memory ENTRIES nothing|load|move_up|delete|save_appearance\n";
+    return 2;
+  }
+  const std::size_t entries = std::stoul(arguments[1]);
+  const std::string what = arguments[2];
+  const std::map<std::string, Operation::Kind> kChanges = {
+      {"move_up", Operation::Kind::MoveUp},
+      {"delete", Operation::Kind::Delete},
+      {"save_appearance", Operation::Kind::SaveAppearance},
+  };
+  try {
+    menufile::PosixFiles files;
+    std::size_t size = 0;
+    {
+      const std::string menu = bench::MenuFile(entries);
+      size = menu.size();
+      files.Put(kMenu, menu);
+    }
+    ForgetPeak();
+    if (what == "load") {
+      Load(files);
+    } else if (what != "nothing") {
+      Change(files, kChanges.at(what), entries / 2);
+    }
+    std::cout << size << ' ' << Peak() << '\n';
+  } catch (const std::exception& failure) {
+    std::cerr << "peak_memory: " << failure.what() << '\n';
+    return 1;
+  }
+}

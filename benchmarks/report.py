@@ -1,0 +1,242 @@
+#!/usr/bin/env python3
+"""Runs the benchmarks and prints one table of ratios, which is written to
+build/bench.md too. Started by ./bench, in a Wine session.
+
+Every time is the least of several runs that took turns with what they are
+compared with: what else the machine does can only make a run longer.
+"""
+
+import json
+import os
+import platform
+import shutil
+import subprocess
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+BUILD = ROOT / "build"
+NATIVE = BUILD / "bench" / "benchmarks"
+WINDOWS = BUILD / "bench-windows"
+WORK = BUILD / "bench" / "work"
+
+SIZES = (10, 1_000, 100_000, 1_000_000)
+WINDOW_SIZES = (20, 1_000, 20_000)
+RUNS = 9
+CHANGES = {"move_up": "MoveUp", "delete": "Delete", "save_appearance": "SaveAppearance"}
+WORK_OF = {
+    "load": "Loading",
+    "move_up": "Moving an entry",
+    "delete": "Deleting an entry",
+    "save_appearance": "Saving the appearance",
+}
+
+
+def run(*command, **options):
+    words = [str(word) for word in command]
+    done = subprocess.run(words, stdout=subprocess.PIPE, text=True, check=False, **options)
+    if done.returncode != 0:
+        sys.exit(f"{' '.join(words)}: exit code {done.returncode}\n{done.stdout}")
+    return done.stdout
+
+
+def progress(text):
+    print(f"{text} ...", file=sys.stderr, flush=True)
+
+
+def google_benchmarks(program, sizes, repetitions):
+    """The least time of each benchmark and size in microseconds."""
+    progress(f"{program} with up to {sizes[-1]:,} entries")
+    told = run(
+        NATIVE / program,
+        "--benchmark_format=json",
+        f"--benchmark_filter=/({'|'.join(map(str, sizes))})(/|$)",
+        "--benchmark_min_time=0.001",
+        f"--benchmark_repetitions={repetitions}",
+        "--benchmark_enable_random_interleaving=true",
+        env={**os.environ, "TMPDIR": str(WORK)},
+    )
+    times = {}
+    for row in json.loads(told)["benchmarks"]:
+        if row.get("error_occurred"):
+            sys.exit(f"{row['name']}: {row['error_message']}")
+        if row["run_type"] == "iteration":
+            name, size = row["run_name"].split("/")[:2]
+            key = name, int(size)
+            times[key] = min(times.get(key, float("inf")), row["real_time"])
+    return times
+
+
+def make_menu(entries):
+    path = WORK / f"{entries}.menu"
+    run(NATIVE / "make_menu", entries, path)
+    return path
+
+
+def script_times():
+    progress("csv_times.py")
+    times = {}
+    for entries in SIZES:
+        path = make_menu(entries)
+        runs = 3 if entries > 100_000 else RUNS
+        told = json.loads(run(ROOT / "benchmarks" / "csv_times.py", path, runs))
+        if told["entries"] != entries:
+            sys.exit(f"the script read {told['entries']} of {entries} entries")
+        times["LoadScript", entries] = told["load"]
+        times["MoveUpScript", entries] = told["move_up"]
+        path.unlink()
+    return times
+
+
+def peak_memory():
+    """The peak as a multiple of the file, where the file is the larger part."""
+    progress("peak_memory")
+    environment = {**os.environ, "TMPDIR": str(WORK)}
+    ratios = {}
+    for entries in SIZES[2:]:
+        for what in ("load", *CHANGES):
+            size, peak = run(NATIVE / "peak_memory", entries, what, env=environment).split()
+            ratios[what, entries] = int(peak) / int(size)
+    return ratios
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def window_times(what, entries, *programs):
+    menu = make_menu(entries)
+    runs = 3 if what == "start" and entries > 1_000 else RUNS
+    told = run(
+        ROOT / "tools" / "wine_run.sh",
+        WINDOWS / "benchmarks" / "window_times.exe",
+        what,
+        runs,
+        windows_path(menu),
+        entries,
+        *map(windows_path, programs),
+        cwd=WORK,
+    )
+    menu.unlink()
+    return [float(line.split()[-1]) for line in told.splitlines()]
+
+
+def machine():
+    with open("/proc/cpuinfo") as file:
+        models = [line.split(":")[1].strip() for line in file if line.startswith("model name")]
+    with open("/proc/meminfo") as file:
+        memory = int(file.readline().split()[1]) / 2**20
+    return (
+        f"{models[0] if models else platform.machine()}, {os.cpu_count()} cores, "
+        f"{memory:.0f} GiB of memory, Linux {platform.release()}; "
+        f"load {os.getloadavg()[0]:.1f} at the start"
+    )
+
+
+def microseconds(time):
+    for unit, factor in (("s", 1e6), ("ms", 1e3)):
+        if time >= factor:
+            return f"{time / factor:.3g} {unit}"
+    return f"{time:.3g} µs"
+
+
+def verdict(goal, met):
+    return f"{goal}, {'met' if met else 'not met'}"
+
+
+class Table:
+    def __init__(self):
+        self.rows = [("Work", "Entries", "Time", "Compared with", "Time", "Ratio", "Goal")]
+
+    def add(self, work, entries, compared, ratio, times=("", ""), goal=""):
+        self.rows.append((work, f"{entries:,}", times[0], compared, times[1], f"{ratio:.2f}", goal))
+
+    def add_times(self, work, entries, time, compared, other, most=None):
+        goal = verdict(f"≤ {most:g}", time <= most * other) if most else ""
+        times = microseconds(time), microseconds(other)
+        self.add(work, entries, compared, time / other, times, goal)
+
+    def text(self):
+        widths = [max(len(row[i]) for row in self.rows) for i in range(len(self.rows[0]))]
+        numbers = {1, 2, 4, 5}
+        lines = []
+        for row in self.rows:
+            cells = [
+                cell.rjust(width) if i in numbers else cell.ljust(width)
+                for i, (cell, width) in enumerate(zip(row, widths))
+            ]
+            lines.append("| " + " | ".join(cells) + " |")
+        ends = [":" if i in numbers else "-" for i in range(len(widths))]
+        rule = ("-" * (width - 1) + end for width, end in zip(widths, ends))
+        lines.insert(1, "| " + " | ".join(rule) + " |")
+        return "\n".join(lines)
+
+
+def add_core(table):
+    times = script_times()
+    for program in ("memory_bench", "disk_bench"):
+        times |= google_benchmarks(program, SIZES[:2], 50)
+        times |= google_benchmarks(program, SIZES[2:], 10)
+
+    def add(work, name, compared, other, most=None):
+        for entries in SIZES:
+            own = times[name, entries]
+            table.add_times(work, entries, own, compared, times[other, entries], most)
+
+    in_memory = "Loading, bytes in memory"
+    add(in_memory, "Load", "finding line ends", "FindLineEnds", 4)
+    add(in_memory, "Load", "GLib's GKeyFile", "LoadKeyFile")
+    add(in_memory, "Load", "Python's csv", "LoadScript")
+    in_file = "Loading, file in cache"
+    add(in_file, "LoadFromDisk", "reading, finding line ends", "FindLineEndsOnDisk")
+    for change, name in CHANGES.items():
+        add(WORK_OF[change], name, "two copies", "TwoCopies", 1.5)
+    add(WORK_OF["move_up"], "MoveUp", "GLib's GKeyFile", "MoveUpKeyFile")
+    add(WORK_OF["move_up"], "MoveUp", "Python's csv", "MoveUpScript")
+    few, many = SIZES[1], SIZES[-1]
+    for work, name in (("Loading one", "Load"), ("Moving, for one", "MoveUp")):
+        each, other = times[name, many] / many, times[name, few] / few
+        table.add_times(f"{work} of many entries", many, each, f"one of {few:,}", other)
+
+
+def add_memory(table):
+    for (what, entries), ratio in peak_memory().items():
+        goal = verdict("≤ 4", ratio <= 4)
+        table.add(f"{WORK_OF[what]}, peak memory", entries, "size of the file", ratio, goal=goal)
+
+
+def add_windows(table):
+    editor = WINDOWS / "CorvalisEdit.exe"
+    minimal = WINDOWS / "benchmarks" / "minimal_window.exe"
+    for entries in WINDOW_SIZES:
+        progress(f"starting the editor with {entries:,} entries")
+        own, other = window_times("start", entries, editor, minimal)
+        most = 1.5 if entries == WINDOW_SIZES[0] else None
+        table.add_times("Start, list shown", entries, own, "a minimal window", other, most)
+    entries = WINDOW_SIZES[-1]
+    progress("pressing Move Up")
+    own, other = window_times("move_up", entries, editor)
+    goal = verdict("≤ 100 ms more", own <= other + 100_000)
+    times = microseconds(own), microseconds(other)
+    table.add("Pressing Move Up", entries, "the rewrite alone", own / other, times, goal)
+
+
+def main():
+    description = machine()
+    shutil.rmtree(WORK, ignore_errors=True)
+    WORK.mkdir(parents=True)
+    table = Table()
+    add_core(table)
+    add_memory(table)
+    add_windows(table)
+    shutil.rmtree(WORK)
+    report = (
+        f"Measured on {description}. Each time is the least of several runs.\n\n"
+        f"{table.text()}\n"
+    )
+    (BUILD / "bench.md").write_text(report, encoding="utf-8")
+    print(report, end="")
+
+
+if __name__ == "__main__":
+    main()
