@@ -46,8 +46,8 @@ constexpr ControlRow kControls[] = {
 }  // namespace
 
 const win32::FormPlan kForm3Plan = {
-    "Form3", "New Shortcut", WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME, kSize,
-    0,       kControls,
+    "Form3", "New Shortcut",       WS_POPUP | WS_CAPTION | WS_SYSMENU,
+    kSize,   IDI_APPLICATION_ICON, kControls,
 };
 
 }  // namespace wizard

@@ -38,9 +38,9 @@ TEST_F(WizardTest, OpensEmptyOnItsFirstPage) {
   }
   EXPECT_FALSE(IsWizardEnabled(kNext));
   EXPECT_EQ(DrawnAsDefault(), std::vector<int>{kNext});
+  ExpectFront(Wizard());
   EXPECT_EQ(GetFocus(), WizardControl(kTarget));
   EXPECT_FALSE(IsWindowEnabled(form().window()));
-  EXPECT_EQ(GetForegroundWindow(), Wizard());
 }
 
 TEST_F(WizardTest, Captions) {
@@ -94,6 +94,7 @@ TEST_F(WizardTest, NextShowsTheNamePage) {
   PressWizard(kNext);
   ExpectNamePage();
   EXPECT_EQ(DrawnAsDefault(), std::vector<int>{kFinish});
+  ExpectFront(Wizard());
   EXPECT_EQ(GetFocus(), WizardControl(kName));
   TypeWizard(kName, "Someone");
   EXPECT_TRUE(IsWizardEnabled(kFinish));
@@ -112,6 +113,7 @@ TEST_F(WizardTest, BackKeepsTheTextsAndHasNoDefaultButton) {
   PressWizard(kBack);
   ExpectTargetPage(0);
   EXPECT_EQ(DrawnAsDefault(), std::vector<int>{});
+  ExpectFront(Wizard());
   EXPECT_EQ(GetFocus(), WizardControl(kTarget));
   EXPECT_EQ(WizardText(kTarget), "news:one");
   EXPECT_EQ(WizardText(kArguments), "two");

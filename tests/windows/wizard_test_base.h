@@ -34,6 +34,9 @@ class WizardTestBase : public ListTest {
   // It has gone, and the editor window is back.
   void ExpectClosed();
 
+  // The window is in front, or comes there.
+  static void ExpectFront(HWND window);
+
   // Goes from the opening to the second page and presses Finish.
   void Finish(const std::string& target, const std::string& name, const std::string& arguments = "",
               const std::string& startIn = "");
