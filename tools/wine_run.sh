@@ -19,10 +19,20 @@ use_wine_prefix "$CORVALIS_WINE_SESSION"
 # So they get a file, and the caller what comes into it while the program runs.
 mkdir -p "$build_dir/log"
 output=$(mktemp "$build_dir/log/wine_run.XXXXXX")
-wine "$@" >"$output" 2>&1 </dev/null &
-program=$!
-tail --lines=+1 --follow --sleep-interval=0.05 --pid="$program" "$output"
 status=0
-wait "$program" || status=$?
+run_program() {
+  wine "$@" >"$output" 2>&1 </dev/null &
+  program=$!
+  tail --lines=+1 --follow --sleep-interval=0.05 --pid="$program" "$output"
+  status=0
+  wait "$program" || status=$?
+}
+run_program "$@"
+# Once in a great while Wine ends at once, without a word, before the program
+# has begun. A test program that ran has said something.
+if [ "$status" -ne 0 ] && [ ! -s "$output" ]; then
+  echo "$(basename "$0"): the program did not begin (exit code $status); once more" >&2
+  run_program "$@"
+fi
 rm -f "$output"
 exit "$status"
