@@ -21,7 +21,7 @@ inline const char* FindQuote(const char* at, const char* end) {
   if (at != end && *at == '"') {
     return at;  // many fields are empty
   }
-  for (Word word; end - at >= std::ptrdiff_t{sizeof word}; at += sizeof word) {
+  for (Word word = 0; end - at >= std::ptrdiff_t{sizeof word}; at += sizeof word) {
     std::memcpy(&word, at, sizeof word);
     word ^= kLowBits * '"';
     // The lowest bit that this leaves is in the lowest byte that is zero.
