@@ -32,14 +32,20 @@ DirectoryPointerRecord DefaultDirectoryPointer() {
 }  // namespace
 
 void Form2::CreateDirectoryPage() {
-  const HWND drive1 = Control(IDC_FORM2_DRIVE1);
   dir1_.Attach(Control(IDC_FORM2_DIR1));
   win32::ReportEnter(dir1_.window());
-  win32::FillDriveList(drive1);
-  win32::SelectDrive(drive1, dir1_.Path());
   // Without a limit there is always room for the backslash.
   SendMessageA(Control(IDC_FORM2_TEXT7), EM_SETLIMITTEXT, 0, 0);
   SendMessageA(Control(IDC_FORM2_TEXT8), EM_SETLIMITTEXT, 0, 0);
+}
+
+// Not at start-up: most menus are lists, and asking for drives and folders may
+// take longer than all the rest.
+void Form2::FillDirectoryPage() {
+  const HWND drive1 = Control(IDC_FORM2_DRIVE1);
+  dir1_.Start();
+  win32::FillDriveList(drive1);
+  win32::SelectDrive(drive1, dir1_.Path());
 }
 
 void Form2::ShowDirectoryPointer(const DirectoryPointerRecord& directory) {

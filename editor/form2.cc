@@ -70,7 +70,7 @@ HICON LoadPicture(int id) {
 }  // namespace
 
 Form2::Form2(std::string arguments, menufile::FileSystem& files)
-    : Form(kForm2Plan, nullptr), arguments_(std::move(arguments)), files_(files) {
+    : Form(kForm2Plan, nullptr, kItemPage), arguments_(std::move(arguments)), files_(files) {
   items_.Attach(Control(IDC_FORM2_LIST1));
   list1Drop_.Attach(Control(IDC_FORM2_LIST1));
   iconic1_.Attach(Control(IDC_FORM2_ICONIC1));
@@ -88,7 +88,6 @@ Form2::Form2(std::string arguments, menufile::FileSystem& files)
                  reinterpret_cast<LPARAM>(&item));
   }
   CreateAppearancePage();
-  ShowContents(kItemPage);
   ShowSampleFont();
 }
 
@@ -114,21 +113,9 @@ bool Form2::Load() {
 std::string Form2::MenuFilePath() const { return editor::MenuFilePath(arguments_); }
 
 bool Form2::LoadMenuFile() {
-  // Thousands of rows are drawn once, not one by one.
-  SendMessageA(items_.window(), WM_SETREDRAW, FALSE, 0);
-  const auto redraw = [this] {
-    SendMessageA(items_.window(), WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(items_.window(), nullptr, TRUE);
-  };
-  try {
-    FinishOwnChange();
-    const bool loaded = menufile::LoadMenuFile(files_, MenuFilePath(), DefaultPictureFile(), *this);
-    redraw();
-    return loaded;
-  } catch (...) {
-    redraw();
-    throw;
-  }
+  const ItemList::Filling filling(items_);
+  FinishOwnChange();
+  return menufile::LoadMenuFile(files_, MenuFilePath(), DefaultPictureFile(), *this);
 }
 
 void Form2::Rewrite(const menufile::MenuChange& change) {
@@ -212,6 +199,9 @@ void Form2::SelectTab(int tab) {
 }
 
 void Form2::ShowContents(Page page) {
+  if (page == kDirectoryPage && dir1_.Path().empty()) {
+    FillDirectoryPage();
+  }
   contents_ = page;
   SSTab1Change();
 }
@@ -287,7 +277,7 @@ void Form2::ShowAppearance(const menufile::AppearanceRecord& appearance) {
 }
 
 void Form2::AppendItem(std::size_t row, const menufile::MenuItemRecord& item) {
-  items_.AppendItem(row, item);
+  items_.AppendItem(static_cast<int>(row), item);
 }
 
 void Form2::ShowSampleFont() {

@@ -127,6 +127,7 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   // editor/directory_page.cc
   void ShowDirectoryPointer(const menufile::DirectoryPointerRecord& directory) override;
   void CreateDirectoryPage();
+  void FillDirectoryPage();
   // False when the rewrite failed, of which nobody is told.
   bool RewriteSilently(const menufile::MenuChange& change);
   // Shows the other page of the tab "Contents", from which the user came here.

@@ -1,18 +1,14 @@
 #include "editor/item_list.h"
 
-#include <shellapi.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <limits>
 #include <utility>
 
-#include "win32/handles.h"
-#include "win32/icon_file.h"
 #include "win32/window_text.h"
 
 namespace editor {
+
 std::string IconText(HICON icon) { return std::to_string(reinterpret_cast<std::uintptr_t>(icon)); }
 
 HICON IconOfText(const std::string& text) {
@@ -21,34 +17,21 @@ HICON IconOfText(const std::string& text) {
   return reinterpret_cast<HICON>(number);
 }
 
-// Only the call's result tells whether the
-// handles were written; on a failure they may hold anything. The small icon is
-// asked for because the large one alone is not to be had from some programs;
-// nothing shows it.
-HICON ExtractLargeIcon(const std::string& file, int index) {
-  if (!win32::IsSoundIconFile(file)) {
-    return nullptr;
-  }
-  HICON large = nullptr;
-  HICON small = nullptr;
-  const UINT count = ExtractIconExA(file.c_str(), index, &large, &small, 1);
-  return count == 0 || count == std::numeric_limits<UINT>::max() ? nullptr : large;
-}
-
 int ItemList::Count() const { return static_cast<int>(SendMessageA(list_, LB_GETCOUNT, 0, 0)); }
 
 int ItemList::Selected() const { return static_cast<int>(SendMessageA(list_, LB_GETCURSEL, 0, 0)); }
 
 void ItemList::Select(int row) { SendMessageA(list_, LB_SETCURSEL, static_cast<WPARAM>(row), 0); }
 
-void ItemList::Append(const std::string& caption, const std::string& iconText,
-                      const std::string& target) {
-  const int row = Count();
-  if (row > 0) {
-    hidden_.resize(static_cast<std::size_t>(row) + 1);
-  }
-  InsertRow(row, caption.empty() ? std::string(SeparatorText) : caption);
-  Hidden(row) = {iconText, target};
+void ItemList::SetIcon(int row, HICON icon) {
+  std::string& text = Hidden(row).text;
+  icons_.Hold(icon);
+  icons_.Release(IconOfText(text));
+  text = IconText(icon);
+}
+
+void ItemList::Append(const std::string& caption, const std::string& target) {
+  AppendRow(Count(), caption, target);
 }
 
 void ItemList::Rename(int row, const std::string& caption) {
@@ -80,6 +63,7 @@ void ItemList::ExchangeWithNext(int row) {
 }
 
 void ItemList::Remove(int row) {
+  icons_.Release(IconOfText(Hidden(row).text));
   if (hidden_.size() > 1) {
     hidden_.erase(hidden_.begin() + row);
   }
@@ -100,22 +84,42 @@ void ItemList::ScrollTo(int topRow) {
   SendMessageA(list_, LB_SETTOPINDEX, static_cast<WPARAM>(topRow), 0);
 }
 
-void ItemList::AppendItem(std::size_t row, const menufile::MenuItemRecord& item) {
-  if (row == 0) {
-    extracted_ = nullptr;
-  }
+void ItemList::BeginFilling() {
+  SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
+  icons_.Forget();
+  extracted_ = nullptr;
+  ruler_.emplace(list_);
+}
+
+void ItemList::EndFilling() {
+  ruler_.reset();
+  SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+  InvalidateRect(list_, nullptr, TRUE);
+}
+
+void ItemList::AppendItem(int row, const menufile::MenuItemRecord& item) {
   const std::string target = item.target.Text();
+  AppendRow(row, item.caption.Text(), target);
   const int index = item.iconIndex.Integer();
-  std::string iconText = "0";
-  if (!item.iconFile.IsEmpty() || index > 0) {
-    const std::string file = item.iconFile.IsEmpty() ? target : item.iconFile.Text();
-    // On a failure the handle of the last success stays.
-    if (const HICON icon = ExtractLargeIcon(file, index)) {
-      extracted_ = icon;
-    }
-    iconText = IconText(extracted_);
+  if (item.iconFile.IsEmpty() && index <= 0) {
+    return;
   }
-  Append(item.caption.Text(), iconText, target);
+  // On a failure the handle of the last success stays.
+  const std::string file = item.iconFile.IsEmpty() ? target : item.iconFile.Text();
+  if (const HICON icon = icons_.Extract(file, index)) {
+    extracted_ = icon;
+  }
+  SetIcon(row, extracted_);
+}
+
+// The list box is not asked for its count: with thousands of rows each message
+// takes its time.
+void ItemList::AppendRow(int row, const std::string& caption, const std::string& target) {
+  if (row > 0) {
+    hidden_.resize(static_cast<std::size_t>(row) + 1);
+  }
+  Hidden(row) = {IconText(nullptr), target};
+  InsertRow(row, caption.empty() ? std::string(SeparatorText) : caption);
 }
 
 void ItemList::InsertRow(int row, const std::string& caption) {
@@ -124,19 +128,25 @@ void ItemList::InsertRow(int row, const std::string& caption) {
   WidenFor(caption);
 }
 
+ItemList::Ruler::Ruler(HWND list)
+    : dc(list), font(dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(list, WM_GETFONT, 0, 0))) {}
+
+int ItemList::Ruler::WidthOf(const std::string& caption) const {
+  constexpr std::size_t kMostBytes = 4096;
+  SIZE extent{};
+  GetTextExtentPoint32A(dc.get(), caption.c_str(),
+                        static_cast<int>(std::min(caption.size(), kMostBytes)), &extent);
+  return extent.cx;
+}
+
 // A list box scrolls sideways only as far as it is told. Separators may be cut.
 void ItemList::WidenFor(const std::string& caption) {
   if (caption == SeparatorText) {
     return;
   }
-  const win32::WindowDc dc(list_);
-  const win32::SelectedObject selected(
-      dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(list_, WM_GETFONT, 0, 0)));
-  const int length = static_cast<int>(std::min<std::size_t>(caption.size(), 4096));
-  SIZE extent{};
-  GetTextExtentPoint32A(dc.get(), caption.c_str(), length, &extent);
-  if (extent.cx > textWidth_) {
-    textWidth_ = extent.cx;
+  const int width = ruler_ ? ruler_->WidthOf(caption) : Ruler(list_).WidthOf(caption);
+  if (width > textWidth_) {
+    textWidth_ = width;
     const int extentOfList = textWidth_ + GetSystemMetrics(SM_CXEDGE) * 4;
     SendMessageA(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extentOfList), 0);
   }

@@ -4,11 +4,14 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "editor/shared_icons.h"
 #include "menufile/records.h"
+#include "win32/handles.h"
 
 namespace editor {
 
@@ -19,10 +22,9 @@ inline constexpr std::string_view SeparatorText =
 // What is kept of an entry besides its list row.
 //
 // `text` is the entry's large icon as a number in decimal, "0" when it has none
-// of its own. It is the row that owns the icon: DestroyIcon() is due when the
-// row gets another one or is deleted. Icons of rows that go in a reload or a
-// switch of the menu type live as long as the process. A row whose icon could
-// not be extracted holds the icon of the row above it, a second time.
+// of its own; ItemList::SetIcon() changes it. A row whose icon could not be
+// extracted holds the icon of the row above it. Icons of rows that go in a
+// reload or a switch of the menu type live as long as the process.
 struct HiddenRow {
   std::string text;
   std::string tag;  // the entry's target
@@ -30,10 +32,6 @@ struct HiddenRow {
 
 std::string IconText(HICON icon);
 HICON IconOfText(const std::string& text);
-
-// Takes the icon of that index out of a file; nullptr when there is none. The
-// caller owns it.
-HICON ExtractLargeIcon(const std::string& file, int index);
 
 // The item list, `List1`, with its hidden rows: one for each list row, at the
 // same index, and one more when the list is empty: row 0 always exists.
@@ -51,9 +49,13 @@ class ItemList {
 
   HiddenRow& Hidden(int row) { return hidden_.at(static_cast<std::size_t>(row)); }
 
-  // Appends the row of an entry, and a hidden row for it: `icon` as text, and
-  // its target. An empty caption is shown as SeparatorText.
-  void Append(const std::string& caption, const std::string& iconText, const std::string& target);
+  // Gives a row an icon, which the list owns from here on, or none with nullptr.
+  // The icon that it had is destroyed when no other row has it too.
+  void SetIcon(int row, HICON icon);
+
+  // Appends the row of an entry without an icon of its own, and a hidden row for
+  // it. An empty caption is shown as SeparatorText.
+  void Append(const std::string& caption, const std::string& target);
 
   // Changes a row's caption; the selection stays.
   void Rename(int row, const std::string& caption);
@@ -62,8 +64,8 @@ class ItemList {
   // touched or drawn again, and the list does not scroll. The selection is lost.
   void ExchangeWithNext(int row);
 
-  // Removes a row and its hidden row; the last of the hidden ones stays, as it
-  // is. Nothing is selected afterwards.
+  // Removes a row and its hidden row, and lets go of its icon; the last of the
+  // hidden ones stays, as it is. Nothing is selected afterwards.
   void Remove(int row);
 
   // Removes all rows, and all hidden rows but the first, which stays as it is.
@@ -73,18 +75,46 @@ class ItemList {
   int TopRow() const;
   void ScrollTo(int topRow);
 
-  // Appends the row of an entry that was read, with its icon: from its icon
-  // file, or from its target when it has an index above 0 but no icon file.
-  void AppendItem(std::size_t row, const menufile::MenuItemRecord& item);
+  // While one lives, the entries of a menu file are appended to the list, in
+  // their order; the list is drawn at the end, once.
+  class Filling {
+   public:
+    explicit Filling(ItemList& items) : items_(items) { items_.BeginFilling(); }
+    Filling(const Filling&) = delete;
+    Filling& operator=(const Filling&) = delete;
+    ~Filling() { items_.EndFilling(); }
+
+   private:
+    ItemList& items_;
+  };
+
+  // Appends the row of an entry that was read, behind `row` others, with its
+  // icon: from its icon file, or from its target when it has an index above 0
+  // but no icon file. Only while the list is filled.
+  void AppendItem(int row, const menufile::MenuItemRecord& item);
 
  private:
+  // Measures captions in the list's font.
+  struct Ruler {
+    explicit Ruler(HWND list);
+    int WidthOf(const std::string& caption) const;  // in pixels
+
+    win32::WindowDc dc;
+    win32::SelectedObject font;
+  };
+
+  void BeginFilling();
+  void EndFilling();
+  void AppendRow(int row, const std::string& caption, const std::string& target);
   void InsertRow(int row, const std::string& caption);
   void WidenFor(const std::string& caption);
 
   HWND list_ = nullptr;
   std::vector<HiddenRow> hidden_{1};
-  HICON extracted_ = nullptr;  // what the last extraction of this load gave
-  int textWidth_ = 0;          // of the longest caption, in pixels
+  SharedIcons icons_;
+  HICON extracted_ = nullptr;   // what the last extraction of this filling gave
+  std::optional<Ruler> ruler_;  // while the list is filled
+  int textWidth_ = 0;           // of the longest caption, in pixels
 };
 
 }  // namespace editor

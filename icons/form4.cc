@@ -111,11 +111,8 @@ void Form4::ApplyItemIcon() {
     return;
   }
 
-  // From here on the row owns the icon.
-  editor::HiddenRow& row = editor_.items().Hidden(item_.row);
-  DestroyIcon(editor::IconOfText(row.text));
   const HICON icon = browser_.TakeIcon().release();
-  row.text = editor::IconText(icon);
+  editor_.items().SetIcon(item_.row, icon);
   editor_.iconic1().Clear();
   editor_.iconic1().Draw(icon);
   editor_.CloseChild();

@@ -13,7 +13,6 @@ void Form2::Command7Click() {
       records.Write(record);
     }
   });
-  DestroyIcon(IconOfText(items_.Hidden(row).text));
   items_.Remove(row);
   iconic1_.Clear();
 }

@@ -142,9 +142,12 @@ bool SelectDrive(HWND combo, const std::string& path) {
 
 void FolderList::Attach(HWND list) {
   list_ = list;
+  FitToFont();
+}
+
+void FolderList::Start() {
   openFolder_ = FolderIcon(SHGFI_OPENICON);
   closedFolder_ = FolderIcon(0);
-  FitToFont();
   if (!SetPath(FullPath("."))) {
     char windows[MAX_PATH] = "";
     GetWindowsDirectoryA(windows, sizeof windows);

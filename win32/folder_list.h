@@ -30,13 +30,16 @@ class FolderList {
  public:
   // Borrows the list box, an owner-drawn one that keeps its strings: they are
   // the bare names, so that typing one finds its row. Its parent has to pass
-  // WM_DRAWITEM on to Draw(). The list starts at the current directory, where
-  // that has a drive, else on the drive that Windows is on.
+  // WM_DRAWITEM on to Draw(). The list is empty until Start() or SetPath().
   void Attach(HWND list);
   HWND window() const { return list_; }
 
+  // Goes to the current directory, where that has a drive, else to the drive that
+  // Windows is on. Asks the shell for its icons, which takes a while.
+  void Start();
+
   // With drive, and without a trailing backslash but for a root: "C:\",
-  // "C:\Windows".
+  // "C:\Windows". Empty while the list is.
   const std::string& Path() const { return path_; }
 
   // Goes to a folder, or with a drive alone ("C:") to the current folder of

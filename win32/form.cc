@@ -56,17 +56,33 @@ bool IsGroupBox(const ControlRow& row) {
   return (row.style & BS_TYPEMASK) == BS_GROUPBOX && row.windowClass == std::string_view("Button");
 }
 
-// How much larger a control is than its client area.
-SIZE FrameSize(HWND control) {
+DWORD ExtendedStyleOf(const ControlRow& row) {
+  const bool isSunken = row.windowClass == std::string_view("ListBox") ||
+                        row.windowClass == std::string_view("Edit") || IsPictureBox(row);
+  return isSunken ? WS_EX_CLIENTEDGE : 0;
+}
+
+// How much larger a window of these styles is than its client area.
+SIZE FrameSize(DWORD style, DWORD extendedStyle) {
   RECT rect{};
-  AdjustWindowRectEx(&rect, static_cast<DWORD>(GetWindowLongPtrA(control, GWL_STYLE)), FALSE,
-                     static_cast<DWORD>(GetWindowLongPtrA(control, GWL_EXSTYLE)));
+  AdjustWindowRectEx(&rect, style, FALSE, extendedStyle);
   return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+SIZE FrameSize(HWND window) {
+  return FrameSize(static_cast<DWORD>(GetWindowLongPtrA(window, GWL_STYLE)),
+                   static_cast<DWORD>(GetWindowLongPtrA(window, GWL_EXSTYLE)));
+}
+
+SIZE ClientSize(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return {client.right, client.bottom};
 }
 
 }  // namespace
 
-Form::Form(const FormPlan& plan, HWND owner) : plan_(plan) {
+Form::Form(const FormPlan& plan, HWND owner, unsigned pages) : plan_(plan), shownPages_(pages) {
   RegisterFormClass(plan);
   const std::vector<WORD> dialog = DialogTemplate(plan);
   window_ = CreateDialogIndirectParamA(GetModuleHandleA(nullptr),
@@ -83,13 +99,12 @@ Form::Form(const FormPlan& plan, HWND owner) : plan_(plan) {
     constexpr UINT kDisableAll = 1;
     setBehavior(window_, kDisableAll, kDisableAll);
   }
+  font_ = MessageFont(DpiOf(window_));
+  SizeToPlan();
   CreateControls();
   AddToolTips();
-  UseMessageFont();
-  SizeToPlan();
   // From here on messages come to the form.
   SetPropA(window_, kFormProperty, this);
-  Arrange();
 }
 
 Form::~Form() { Close(); }
@@ -103,14 +118,29 @@ void Form::Close() {
 
 Form* Form::Of(HWND window) { return static_cast<Form*>(GetPropA(window, kFormProperty)); }
 
+RECT Form::PlaceOf(const ControlRow& row, const Layout& layout) const {
+  RECT rect = layout.Rect(row.place, row.anchors, arrangedFor_);
+  if (IsPictureBox(row)) {
+    const SIZE frame = FrameSize(row.style | WS_CHILD, ExtendedStyleOf(row));
+    const LONG width = PictureBox::Size().cx + frame.cx;
+    rect.left = row.anchors & kLeft ? rect.left : rect.right - width;
+    rect.right = rect.left + width;
+    rect.bottom = rect.top + PictureBox::Size().cy + frame.cy;
+  }
+  return rect;
+}
+
 void Form::CreateControls() {
+  arrangedFor_ = ClientSize(window_);
+  const Layout layout(font_.get(), plan_.size);
   for (const ControlRow& row : plan_.controls) {
-    const bool sunken = row.windowClass == std::string_view("ListBox") ||
-                        row.windowClass == std::string_view("Edit") || IsPictureBox(row);
-    CreateWindowExA(sunken ? WS_EX_CLIENTEDGE : 0, row.windowClass, row.text,
-                    row.style | WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, window_,
-                    reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)),
-                    GetModuleHandleA(nullptr), nullptr);
+    const RECT rect = PlaceOf(row, layout);
+    const HWND control = CreateWindowExA(
+        ExtendedStyleOf(row), row.windowClass, row.text,
+        row.style | WS_CHILD | (IsVisible(row) ? WS_VISIBLE : 0), rect.left, rect.top,
+        rect.right - rect.left, rect.bottom - rect.top, window_,
+        reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)), GetModuleHandleA(nullptr), nullptr);
+    SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
   }
   // Group boxes go behind what they frame: a drag from another process finds
   // nothing through them.
@@ -129,7 +159,9 @@ void Form::AddToolTips() {
     if (row.toolTip != nullptr) {
       TTTOOLINFOA tool{};
       tool.cbSize = sizeof tool;
-      tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+      // Not TTF_SUBCLASS: that would look at each message to the control, and a
+      // list box gets one for every row.
+      tool.uFlags = TTF_IDISHWND;
       tool.hwnd = window_;
       tool.uId = reinterpret_cast<UINT_PTR>(Control(row.id));
       tool.lpszText = const_cast<char*>(row.toolTip);
@@ -165,22 +197,14 @@ void Form::SizeToPlan() {
 }
 
 void Form::Arrange() {
-  RECT client{};
-  GetClientRect(window_, &client);
+  arrangedFor_ = ClientSize(window_);
   const Layout layout(font_.get(), plan_.size);
   HDWP moves = BeginDeferWindowPos(static_cast<int>(plan_.controls.size()));
   for (const ControlRow& row : plan_.controls) {
-    const HWND control = Control(row.id);
-    RECT rect = layout.Rect(row.place, row.anchors, {client.right, client.bottom});
-    if (IsPictureBox(row)) {
-      const SIZE frame = FrameSize(control);
-      const LONG width = PictureBox::Size().cx + frame.cx;
-      rect.left = row.anchors & kLeft ? rect.left : rect.right - width;
-      rect.right = rect.left + width;
-      rect.bottom = rect.top + PictureBox::Size().cy + frame.cy;
-    }
-    moves = DeferWindowPos(moves, control, nullptr, rect.left, rect.top, rect.right - rect.left,
-                           rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT rect = PlaceOf(row, layout);
+    moves =
+        DeferWindowPos(moves, Control(row.id), nullptr, rect.left, rect.top, rect.right - rect.left,
+                       rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
   }
   EndDeferWindowPos(moves);
   InvalidateRect(window_, nullptr, TRUE);
@@ -188,6 +212,9 @@ void Form::Arrange() {
 }
 
 void Form::ShowPages(unsigned pages) {
+  if (pages == shownPages_) {
+    return;
+  }
   shownPages_ = pages;
   for (const ControlRow& row : plan_.controls) {
     ShowWindow(Control(row.id), IsVisible(row) ? SW_SHOWNA : SW_HIDE);
@@ -316,7 +343,11 @@ INT_PTR Form::Handle(UINT message, WPARAM wide, LPARAM data) {
       OnClose();
       return TRUE;
     case WM_SIZE:
-      Arrange();
+      // It comes, too, when the window is first shown.
+      if (const SIZE size = ClientSize(window_);
+          size.cx != arrangedFor_.cx || size.cy != arrangedFor_.cy) {
+        Arrange();
+      }
       return TRUE;
     case WM_GETMINMAXINFO: {
       const SIZE client = Layout(font_.get(), plan_.size).LeastClientSize();
@@ -347,6 +378,9 @@ bool DispatchToForm(MSG& message) {
   Form* const form = Form::Of(window);
   if (form == nullptr) {
     return false;
+  }
+  if (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) {
+    SendMessageA(form->toolTips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
   }
   if (message.message == WM_KEYDOWN || message.message == WM_KEYUP || message.message == WM_CHAR) {
     try {

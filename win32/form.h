@@ -57,13 +57,14 @@ class Form {
   static Form* Of(HWND window);
 
   // Shows the controls of these pages (bits as in ControlRow) and hides the
-  // others. A form starts with every page shown.
+  // others.
   void ShowPages(unsigned pages);
   bool IsVisible(const ControlRow& row) const { return (row.pages & shownPages_) != 0; }
 
  protected:
-  // Makes the window, hidden. Throws std::runtime_error when Windows does not.
-  Form(const FormPlan& plan, HWND owner);
+  // Makes the window, hidden, with the controls of these pages shown. Throws
+  // std::runtime_error when Windows does not.
+  Form(const FormPlan& plan, HWND owner, unsigned pages = kEveryPage);
 
   // `event` is a notification code of WM_COMMAND or a ControlEvent.
   virtual void OnCommand(int id, UINT event) = 0;
@@ -96,6 +97,7 @@ class Form {
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM data);
   INT_PTR Handle(UINT message, WPARAM wide, LPARAM data);
   void Scroll(HWND bar, UINT request, int position);
+  RECT PlaceOf(const ControlRow& row, const Layout& layout) const;
   void CreateControls();
   void AddToolTips();
   void UseMessageFont();
@@ -106,7 +108,8 @@ class Form {
   HWND window_ = nullptr;
   HWND toolTips_ = nullptr;
   UniqueFont font_;
-  unsigned shownPages_ = kEveryPage;
+  unsigned shownPages_;
+  SIZE arrangedFor_{};  // the client area
 };
 
 // Gives a message that was taken from the queue to the form that it is for, with

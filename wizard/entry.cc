@@ -17,7 +17,7 @@ void AppendEntry(menufile::MenuAppender& menu, editor::ItemList& items, const En
   menufile::MenuItemRecord noIcon;
   noIcon.iconIndex = Value::Bare("0");
   menu.Append(entry.Record(noIcon));
-  items.Append(entry.caption, "0", entry.target);
+  items.Append(entry.caption, entry.target);
 }
 
 }  // namespace wizard

@@ -41,9 +41,8 @@ constexpr const char* kProgramFilter =
 
 }  // namespace
 
-Form3::Form3(editor::Form2& form2) : Form(kForm3Plan, form2.window()), form2_(form2) {
+Form3::Form3(editor::Form2& form2) : Form(kForm3Plan, form2.window(), kTargetPage), form2_(form2) {
   OnArranged();
-  ShowPages(kTargetPage);
   Text1Change();
   EnableWindow(Control(IDC_FORM3_COMMAND4), FALSE);
   SetDefaultButton(IDC_FORM3_COMMAND1);
@@ -167,9 +166,7 @@ void Form3::ChangeEntry(int row, const Entry& entry) {
   // The row shows the icon of the new target until the file is loaded again,
   // also when the entry has an icon file; and it keeps the tag of the old one.
   form2_.items().Rename(row, entry.caption);
-  std::string& iconText = form2_.items().Hidden(row).text;
-  DestroyIcon(editor::IconOfText(iconText));
-  iconText = editor::IconText(editor::ExtractLargeIcon(entry.target, 0));
+  form2_.items().SetIcon(row, editor::ExtractLargeIcon(entry.target, 0));
 }
 
 }  // namespace wizard

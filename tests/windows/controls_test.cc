@@ -121,10 +121,13 @@ class ControlsTest : public Form2Test {
     }
     return TRUE;
   }
-  std::string ToolTip(int id) {
+  HWND ToolTips() {
     std::pair<HWND, HWND> search{form().window(), nullptr};
     EnumThreadWindows(GetCurrentThreadId(), FindToolTips, reinterpret_cast<LPARAM>(&search));
     EXPECT_NE(search.second, nullptr);
+    return search.second;
+  }
+  std::string ToolTip(int id) {
     char text[256] = "";
     TTTOOLINFOA tool{};
     tool.cbSize = sizeof tool;
@@ -132,7 +135,7 @@ class ControlsTest : public Form2Test {
     tool.hwnd = form().window();
     tool.uId = reinterpret_cast<UINT_PTR>(Control(id));
     tool.lpszText = text;
-    SendMessageA(search.second, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
+    SendMessageA(ToolTips(), TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
     return text;
   }
 
@@ -208,6 +211,31 @@ TEST_F(ControlsTest, AreWhatTheyAreToBe) {
       EXPECT_EQ(win32::WindowText(control), expected.caption);
     }
     EXPECT_EQ(ToolTip(expected.id), expected.toolTip);
+  }
+}
+
+TEST_F(ControlsTest, ShowTheirToolTipUnderTheMouse) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  ShowWindow(form().window(), SW_SHOW);
+  SetForegroundWindow(form().window());
+  SetWindowPos(form().window(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+  for (const int id : {IDC_FORM2_LIST1, IDC_FORM2_COMMAND9}) {
+    SCOPED_TRACE(id);
+    RECT place{};
+    GetWindowRect(Control(id), &place);
+    SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+    mouse_event(MOUSEEVENTF_MOVE, 0, 0, 0, 0);
+    TTTOOLINFOA tool{};
+    tool.cbSize = sizeof tool;
+    const ULONGLONG end = GetTickCount64() + 5000;
+    while (GetTickCount64() < end && tool.uId != reinterpret_cast<UINT_PTR>(Control(id))) {
+      RunMessages();
+      Sleep(10);
+      if (IsWindowVisible(ToolTips())) {
+        SendMessageA(ToolTips(), TTM_GETCURRENTTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+      }
+    }
+    EXPECT_EQ(tool.uId, reinterpret_cast<UINT_PTR>(Control(id)));
   }
 }
 

@@ -1,3 +1,4 @@
+#include "tests/windows/icon_files.h"
 #include "tests/windows/list_test_base.h"
 
 using testing_menus::ItemLine;
@@ -56,8 +57,10 @@ TEST_F(DeleteTest, TheOnlyEntryWithAnIconLeavesItsNumber) {
 }
 
 TEST_F(DeleteTest, ReleasesTheIconOfTheRowAlone) {
-  ASSERT_TRUE(
-      OpenLines({IconLine("One", "C:\\1"), IconLine("Two", "C:\\2"), IconLine("Three", "C:\\3")}));
+  WriteBytes(PathOf("other.ico"), testing_icons::IconFile(RGB(1, 2, 3)));
+  ASSERT_TRUE(OpenLines({IconLine("One", "C:\\1"),
+                         ItemLine("Two", "C:\\2", "", "", PathOf("other.ico"), "0"),
+                         IconLine("Three", "C:\\3")}));
   const std::vector<RowState> state = State();
   SelectRow(1);
   Press(kDelete);
@@ -65,6 +68,21 @@ TEST_F(DeleteTest, ReleasesTheIconOfTheRowAlone) {
   EXPECT_TRUE(IsIcon(state[0].icon));
   EXPECT_TRUE(IsIcon(state[2].icon));
   EXPECT_EQ(State(), (std::vector<RowState>{state[0], state[2]}));
+}
+
+TEST_F(DeleteTest, AnIconOfSeveralRowsGoesWithTheLastOfThem) {
+  // The last one has the icon of the row above, for want of its own.
+  ASSERT_TRUE(OpenLines({IconLine("One", "C:\\1"), IconLine("Two", "C:\\2"), kB}));
+  const std::string icon = HiddenIcon(0);
+  EXPECT_EQ(HiddenIcon(1), icon);
+  EXPECT_EQ(HiddenIcon(2), icon);
+  for (int left = 3; left > 0; --left) {
+    EXPECT_TRUE(IsIcon(icon)) << left;
+    SelectRow(0);
+    EXPECT_FALSE(PreviewIsClear()) << left;
+    Press(kDelete);
+  }
+  EXPECT_FALSE(IsIcon(icon));
 }
 
 TEST_F(DeleteTest, NothingSelectedDoesNothing) {

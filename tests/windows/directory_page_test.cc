@@ -116,9 +116,12 @@ TEST_F(DirectoryPageTest, LongAndOddTextsAreShownAsTheyAre) {
   EXPECT_EQ(Pattern(), std::string(40000, 'y'));
 }
 
-TEST_F(DirectoryPageTest, StartsAtTheCurrentFolderOnAUserDefinedMenu) {
+TEST_F(DirectoryPageTest, StartsAtTheCurrentFolderWhenFirstShown) {
   ASSERT_TRUE(Open(UserDefinedMenu({})));
   EXPECT_FALSE(ShowsDirectoryPage());
+  EXPECT_EQ(Path(), "");
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_TRUE(ShowsDirectoryPage());
   EXPECT_EQ(Drive(), folder().substr(0, 2));
   EXPECT_EQ(ListPath(), folder());
   EXPECT_EQ(Path(), "");

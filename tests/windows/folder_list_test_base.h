@@ -24,6 +24,7 @@ class FolderListTest : public Form2Test {
     combo_ = CreateWindowExA(0, "ComboBox", "", WS_CHILD | CBS_DROPDOWNLIST | CBS_HASSTRINGS, 0,
                              150, 200, 100, parent_, nullptr, GetModuleHandleA(nullptr), nullptr);
     folders.Attach(list_);
+    folders.Start();
   }
   ~FolderListTest() override {
     // Nothing that a test did may have moved the program itself.

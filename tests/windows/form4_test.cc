@@ -234,7 +234,7 @@ TEST_F(Form4Test, CancelEscAndTheCloseBoxWriteNothing) {
 }
 
 TEST_F(Form4Test, OkWritesFileAndIndexAndNothingElse) {
-  OpenForItem(two, "1");
+  OpenForItem(two, "0");
   const std::vector<std::string> rows = Rows();
   const std::vector<editor::HiddenRow> before = HiddenRows();
   ASSERT_TRUE(IsIcon(before[1].text));
