@@ -4,17 +4,17 @@
 //   window_times start RUNS MENUFILE ROWS PROGRAM...
 //     from the start of each program until its list is shown with its rows;
 //     the programs take turns
-//   window_times move_up RUNS MENUFILE ROWS EDITOR
-//     a press of the editor's "Move Up" in the middle of the list, and the same
-//     change to the file without a window
+//   window_times edits RUNS MENUFILE ROWS EDITOR
+//     a press of each of the editor's buttons that change the list, in the
+//     middle of it, and a rewrite of the file without a window
 #include <windows.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <exception>
-#include <functional>
 #include <iostream>
+#include <iterator>
 #include <limits>
 #include <stdexcept>
 #include <string>
@@ -124,22 +124,19 @@ void MeasureStart(int runs, const std::string& menu, LRESULT rows, char** progra
   }
 }
 
-// The rule of a move: the entry at `row` changes places with the one above.
-menufile::RecordRule MoveUp(std::size_t row) {
-  return [row](std::size_t counter, const menufile::MenuItemRecord& record,
-               menufile::RecordStream& records) {
+// A move in the middle of the menu: the entry at `row` changes places with the
+// one above.
+double TimeOfRewrite(const std::string& menu, std::size_t row) {
+  editor::WindowsFileSystem files;
+  menufile::MenuChange change;
+  change.type = menufile::MenuType::UserDefined;
+  change.recordRule = [row](std::size_t counter, const menufile::MenuItemRecord& record,
+                            menufile::RecordStream& records) {
     if (counter + 1 == row) {
       records.Write(records.ReadNext());
     }
     records.Write(record);
   };
-}
-
-double TimeOfRewrite(const std::string& menu, std::size_t row) {
-  editor::WindowsFileSystem files;
-  menufile::MenuChange change;
-  change.type = menufile::MenuType::UserDefined;
-  change.recordRule = MoveUp(row);
   const double start = Now();
   if (menufile::RewriteMenuFile(files, menu, change) != menufile::RewriteResult::Done) {
     throw std::runtime_error("the menu was not rewritten");
@@ -147,24 +144,45 @@ double TimeOfRewrite(const std::string& menu, std::size_t row) {
   return Now() - start;
 }
 
-void MeasureMoveUp(int runs, const std::string& menu, LRESULT rows, const std::string& editor) {
+struct Button {
+  const char* name;
+  int id;
+  int rowsMore;       // after a press
+  int selectionMove;  // from where it was; 0 where nothing stays selected
+};
+// Separator and Delete take turns, so that the list stays as long as it is.
+constexpr Button kButtons[] = {
+    {"move_up", IDC_FORM2_COMMAND4, 0, -1},
+    {"move_down", IDC_FORM2_COMMAND8, 0, 1},
+    {"separator", IDC_FORM2_COMMAND9, 1, 0},
+    {"delete", IDC_FORM2_COMMAND7, -1, 0},
+};
+
+void MeasureEdits(int runs, const std::string& menu, LRESULT rows, const std::string& editor) {
   RunningProgram program(editor, menu);
   program.AwaitList(rows);
-  const HWND button = GetDlgItem(program.window(), IDC_FORM2_COMMAND4);
-  double click = std::numeric_limits<double>::max();
-  double rewrite = click;
+  const LRESULT row = rows / 2;
+  std::vector<double> clicks(std::size(kButtons), std::numeric_limits<double>::max());
+  double rewrite = std::numeric_limits<double>::max();
   for (int run = 0; run < runs; ++run) {
-    const LRESULT row = rows / 2;
-    SendMessageA(program.list(), LB_SETCURSEL, static_cast<WPARAM>(row), 0);
-    const double start = Now();
-    SendMessageA(button, BM_CLICK, 0, 0);
-    click = std::min(click, Now() - start);
-    if (SendMessageA(program.list(), LB_GETCURSEL, 0, 0) != row - 1) {
-      throw std::runtime_error("the entry was not moved");
+    for (std::size_t i = 0; i < clicks.size(); ++i) {
+      SendMessageA(program.list(), LB_SETCURSEL, static_cast<WPARAM>(row), 0);
+      const double start = Now();
+      SendMessageA(GetDlgItem(program.window(), kButtons[i].id), BM_CLICK, 0, 0);
+      clicks[i] = std::min(clicks[i], Now() - start);
+      rows += kButtons[i].rowsMore;
+      const int move = kButtons[i].selectionMove;
+      const LRESULT selected = SendMessageA(program.list(), LB_GETCURSEL, 0, 0);
+      if (SendMessageA(program.list(), LB_GETCOUNT, 0, 0) != rows ||
+          selected != (move == 0 ? LB_ERR : row + move)) {
+        throw std::runtime_error(std::string(kButtons[i].name) + " did not change the list");
+      }
     }
     rewrite = std::min(rewrite, TimeOfRewrite(menu, static_cast<std::size_t>(row)));
   }
-  Print("move_up", click);
+  for (std::size_t i = 0; i < clicks.size(); ++i) {
+    Print(kButtons[i].name, clicks[i]);
+  }
   Print("rewrite", rewrite);
 }
 
@@ -172,7 +190,7 @@ void MeasureMoveUp(int runs, const std::string& menu, LRESULT rows, const std::s
 
 int main(int count, char** arguments) {
   if (count < 6) {
-    std::cerr << "usage: window_times start|move_up RUNS MENUFILE ROWS PROGRAM...\n";
+    std::cerr << "usage: window_times start|edits RUNS MENUFILE ROWS PROGRAM...\n";
     return 2;
   }
   const std::string what = arguments[1];
@@ -183,7 +201,7 @@ int main(int count, char** arguments) {
     if (what == "start") {
       MeasureStart(runs, menu, rows, arguments + 5, count - 5);
     } else {
-      MeasureMoveUp(runs, menu, rows, arguments[5]);
+      MeasureEdits(runs, menu, rows, arguments[5]);
     }
   } catch (const std::exception& failure) {
     std::cerr << "window_times: " << failure.what() << '\n';
