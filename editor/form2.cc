@@ -12,19 +12,13 @@
 #include "menufile/restore.h"
 #include "resources/resource.h"
 #include "win32/message_box.h"
+#include "win32/route.h"
 #include "win32/window_text.h"
 
 namespace editor {
 namespace {
 
-// What goes where: the handler of each control's event.
-struct Route {
-  int control;
-  UINT event;
-  void (Form2::*handler)();
-};
-
-constexpr Route kRoutes[] = {
+constexpr win32::Route<Form2> kRoutes[] = {
     {IDC_FORM2_SSTAB1, win32::kTabChanged, &Form2::SSTab1Change},
     {IDC_FORM2_COMMAND5, BN_CLICKED, &Form2::Command5Click},
 
@@ -206,13 +200,7 @@ void Form2::ShowContents(Page page) {
   SSTab1Change();
 }
 
-void Form2::OnCommand(int id, UINT event) {
-  for (const Route& route : kRoutes) {
-    if (route.control == id && route.event == event) {
-      (this->*route.handler)();
-    }
-  }
-}
+void Form2::OnCommand(int id, UINT event) { win32::Follow<Form2>(kRoutes, *this, id, event); }
 
 void Form2::OnDrawItem(const DRAWITEMSTRUCT& item) {
   if (item.hwndItem == dir1_.window()) {

@@ -7,6 +7,7 @@
 #include "menufile/rewrite.h"
 #include "resources/resource.h"
 #include "win32/message_box.h"
+#include "win32/route.h"
 
 namespace icons {
 namespace {
@@ -43,15 +44,14 @@ Form4::Form4(editor::Form2& editor) : Form(kForm4Plan, editor.window()), editor_
 }
 
 void Form4::OnCommand(int id, UINT event) {
-  if (id == IDC_FORM4_HSCROLL1 && event == win32::kScrolled) {
-    browser_.ShowIconAt();
-  } else if (id == IDC_FORM4_COMMAND2 && event == BN_CLICKED) {
-    SelectIconSourceFile();
-  } else if (id == IDC_FORM4_COMMAND1 && event == BN_CLICKED) {
-    ApplyItemIcon();
-  } else if ((id == IDC_FORM4_COMMAND3 && event == BN_CLICKED) || id == IDCANCEL) {
-    OnClose();
-  }
+  static constexpr win32::Route<Form4> kRoutes[] = {
+      {IDC_FORM4_HSCROLL1, win32::kScrolled, &Form4::ShowIconAt},
+      {IDC_FORM4_COMMAND2, BN_CLICKED, &Form4::SelectIconSourceFile},
+      {IDC_FORM4_COMMAND1, BN_CLICKED, &Form4::ApplyItemIcon},
+      {IDC_FORM4_COMMAND3, BN_CLICKED, &Form4::OnClose},
+      {IDCANCEL, BN_CLICKED, &Form4::OnClose},  // the Esc key
+  };
+  win32::Follow<Form4>(kRoutes, *this, id, event);
 }
 
 void Form4::OnDrawItem(const DRAWITEMSTRUCT& item) { browser_.picture().Paint(item); }

@@ -45,6 +45,7 @@ class Form4 final : public win32::Form {
   void OnActivate(bool active) override;
   void OnClose() override;
 
+  void ShowIconAt() { browser_.ShowIconAt(); }
   void SelectIconSourceFile();  // Command2
   void ApplyItemIcon();         // Command1
   void ShowError(const char* text);

@@ -9,6 +9,7 @@
 #include "resources/resource.h"
 #include "win32/file_dialog.h"
 #include "win32/message_box.h"
+#include "win32/route.h"
 #include "win32/scaled_bitmap.h"
 #include "win32/shell_file.h"
 #include "win32/window_text.h"
@@ -17,14 +18,7 @@
 namespace wizard {
 namespace {
 
-// What goes where: the handler of each control's event.
-struct Route {
-  int control;
-  UINT event;
-  void (Form3::*handler)();
-};
-
-constexpr Route kRoutes[] = {
+constexpr win32::Route<Form3> kRoutes[] = {
     {IDC_FORM3_TEXT1, EN_CHANGE, &Form3::Text1Change},
     {IDC_FORM3_TEXT4, EN_CHANGE, &Form3::Text4Change},
     {IDC_FORM3_COMMAND3, BN_CLICKED, &Form3::Command3Click},
@@ -121,13 +115,7 @@ void Form3::Command5Click() {
 
 void Form3::Command2Click() { form2_.CloseChild(); }
 
-void Form3::OnCommand(int id, UINT event) {
-  for (const Route& route : kRoutes) {
-    if (route.control == id && route.event == event) {
-      (this->*route.handler)();
-    }
-  }
-}
+void Form3::OnCommand(int id, UINT event) { win32::Follow<Form3>(kRoutes, *this, id, event); }
 
 void Form3::OnClose() { form2_.CloseChild(); }
 
