@@ -229,16 +229,8 @@ constexpr ControlRow kControls[] = {
      kRight | kBottom,
      kDirectoryPage},
 
-    // Appearance and About.
-    {IDC_FORM2_PAGE_FRAME,
-     "Button",
-     "",
-     BS_GROUPBOX,
-     {7, 19, 306, 209},
-     kFill,
-     kAppearancePage | kAboutPage},
-
     // Appearance.
+    {IDC_FORM2_PAGE_FRAME, "Button", "", BS_GROUPBOX, {7, 19, 306, 209}, kFill, kAppearancePage},
     {IDC_FORM2_FRAME2,
      "Button",
      "Menu Font",

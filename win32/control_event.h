@@ -9,7 +9,7 @@ namespace win32 {
 // that it does not use (its own have 16 bits).
 enum ControlEvent : UINT {
   kTabChanged = 0x10000,  // another tab of a tab control was chosen
-  kScrolled,              // the position of a scroll bar control has changed
+  kScrolled,              // a scroll bar control has moved, or scrolling it has ended
   kEnterPressed,          // in a list box made to report it (ReportEnter())
   kFilesDropped,          // on a control that accepts them (FileDrop)
   kFilesRefused,          // some of those, for their names

@@ -114,6 +114,9 @@ class FileDrop::Target final : public IDropTarget {
       *effect = DROPEFFECT_NONE;
     }
     ReleaseStgMedium(&medium);
+    if (*effect == DROPEFFECT_MOVE) {
+      *effect = DROPEFFECT_NONE;  // else the source would delete the files
+    }
     const HWND control = owner_.control_;
     const bool someRefused = !owner_.files_.refused.empty();
     Report(control, kFilesDropped);
@@ -124,12 +127,17 @@ class FileDrop::Target final : public IDropTarget {
   }
 
  private:
-  // Never to move: the source would then delete the files.
+  // To move only where the source allows nothing else.
   DWORD EffectOf(DWORD allowed) const {
     if (!holdsFiles_ || !IsWindowEnabled(GetParent(owner_.control_))) {
       return DROPEFFECT_NONE;
     }
-    return (allowed & DROPEFFECT_COPY) != 0 ? DROPEFFECT_COPY : allowed & DROPEFFECT_LINK;
+    for (const DWORD effect : {DROPEFFECT_COPY, DROPEFFECT_LINK, DROPEFFECT_MOVE}) {
+      if ((allowed & effect) != 0) {
+        return effect;
+      }
+    }
+    return DROPEFFECT_NONE;
   }
 
   FileDrop& owner_;

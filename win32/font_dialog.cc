@@ -1,5 +1,6 @@
 #include "win32/font_dialog.h"
 
+#include <commctrl.h>
 #include <commdlg.h>
 #include <dlgs.h>
 
@@ -11,8 +12,6 @@
 namespace win32 {
 namespace {
 
-constexpr const char* kDialogProperty = "CorvalisFontDialog";
-
 // One of the dialog's combo boxes, and whether the user has changed it.
 struct Box {
   int id;
@@ -20,14 +19,6 @@ struct Box {
   bool changed = false;
 
   HWND In(HWND dialog) const { return GetDlgItem(dialog, id); }
-
-  // The dialog fills its boxes anew when another face is selected and reports
-  // that as if the user had done it, who can only be in one.
-  void Notify(HWND dialog, WORD event) {
-    const HWND focus = GetFocus();
-    const bool hasFocus = focus == In(dialog) || IsChild(In(dialog), focus);
-    changed |= hasFocus && (event == CBN_SELCHANGE || event == CBN_EDITCHANGE);
-  }
 };
 
 struct FontDialog {
@@ -35,35 +26,49 @@ struct FontDialog {
   Box face{cmb1};
   Box style{cmb2};
   Box size{cmb3};
+  int depth = 0;  // of notifications within notifications
+
+  void Notice(HWND dialog, int id, WORD event);
 };
 
-// Called by the dialog before it deals with a message itself, but for the first
-// one, which comes when the dialog has been filled.
-UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM wide, LPARAM data) {
+// The dialog fills its boxes anew when another face is selected and reports that
+// as if the user had done it, but while it deals with the report of the face.
+void FontDialog::Notice(HWND dialog, int id, WORD event) {
+  for (Box* box : {&face, &style, &size}) {
+    if (id == box->id) {
+      box->changed |= depth == 0 && (event == CBN_SELCHANGE || event == CBN_EDITCHANGE);
+    } else if (id == IDOK) {
+      box->changed |= WindowText(box->In(dialog)) != box->first;
+    }
+  }
+}
+
+LRESULT CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wide, LPARAM data, UINT_PTR id,
+                                 DWORD_PTR state) {
+  if (message == WM_COMMAND) {
+    FontDialog& fontDialog = *reinterpret_cast<FontDialog*>(state);
+    fontDialog.Notice(dialog, LOWORD(wide), HIWORD(wide));
+    ++fontDialog.depth;
+    const LRESULT result = DefSubclassProc(dialog, message, wide, data);
+    --fontDialog.depth;
+    return result;
+  }
+  if (message == WM_NCDESTROY) {
+    RemoveWindowSubclass(dialog, DialogProcedure, id);
+  }
+  return DefSubclassProc(dialog, message, wide, data);
+}
+
+// The first message to it comes when the dialog has been filled.
+UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM, LPARAM data) {
   if (message == WM_INITDIALOG) {
-    auto* const state =
-        reinterpret_cast<FontDialog*>(reinterpret_cast<const CHOOSEFONTA*>(data)->lCustData);
-    SetPropA(dialog, kDialogProperty, state);
+    const LPARAM given = reinterpret_cast<const CHOOSEFONTA*>(data)->lCustData;
+    auto* const state = reinterpret_cast<FontDialog*>(given);
     SetWindowTextA(dialog, state->title);
     for (Box* box : {&state->face, &state->style, &state->size}) {
       box->first = WindowText(box->In(dialog));
     }
-    return 0;
-  }
-  auto* const state = static_cast<FontDialog*>(GetPropA(dialog, kDialogProperty));
-  if (state == nullptr) {
-    return 0;
-  }
-  if (message == WM_COMMAND) {
-    for (Box* box : {&state->face, &state->style, &state->size}) {
-      if (LOWORD(wide) == box->id) {
-        box->Notify(dialog, HIWORD(wide));
-      } else if (LOWORD(wide) == IDOK) {
-        box->changed |= WindowText(box->In(dialog)) != box->first;
-      }
-    }
-  } else if (message == WM_NCDESTROY) {
-    RemovePropA(dialog, kDialogProperty);
+    SetWindowSubclass(dialog, DialogProcedure, 0, static_cast<DWORD_PTR>(given));
   }
   return 0;
 }

@@ -278,11 +278,15 @@ void Form::Scroll(HWND bar, UINT request, int position) {
     case SB_THUMBTRACK:
       wanted = position;
       break;
+    case SB_ENDSCROLL:
+      break;
     default:
       return;
   }
   wanted = std::clamp(wanted, info.nMin, std::max(info.nMin, info.nMax - page + 1));
-  if (wanted != info.nPos) {
+  // Where scrolling ends, whoever drives the window may have moved the bar first.
+  const bool ends = request == SB_THUMBPOSITION || request == SB_ENDSCROLL;
+  if (wanted != info.nPos || ends) {
     SendMessageA(bar, SBM_SETPOS, static_cast<WPARAM>(wanted), TRUE);
     OnCommand(GetDlgCtrlID(bar), kScrolled);
   }
