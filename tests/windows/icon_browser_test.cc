@@ -178,6 +178,17 @@ TEST_F(IconBrowserTest, PagesThroughAllIconsAndStopsAtBothEnds) {
   EXPECT_EQ(Preview(), Showing(colours[11]));
 }
 
+TEST_F(IconBrowserTest, ShowsTheIconAtABarThatWasMovedFirst) {
+  OpenAppearance();
+  Choose(twelve);
+  SendMessageA(bar(), SBM_SETPOS, 7, TRUE);
+  Scroll(bar(), SB_THUMBPOSITION, 7);
+  EXPECT_EQ(Preview(), Showing(colours[7]));
+  SendMessageA(bar(), SBM_SETPOS, 2, TRUE);
+  Scroll(bar(), SB_ENDSCROLL);
+  EXPECT_EQ(Preview(), Showing(colours[2]));
+}
+
 TEST_F(IconBrowserTest, AFileWithoutIconsBecomesTheSourceAfterAMessage) {
   OpenAppearance();
   Choose(twelve);
