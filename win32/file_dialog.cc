@@ -4,6 +4,8 @@
 
 #include <cstddef>
 
+#include "win32/dialog_library.h"
+
 namespace win32 {
 
 std::optional<std::string> ChooseFile(HWND owner, const char* title, const char* filter,
@@ -19,12 +21,14 @@ std::optional<std::string> ChooseFile(HWND owner, const char* title, const char*
   dialog.nMaxFile = static_cast<DWORD>(std::size(path));
   dialog.lpstrTitle = title;
   dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
-  if (!GetOpenFileNameA(&dialog)) {
+  if (!DialogFunction<decltype(GetOpenFileNameA)>("GetOpenFileNameA")(&dialog)) {
     return std::nullopt;
   }
   return path;
 }
 
-bool FileDialogFailed() { return CommDlgExtendedError() != 0; }
+bool FileDialogFailed() {
+  return DialogFunction<decltype(CommDlgExtendedError)>("CommDlgExtendedError")() != 0;
+}
 
 }  // namespace win32

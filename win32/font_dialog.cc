@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+#include "win32/dialog_library.h"
 #include "win32/handles.h"
 #include "win32/window_text.h"
 
@@ -92,7 +93,7 @@ void ChooseScreenFont(HWND owner, const char* title, FontDescription& font) {
   dialog.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_ENABLEHOOK;
   dialog.lCustData = reinterpret_cast<LPARAM>(&state);
   dialog.lpfnHook = Hook;
-  if (!ChooseFontA(&dialog)) {
+  if (!DialogFunction<decltype(ChooseFontA)>("ChooseFontA")(&dialog)) {
     return;
   }
   if (state.face.changed) {

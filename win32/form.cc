@@ -133,7 +133,7 @@ RECT Form::PlaceOf(const ControlRow& row, const Layout& layout) const {
 void Form::CreateControls() {
   arrangedFor_ = ClientSize(window_);
   const Layout layout(font_.get(), plan_.size);
-  for (const ControlRow& row : plan_.controls) {
+  const auto create = [&](const ControlRow& row) {
     const RECT rect = PlaceOf(row, layout);
     const HWND control = CreateWindowExA(
         ExtendedStyleOf(row), row.windowClass, row.text,
@@ -141,13 +141,14 @@ void Form::CreateControls() {
         rect.right - rect.left, rect.bottom - rect.top, window_,
         reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)), GetModuleHandleA(nullptr), nullptr);
     SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
-  }
-  // Group boxes go behind what they frame: a drag from another process finds
-  // nothing through them.
-  for (const ControlRow& row : plan_.controls) {
-    if (IsGroupBox(row)) {
-      SetWindowPos(Control(row.id), HWND_BOTTOM, 0, 0, 0, 0,
-                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  };
+  // Group boxes come last, which is behind what they frame: a drag from another
+  // process finds nothing through them.
+  for (const bool groupBoxes : {false, true}) {
+    for (const ControlRow& row : plan_.controls) {
+      if (IsGroupBox(row) == groupBoxes) {
+        create(row);
+      }
     }
   }
 }
