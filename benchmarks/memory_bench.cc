@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -37,6 +38,9 @@ class OneFile final : public menufile::FileSystem {
    public:
     explicit OpenFile(std::string& bytes) : bytes_(bytes) {}
     std::string ReadAll() override { return std::move(bytes_); }
+    std::size_t Read(std::uint64_t, std::span<char>) override {
+      throw std::logic_error("the file is to be read at once");
+    }
     void Truncate(std::uint64_t) override { Refuse(); }
     std::uint64_t SeekToEnd() override { return bytes_.size(); }
     void Write(std::string_view) override { Refuse(); }

@@ -32,8 +32,13 @@ class WindowsFile final : public menufile::File {
     if (!GetFileSizeEx(handle_, &size)) {
       Fail(path_, "read the file");
     }
-    MoveTo(0, "read the file");
     std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
+    bytes.resize(Read(0, bytes));  // someone may have made it shorter meanwhile
+    return bytes;
+  }
+
+  std::size_t Read(std::uint64_t offset, std::span<char> bytes) override {
+    MoveTo(offset, "read the file");
     std::size_t done = 0;
     while (done < bytes.size()) {
       DWORD count = 0;
@@ -43,12 +48,11 @@ class WindowsFile final : public menufile::File {
         Fail(path_, "read the file");
       }
       if (count == 0) {
-        break;  // someone has made it shorter meanwhile
+        break;
       }
       done += count;
     }
-    bytes.resize(done);
-    return bytes;
+    return done;
   }
 
   void Truncate(std::uint64_t size) override {

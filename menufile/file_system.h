@@ -1,8 +1,10 @@
 #ifndef CORVALIS_MENUFILE_FILE_SYSTEM_H_
 #define CORVALIS_MENUFILE_FILE_SYSTEM_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -28,6 +30,10 @@ class File {
 
   // All bytes of the file, from its first one.
   virtual std::string ReadAll() = 0;
+
+  // Reads the bytes from the 0-based `offset` on and returns how many there
+  // were: as many as fit into `bytes`, fewer only where the file ends.
+  virtual std::size_t Read(std::uint64_t offset, std::span<char> bytes) = 0;
 
   // Cuts the file to its first `size` bytes; the next Write() starts behind
   // them.
@@ -60,6 +66,11 @@ class FileSystem {
 
   // Deletes the file. One that does not exist is a failure.
   virtual void Remove(const std::string& path) = 0;
+
+  // How many bytes of a file that may be large are read or written at a time:
+  // few enough for the processor's cache, many enough for each call to be
+  // worth it. Tests have less.
+  virtual std::size_t BlockSize() const { return std::size_t{256} * 1024; }
 };
 
 }  // namespace menufile

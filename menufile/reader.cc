@@ -44,50 +44,93 @@ const char* FindFieldEnd(const char* at, const char* end) {
 
 bool MenuReader::SkipMarkerLine() { return SkipMarker(true).has_value(); }
 
-std::optional<std::size_t> MenuReader::SkipMarker() { return SkipMarker(false); }
+std::optional<std::uint64_t> MenuReader::SkipMarker() { return SkipMarker(false); }
 
 // A line ends at a CR, whose LF belongs to it if one follows. A lone LF, which
 // a picture may well hold, ends none.
-std::optional<std::size_t> MenuReader::SkipMarker(bool wholeLine) {
+std::optional<std::uint64_t> MenuReader::SkipMarker(bool wholeLine) {
+  constexpr std::size_t kLineEnd = 2;
   const auto beginsLine = [this](std::size_t at) {
     return at == 0 || bytes_[at - 1] == '\r' ||
-           (at >= 2 && bytes_[at - 1] == '\n' && bytes_[at - 2] == '\r');
+           (at >= kLineEnd && bytes_[at - 1] == '\n' && bytes_[at - 2] == '\r');
   };
-  for (std::size_t at = bytes_.find(kMarkerText, offset_); at != std::string_view::npos;
-       at = bytes_.find(kMarkerText, at + 1)) {
+  for (;;) {
+    const std::size_t at = std::min(bytes_.find(kMarkerText, offset_), bytes_.size());
     const std::size_t end = at + kMarkerText.size();
+    // A line end that is the last of the bytes may be half of one.
+    if (moreFollows_ && end + kLineEnd >= bytes_.size()) {
+      const std::size_t longest = kMarkerText.size() + kLineEnd;
+      const std::size_t unsure =
+          std::max(offset_, bytes_.size() - std::min(bytes_.size(), longest));
+      const std::size_t kept = unsure - std::min(unsure, kLineEnd);
+      ReadOn(kept);
+      offset_ = unsure - kept;
+      continue;
+    }
+    if (at == bytes_.size()) {
+      offset_ = at;
+      return std::nullopt;
+    }
     const bool endsLine = end == bytes_.size() || bytes_[end] == '\r';
     if (endsLine && (!wholeLine || beginsLine(at))) {
       offset_ = BehindFieldEnd(bytes_.data() + end);
-      return at;
+      return Position() + at;
     }
+    offset_ = at + 1;
   }
-  offset_ = bytes_.size();
-  return std::nullopt;
 }
 
-Value MenuReader::ReadTypeLine() { return ReadField("the type line", "menu type"); }
+void MenuReader::ReadOn(std::size_t at) {
+  file_->ReadOn(at);
+  bytes_ = file_->bytes();
+  moreFollows_ = file_->MoreFollows();
+  offset_ = 0;
+}
+
+// A record that goes to the end of what is in memory may go on behind it.
+template <typename Read>
+inline auto MenuReader::ReadRecord(const Read& read) {
+  for (;;) {
+    const std::size_t start = offset_;
+    auto record = read();
+    if (offset_ < bytes_.size() || !moreFollows_) {
+      return record;
+    }
+    ReadOn(start);
+  }
+}
+
+Value MenuReader::ReadTypeLine() {
+  return ReadRecord([this] { return ReadField("the type line", "menu type"); });
+}
 
 AppearanceRecord MenuReader::ReadAppearance() {
   constexpr const char* kRecord = "the appearance line";
-  return {ReadField(kRecord, "smallIcons"), ReadField(kRecord, "fontName"),
-          ReadField(kRecord, "fontSize"), ReadField(kRecord, "fontBold"),
-          ReadField(kRecord, "fontItalic")};
+  return ReadRecord([this] {
+    return AppearanceRecord{ReadField(kRecord, "smallIcons"), ReadField(kRecord, "fontName"),
+                            ReadField(kRecord, "fontSize"), ReadField(kRecord, "fontBold"),
+                            ReadField(kRecord, "fontItalic")};
+  });
 }
 
 MenuItemRecord MenuReader::ReadItem() {
   ++entriesRead_;
   constexpr const char* kRecord = "entry";
-  return {ReadField(kRecord, "caption"),   ReadField(kRecord, "target"),
-          ReadField(kRecord, "arguments"), ReadField(kRecord, "startIn"),
-          ReadField(kRecord, "iconFile"),  ReadField(kRecord, "iconIndex")};
+  return ReadRecord([this] {
+    return MenuItemRecord{ReadField(kRecord, "caption"),   ReadField(kRecord, "target"),
+                          ReadField(kRecord, "arguments"), ReadField(kRecord, "startIn"),
+                          ReadField(kRecord, "iconFile"),  ReadField(kRecord, "iconIndex")};
+  });
 }
 
 DirectoryPointerRecord MenuReader::ReadDirectoryPointer() {
   constexpr const char* kRecord = "the directory line";
-  return {ReadField(kRecord, "folderPath"), ReadField(kRecord, "filePattern"),
-          ReadField(kRecord, "showFolders"), ReadField(kRecord, "hideKnownExtensions"),
-          ReadField(kRecord, "showHiddenFiles")};
+  return ReadRecord([this] {
+    return DirectoryPointerRecord{
+        ReadField(kRecord, "folderPath"), ReadField(kRecord, "filePattern"),
+        ReadField(kRecord, "showFolders"), ReadField(kRecord, "hideKnownExtensions"),
+        ReadField(kRecord, "showHiddenFiles")};
+  });
 }
 
 // Nearly every field is text with a comma right behind its quotes.
@@ -135,7 +178,7 @@ Value MenuReader::ReadAnyField(const char* record, const char* field) {
 // that a reader that goes on loses none of it.
 Value MenuReader::EndedField(const Value& soFar, const char* record, const char* field) {
   offset_ = bytes_.size();
-  if (pastEnd_ == PastEnd::LeavesEmpty) {
+  if (moreFollows_ || pastEnd_ == PastEnd::LeavesEmpty) {
     return soFar;
   }
   std::string doing = std::string("read ") + record;
@@ -143,7 +186,7 @@ Value MenuReader::EndedField(const Value& soFar, const char* record, const char*
     doing += ' ' + std::to_string(entriesRead_);
   }
   throw Failure(path_, doing + ", field " + field + ", of the file", "The file ends too early",
-                bytes_.size());
+                Position() + bytes_.size());
 }
 
 std::size_t MenuReader::BehindFieldEnd(const char* at) const {

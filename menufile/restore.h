@@ -1,6 +1,7 @@
 #ifndef CORVALIS_MENUFILE_RESTORE_H_
 #define CORVALIS_MENUFILE_RESTORE_H_
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,10 +12,11 @@ namespace menufile {
 
 // A change that ended while the menu file was being written: by a power cut,
 // say, or because the disk was full. The scratch file then holds what the menu
-// file lacks.
+// file lacks. The change was to leave, one behind the other:
 struct InterruptedChange {
-  std::string scratchFile;
-  std::string menu;  // the bytes of the menu file as the change was to leave it
+  std::uint64_t kept = 0;  // so many bytes of the menu file as it is now: a picture
+  std::string head;
+  std::string scratchFile;  // what this file holds
 };
 
 // Looks for a scratch file in the current directory that shows that the last

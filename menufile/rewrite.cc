@@ -1,23 +1,27 @@
 #include "menufile/rewrite.h"
 
+#include <memory>
+#include <span>
+
+#include "menufile/block_writer.h"
 #include "menufile/failure.h"
+#include "menufile/file_window.h"
 #include "menufile/reader.h"
 #include "menufile/scratch_file.h"
 
 namespace menufile {
 namespace {
 
-// The text behind the picture, or behind the copied picture and marker, made
-// line by line. What was made before a failure stays in `out`.
+// What stands behind the marker line, written line by line.
 class MenuWriter final : public RecordStream {
  public:
-  MenuWriter(MenuReader& reader, std::string& out) : reader_(reader), out_(out) {}
+  MenuWriter(MenuReader& reader, BlockWriter& out) : reader_(reader), out_(out) {}
 
   void Run(const MenuChange& change) {
     const Value oldType = reader_.ReadTypeLine();
-    AppendTypeLine(out_, change.type ? TypeKeyword(*change.type) : oldType.Text());
+    AppendTypeLine(out_.text(), change.type ? TypeKeyword(*change.type) : oldType.Text());
     const AppearanceRecord old = reader_.ReadAppearance();
-    AppendLine(out_, change.appearance.value_or(old));
+    AppendLine(out_.text(), change.appearance.value_or(old));
     if (change.recordRule) {
       for (std::size_t counter = 0; !reader_.AtEnd(); ++counter) {
         const MenuItemRecord record = reader_.ReadItem();
@@ -25,69 +29,95 @@ class MenuWriter final : public RecordStream {
       }
     }
     if (change.directory) {
-      AppendLine(out_, *change.directory);
+      AppendLine(out_.text(), *change.directory);
     }
   }
 
   MenuItemRecord ReadNext() override { return reader_.ReadItem(); }
-  void Write(const MenuItemRecord& record) override { AppendLine(out_, record); }
+  void Write(const MenuItemRecord& record) override {
+    AppendLine(out_.text(), record);
+    out_.WriteBlocks();
+  }
 
  private:
   MenuReader& reader_;
-  std::string& out_;
+  BlockWriter& out_;
 };
 
-// Copies the picture and the marker line, whatever its line end was.
-void CopyPicture(MenuReader& reader, std::string_view bytes, std::string& out) {
-  if (const std::optional<std::size_t> marker = reader.SkipMarker()) {
-    out += bytes.substr(0, *marker);
-    out += kMarkerText;
-    out += "\r\n";
-    return;
-  }
-  out += bytes;
-  // The copy writes the rest of the line behind every "<", to be overwritten by
-  // the bytes that follow. Behind a last "<" there is nothing but its line end.
-  if (!bytes.empty() && bytes.back() == '<') {
-    out += "\r\n";
+void CopyBeginning(File& menu, std::uint64_t size, std::size_t blockSize, BlockWriter& out) {
+  FileWindow window(menu, blockSize);
+  while (size > 0 && window.ReadOn(window.bytes().size())) {
+    std::string_view bytes = window.bytes();
+    if (bytes.size() > size) {
+      bytes = bytes.substr(0, static_cast<std::size_t>(size));
+    }
+    out.text() += bytes;
+    out.WriteBlocks();
+    size -= bytes.size();
   }
 }
 
-// Makes the text of the scratch file in `out`: the whole menu, or with a new
-// picture what follows that.
-void MakeText(std::string_view menu, const std::string& path, const MenuChange& change,
-              std::string& out) {
-  MenuReader reader(menu, path,
+// Copies the picture and the marker line, whatever its line end was.
+void CopyPicture(MenuReader& reader, File& menu, std::size_t blockSize, BlockWriter& out) {
+  if (const std::optional<std::uint64_t> marker = reader.SkipMarker()) {
+    CopyBeginning(menu, *marker, blockSize, out);
+    out.text() += kMarkerText;
+    out.text() += "\r\n";
+    return;
+  }
+  const std::uint64_t size = reader.offset();
+  CopyBeginning(menu, size, blockSize, out);
+  // The copy writes the rest of the line behind every "<", to be overwritten by
+  // the bytes that follow. Behind a last "<" there is nothing but its line end.
+  char last = 0;
+  if (size > 0 && menu.Read(size - 1, std::span(&last, 1)) == 1 && last == '<') {
+    out.text() += "\r\n";
+  }
+}
+
+// Writes the text of the scratch file: the whole menu, or with a new picture
+// what follows that.
+void WriteText(File& menu, const std::string& path, const MenuChange& change, std::size_t blockSize,
+               BlockWriter& out) {
+  FileWindow window(menu, blockSize);
+  MenuReader reader(window, path,
                     change.errorMode == ErrorMode::Ignores ? MenuReader::PastEnd::LeavesEmpty
                                                            : MenuReader::PastEnd::Throws);
-  out.reserve(menu.size() + 64);
   if (change.picture) {
     reader.SkipMarker();
-    out += kMarkerLine;
+    out.text() += kMarkerLine;
   } else {
-    CopyPicture(reader, menu, out);
+    CopyPicture(reader, menu, blockSize, out);
   }
   MenuWriter(reader, out).Run(change);
 }
 
-// Makes the bytes of the changed menu and leaves them on the disk, in the
-// scratch file. Where that fails half-way, the scratch file holds the text so
-// far.
-std::string WriteScratchFile(ScratchFile& scratch, std::string_view menu, const std::string& path,
-                             const MenuChange& change) {
-  std::string text;
+// Leaves the changed menu in the scratch file, on the disk. Where making it
+// fails half-way, the scratch file holds the text so far.
+void WriteScratchFile(File& scratch, File& menu, const std::string& path, const MenuChange& change,
+                      std::size_t blockSize) {
+  // An old scratch file is written over from its front, and what is longer in it
+  // stays behind the text. A new picture goes in front of that: while the menu
+  // file is being written it stands nowhere else.
+  const std::string_view picture = change.picture.value_or(std::string_view());
+  const std::string old = picture.empty() ? std::string() : scratch.ReadAll();
+  BlockWriter out(scratch, blockSize);
+  out.text() = picture;
+  const auto finish = [&] {
+    const std::uint64_t textSize = out.size() - picture.size();
+    if (textSize < old.size()) {
+      out.text() += std::string_view(old).substr(static_cast<std::size_t>(textSize));
+    }
+    out.WriteRest();
+  };
   try {
-    MakeText(menu, path, change, text);
+    WriteText(menu, path, change, blockSize, out);
   } catch (const Failure&) {
-    scratch.Write(text);
+    finish();
     throw;
   }
-  text += scratch.Tail(text.size());
-  // A new picture goes through the scratch file too: while the menu file is
-  // being written it stands nowhere else.
-  text.insert(0, change.picture.value_or(std::string_view()));
-  scratch.WriteWhole(text);
-  return text;
+  finish();
+  scratch.Flush();
 }
 
 }  // namespace
@@ -104,12 +134,12 @@ RewriteResult RewriteMenuFile(FileSystem& files, const std::string& path,
       RemoveScratchFile(files, change.scratchFile);
     }
     const std::unique_ptr<File> menu = files.Open(path, OpenMode::Change);
-    ScratchFile scratch(files, change.scratchFile);
-    const std::string changed = WriteScratchFile(scratch, menu->ReadAll(), path, change);
+    const std::unique_ptr<File> scratch = files.Open(change.scratchFile, OpenMode::Create);
+    WriteScratchFile(*scratch, *menu, path, change, files.BlockSize());
     // From here on only the scratch file is sure to be complete.
     result = RewriteResult::MenuMayBeCut;
     menu->Truncate(0);
-    menu->Write(changed);
+    AppendFile(*scratch, *menu, files.BlockSize());
     menu->Flush();
     result = RewriteResult::Done;
   } catch (const Failure& failure) {

@@ -28,7 +28,8 @@ enum class ErrorMode {
 // The records behind the appearance line, as a record rule sees them.
 class RecordStream {
  public:
-  // The record behind the one that the rule was called for.
+  // The record behind the one that was read last, the rule's own at first. Of
+  // the records read, the last two are good.
   virtual MenuItemRecord ReadNext() = 0;
   virtual void Write(const MenuItemRecord& record) = 0;
   // Writes the line of a separator.

@@ -1,6 +1,10 @@
 #include "menufile/upgrade.h"
 
+#include <cstdint>
+#include <memory>
+
 #include "menufile/failure.h"
+#include "menufile/file_window.h"
 #include "menufile/records.h"
 #include "menufile/rewrite.h"
 #include "menufile/scratch_file.h"
@@ -8,15 +12,19 @@
 namespace menufile {
 namespace {
 
-// True when `menu` holds its `converted` bytes, false when it holds its `old`
-// ones.
-bool Replace(File& menu, const std::string& converted, const std::string& old) {
+// True when the menu file holds `head` and what the scratch file holds, false
+// when it holds its old bytes: those that the scratch file begins with.
+bool Replace(File& menu, std::string_view head, File& scratch, std::uint64_t oldSize,
+             std::size_t blockSize) {
   try {
     menu.Truncate(0);
-    menu.Write(converted);
+    menu.Write(head);
+    AppendFile(scratch, menu, blockSize);
     menu.Flush();
     return true;
   } catch (const Failure&) {
+    std::string old = scratch.ReadAll();
+    old.resize(static_cast<std::size_t>(oldSize));
     // A failure says nothing of how much was done before it.
     if (menu.ReadAll() != old) {
       menu.Truncate(0);
@@ -29,33 +37,29 @@ bool Replace(File& menu, const std::string& converted, const std::string& old) {
 
 }  // namespace
 
-std::string ConvertedMenu(std::string_view picture, std::string_view old) {
-  std::string menu(picture);
-  menu += kMarkerLine;
-  AppendTypeLine(menu, TypeKeyword(MenuType::UserDefined));
-  menu += old;
-  return menu;
+std::string ConvertedHead(std::string_view picture) {
+  std::string head(picture);
+  head += kMarkerLine;
+  AppendTypeLine(head, TypeKeyword(MenuType::UserDefined));
+  return head;
 }
 
 bool UpgradeMenuFile(FileSystem& files, const std::string& path, std::string_view picture) {
   std::unique_ptr<File> menu;
-  std::unique_ptr<ScratchFile> scratch;
-  std::string old;
-  std::string description;
+  std::unique_ptr<File> scratch;
+  std::uint64_t oldSize = 0;
   try {
     RemoveScratchFile(files, kListScratchFile);
     menu = files.Open(path, OpenMode::Change);
-    old = menu->ReadAll();
-    scratch = std::make_unique<ScratchFile>(files, kListScratchFile);
-    description = old;
-    description += scratch->Tail(old.size());
-    scratch->WriteWhole(description);
+    scratch = files.Open(kListScratchFile, OpenMode::Create);
+    oldSize = AppendFile(*menu, *scratch, files.BlockSize());
+    scratch->Flush();
   } catch (const Failure&) {
     return false;
   }
   bool converted = false;
   try {
-    converted = Replace(*menu, ConvertedMenu(picture, description), old);
+    converted = Replace(*menu, ConvertedHead(picture), *scratch, oldSize, files.BlockSize());
   } catch (const Failure& failure) {
     throw Failure(path, "convert the file",
                   failure.reason() + ". What the file held is complete in the file \"" +

@@ -8,9 +8,9 @@
 
 namespace menufile {
 
-// The bytes of a user-defined menu with that picture whose description is what
-// a file without a marker line held.
-std::string ConvertedMenu(std::string_view picture, std::string_view old);
+// What a user-defined menu with that picture holds in front of the appearance
+// line, where a file without a marker line begins.
+std::string ConvertedHead(std::string_view picture);
 
 // Turns a file without a marker line into a user-defined menu: `picture`, the
 // marker line and the type line are put in front of what the file holds, which

@@ -37,6 +37,7 @@ struct Scenario {
   bool ignoresFailures = false;
   bool scratchHoldsOldMenu = false;  // and not the new one
   bool appends = false;
+  std::size_t blockSize = 0;
   std::function<void(FileSystem&)> run;
 };
 
@@ -93,6 +94,7 @@ class Faults {
 
  private:
   void Prepare(MemoryFiles& files) const {
+    files.SetBlockSize(scenario_.blockSize);
     files.Put(kMenuPath, scenario_.oldMenu);
     if (scenario_.leftover) {
       files.Put(scenario_.scratchFile, *scenario_.leftover);
@@ -146,6 +148,7 @@ class Faults {
   // to do where it was not.
   void FinishAtStartUp(const Disk& disk, const std::string& what) {
     MemoryFiles files;
+    files.SetBlockSize(scenario_.blockSize);
     for (const auto& [path, bytes] : disk) {
       files.Put(path, bytes);
     }
@@ -186,18 +189,24 @@ class Faults {
   std::vector<std::string> log_;
 };
 
+// The first holds any menu of these tests, the second the least part of one.
+constexpr std::size_t kBlockSizes[] = {1000, 60};
+
 // The scenario as it is, and with scratch files in the way.
 void InjectWithLeftovers(Scenario scenario) {
-  for (bool canBeDeleted : {true, false}) {
-    scenario.scratchCanBeDeleted = canBeDeleted;
-    for (std::size_t size : {0u, 20u, 700u}) {
-      scenario.leftover.reset();
-      if (size > 0) {
-        scenario.leftover = std::string(size, 'L');
+  for (std::size_t blockSize : kBlockSizes) {
+    scenario.blockSize = blockSize;
+    for (bool canBeDeleted : {true, false}) {
+      scenario.scratchCanBeDeleted = canBeDeleted;
+      for (std::size_t size : {0u, 20u, 700u}) {
+        scenario.leftover.reset();
+        if (size > 0) {
+          scenario.leftover = std::string(size, 'L');
+        }
+        Faults faults(scenario);
+        faults.InjectAll();
+        faults.FillDisk();
       }
-      Faults faults(scenario);
-      faults.InjectAll();
-      faults.FillDisk();
     }
   }
 }

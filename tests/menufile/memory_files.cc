@@ -41,6 +41,13 @@ class MemoryFiles::OpenFile final : public File {
     return stored_->bytes;
   }
 
+  std::size_t Read(std::uint64_t offset, std::span<char> bytes) override {
+    files_.Begin("read from " + std::to_string(offset) + ":", path_);
+    files_.End(path_);
+    const std::size_t at = std::min(static_cast<std::size_t>(offset), stored_->bytes.size());
+    return stored_->bytes.copy(bytes.data(), bytes.size(), at);
+  }
+
   void Truncate(std::uint64_t size) override {
     const Fault::Done done = files_.Begin("truncate to " + std::to_string(size) + ":", path_);
     if (done != Fault::Done::Nothing) {

@@ -62,6 +62,9 @@ class MemoryFiles final : public FileSystem {
   void ReleaseByOther(const std::string& path) { heldByOther_.erase(path); }
   // The file can be written, but not deleted.
   void ForbidRemove(const std::string& path) { forbiddenToRemove_.insert(path); }
+  // The bytes that are read or written at a time; most menus of the tests are
+  // shorter than the block that they have without this.
+  void SetBlockSize(std::size_t size) { blockSize_ = size; }
   // The bytes that all files together may hold.
   void SetCapacity(std::size_t capacity) { capacity_ = capacity; }
 
@@ -77,6 +80,7 @@ class MemoryFiles final : public FileSystem {
 
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
   void Remove(const std::string& path) override;
+  std::size_t BlockSize() const override { return blockSize_; }
 
  private:
   struct Change {
@@ -103,6 +107,7 @@ class MemoryFiles final : public FileSystem {
   std::map<std::string, std::shared_ptr<Stored>> files_;
   std::set<std::string> heldByOther_;
   std::set<std::string> forbiddenToRemove_;
+  std::size_t blockSize_ = 1000;
   std::size_t capacity_ = std::numeric_limits<std::size_t>::max();
   Fault fault_;
   bool faulty_ = false;  // this operation has the fault

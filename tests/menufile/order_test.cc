@@ -27,9 +27,10 @@ Log LogOf(const Operation& operation) {
 
 TEST(OrderOfOperations, OfAMove) {
   EXPECT_EQ((Log{"remove temporaryfile", "open to change C:\\menus\\a.menu",
-                 "open or make temporaryfile", "read temporaryfile", "read C:\\menus\\a.menu",
-                 "write 149 bytes to temporaryfile", "flush temporaryfile",
-                 "truncate to 0: C:\\menus\\a.menu", "write 149 bytes to C:\\menus\\a.menu",
+                 "open or make temporaryfile", "read from 0: C:\\menus\\a.menu",
+                 "read from 0: C:\\menus\\a.menu", "write 149 bytes to temporaryfile",
+                 "flush temporaryfile", "truncate to 0: C:\\menus\\a.menu",
+                 "read from 0: temporaryfile", "write 149 bytes to C:\\menus\\a.menu",
                  "flush C:\\menus\\a.menu", "remove temporaryfile"}),
             LogOf(MakeOperation(Kind::MoveUp, 1)));
 }
@@ -39,10 +40,11 @@ TEST(OrderOfOperations, OfAnIconChangeWhichDoesNotDeleteFirst) {
   operation.iconFile = "C:\\icons.dll";
   operation.iconIndex = "1";
   EXPECT_EQ((Log{"open to change C:\\menus\\a.menu", "open or make zoltempfileoktodelete",
-                 "read zoltempfileoktodelete", "read C:\\menus\\a.menu",
+                 "read from 0: C:\\menus\\a.menu", "read from 0: C:\\menus\\a.menu",
                  "write 149 bytes to zoltempfileoktodelete", "flush zoltempfileoktodelete",
-                 "truncate to 0: C:\\menus\\a.menu", "write 149 bytes to C:\\menus\\a.menu",
-                 "flush C:\\menus\\a.menu", "remove zoltempfileoktodelete"}),
+                 "truncate to 0: C:\\menus\\a.menu", "read from 0: zoltempfileoktodelete",
+                 "write 149 bytes to C:\\menus\\a.menu", "flush C:\\menus\\a.menu",
+                 "remove zoltempfileoktodelete"}),
             LogOf(operation));
 }
 
@@ -51,11 +53,40 @@ TEST(OrderOfOperations, OfANewPicture) {
   operation.picture = "bitmap";
   EXPECT_EQ((Log{"remove zoltempfileoktodelete", "open to change C:\\menus\\a.menu",
                  "open or make zoltempfileoktodelete", "read zoltempfileoktodelete",
-                 "read C:\\menus\\a.menu", "write 154 bytes to zoltempfileoktodelete",
+                 "read from 0: C:\\menus\\a.menu", "write 154 bytes to zoltempfileoktodelete",
                  "flush zoltempfileoktodelete", "truncate to 0: C:\\menus\\a.menu",
-                 "write 154 bytes to C:\\menus\\a.menu", "flush C:\\menus\\a.menu",
-                 "remove zoltempfileoktodelete"}),
+                 "read from 0: zoltempfileoktodelete", "write 154 bytes to C:\\menus\\a.menu",
+                 "flush C:\\menus\\a.menu", "remove zoltempfileoktodelete"}),
             LogOf(operation));
+}
+
+TEST(OrderOfOperations, OfAMenuOfSeveralBlocks) {
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(2, "icon"));
+  files.SetBlockSize(64);
+  const Operation operation = MakeOperation(Kind::MoveUp, 1);
+  RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+  EXPECT_EQ((Log{"remove temporaryfile",
+                 "open to change C:\\menus\\a.menu",
+                 "open or make temporaryfile",
+                 "read from 0: C:\\menus\\a.menu",
+                 "read from 0: C:\\menus\\a.menu",
+                 "read from 64: C:\\menus\\a.menu",
+                 "read from 128: C:\\menus\\a.menu",
+                 "write 64 bytes to temporaryfile",
+                 "write 64 bytes to temporaryfile",
+                 "write 21 bytes to temporaryfile",
+                 "flush temporaryfile",
+                 "truncate to 0: C:\\menus\\a.menu",
+                 "read from 0: temporaryfile",
+                 "write 64 bytes to C:\\menus\\a.menu",
+                 "read from 64: temporaryfile",
+                 "write 64 bytes to C:\\menus\\a.menu",
+                 "read from 128: temporaryfile",
+                 "write 21 bytes to C:\\menus\\a.menu",
+                 "flush C:\\menus\\a.menu",
+                 "remove temporaryfile"}),
+            files.log());
 }
 
 // Operation `number` fails; where it is one of the scratch file's, the menu
@@ -81,8 +112,8 @@ TEST(OrderOfOperations, WithoutACompleteScratchFileTheMenuIsNotTouched) {
       }
       EXPECT_EQ(UserMenu(2, "icon"), files.Get(kMenuPath));
       for (const std::string& done : files.log()) {
-        EXPECT_TRUE(done == "open to change C:\\menus\\a.menu" ||
-                    done == "read C:\\menus\\a.menu" || done.find(kMenuPath) == std::string::npos)
+        EXPECT_TRUE(done == "open to change C:\\menus\\a.menu" || done.starts_with("read ") ||
+                    done.find(kMenuPath) == std::string::npos)
             << done << " behind the failed " << log[number - 1];
       }
       ++checked;

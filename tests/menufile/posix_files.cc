@@ -45,6 +45,21 @@ class PosixFiles::OpenFile final : public File {
     return bytes;
   }
 
+  std::size_t Read(std::uint64_t offset, std::span<char> bytes) override {
+    EndIfAsked();
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+      const ssize_t read = pread(descriptor_, bytes.data() + done, bytes.size() - done,
+                                 static_cast<off_t>(offset + done));
+      Require(read >= 0, path_, "read");
+      if (read == 0) {
+        break;
+      }
+      done += static_cast<std::size_t>(read);
+    }
+    return done;
+  }
+
   void Truncate(std::uint64_t size) override {
     EndIfAsked();
     Require(ftruncate(descriptor_, static_cast<off_t>(size)) == 0, path_, "cut");

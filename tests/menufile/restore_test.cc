@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "menufile/failure.h"
@@ -17,7 +18,7 @@ using namespace std::string_literals;
 
 constexpr std::string_view kPicture = "default picture";
 
-// What start-up would write, or nothing.
+// What start-up makes of the menu file, or nothing.
 std::optional<std::string> Intended(std::string_view menu, std::string_view scratch,
                                     const char* scratchFile = "temporaryfile") {
   MemoryFiles files;
@@ -28,7 +29,9 @@ std::optional<std::string> Intended(std::string_view menu, std::string_view scra
     return std::nullopt;
   }
   EXPECT_EQ(scratchFile, change->scratchFile);
-  return change->menu;
+  FinishInterruptedChange(files, kMenuPath, *change);
+  EXPECT_EQ(std::nullopt, files.Get(scratchFile));
+  return files.Get(kMenuPath);
 }
 
 TEST(FindInterruptedChange, SeesEveryStrictBeginningOfACompleteScratchFile) {
@@ -160,6 +163,63 @@ TEST(MakeMenuWhole, SaysWhereTheMenuIsWhenItCannotBeRead) {
   }
 }
 
+// A fault at each file operation of finishing, with each kind of change that is
+// finished: the start after that finishes it all the same.
+TEST(FinishInterruptedChange, CanBeInterruptedItself) {
+  const std::string bitmap = "BM\x0B\0\0\0<\r\n<x"s;
+  const std::string description = UserMenu(2, "");
+  const std::string old = PreviousVersionMenu(2);
+  const std::string converted = std::string(kPicture) + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n" + old;
+  const struct {
+    std::string menu;
+    std::string scratch;
+    std::string whole;
+  } kChanges[] = {
+      {UserMenu(3).substr(0, 200), UserMenu(3), UserMenu(3)},
+      {bitmap + description.substr(0, 20), description, bitmap + description},
+      {converted.substr(0, 99), old, converted},
+  };
+  std::size_t finishedAgain = 0;
+  for (const auto& change : kChanges) {
+    const auto finish = [](MemoryFiles& files) {
+      files.SetBlockSize(50);
+      const auto found = FindInterruptedChange(files, kMenuPath, kPicture);
+      if (found) {
+        FinishInterruptedChange(files, kMenuPath, *found);
+      }
+      return found.has_value();
+    };
+    std::size_t operations = 1;
+    for (std::size_t operation = 1; operation <= operations; ++operation) {
+      for (Fault::Kind kind :
+           {Fault::Kind::FailsOnce, Fault::Kind::FailsForGood, Fault::Kind::EndsProcess}) {
+        for (Fault::Done done : {Fault::Done::Nothing, Fault::Done::Half, Fault::Done::All}) {
+          MemoryFiles files;
+          files.Put(kMenuPath, change.menu);
+          files.Put("temporaryfile", change.scratch);
+          files.SetFault({operation, kind, done});
+          try {
+            finish(files);
+          } catch (const Failure&) {
+          } catch (const ProcessEnded&) {
+          }
+          operations = std::max(operations, files.operations());
+          for (Unflushed unflushed : kEveryUnflushed) {
+            MemoryFiles next;
+            for (const auto& [path, bytes] : files.AfterPowerCut(unflushed)) {
+              next.Put(path, bytes);
+            }
+            finishedAgain += finish(next) ? 1 : 0;
+            EXPECT_EQ(change.whole, next.Get(kMenuPath)) << "behind operation " << operation;
+          }
+        }
+      }
+    }
+    EXPECT_GT(operations, 10U);
+  }
+  EXPECT_GT(finishedAgain, 100U);
+}
+
 TEST(FinishInterruptedChange, LeavesTheScratchFileWhereTheMenuCannotBeWritten) {
   const std::string whole = UserMenu(3);
   for (std::size_t operation = 1; operation <= 4; ++operation) {
@@ -167,7 +227,7 @@ TEST(FinishInterruptedChange, LeavesTheScratchFileWhereTheMenuCannotBeWritten) {
     files.Put(kMenuPath, "");
     files.Put("temporaryfile", whole);
     files.SetFault({operation, Fault::Kind::FailsForGood, Fault::Done::Half});
-    EXPECT_THROW(FinishInterruptedChange(files, kMenuPath, {"temporaryfile", whole}), Failure);
+    EXPECT_THROW(FinishInterruptedChange(files, kMenuPath, {0, {}, "temporaryfile"}), Failure);
     EXPECT_EQ(whole, files.Get("temporaryfile"));
   }
 }

@@ -158,7 +158,8 @@ TEST(SaveAppearance, OfADirectoryPointerFailsAndLeavesTheMenu) {
         failure.what());
   }
   EXPECT_EQ(DirectoryMenu(), files.Get(kMenuPath));
-  EXPECT_EQ("\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n",
+  EXPECT_EQ(MakeOperation(Kind::SaveAppearance).picture +
+                "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n",
             files.Get("zoltempfileoktodelete"));
 }
 

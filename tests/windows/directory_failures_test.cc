@@ -205,6 +205,10 @@ class FilesFailingFrom final : public menufile::FileSystem {
       files_.Count();
       return file_->ReadAll();
     }
+    std::size_t Read(std::uint64_t offset, std::span<char> bytes) override {
+      files_.Count();
+      return file_->Read(offset, bytes);
+    }
     void Truncate(std::uint64_t size) override {
       files_.Count();
       file_->Truncate(size);

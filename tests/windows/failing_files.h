@@ -31,6 +31,9 @@ class FailingFiles final : public menufile::FileSystem {
     FailingFile(const FailingFiles& owner, std::unique_ptr<menufile::File> file)
         : owner_(owner), file_(std::move(file)) {}
     std::string ReadAll() override { return file_->ReadAll(); }
+    std::size_t Read(std::uint64_t offset, std::span<char> bytes) override {
+      return file_->Read(offset, bytes);
+    }
     void Truncate(std::uint64_t size) override { file_->Truncate(size); }
     std::uint64_t SeekToEnd() override { return file_->SeekToEnd(); }
     void Write(std::string_view bytes) override {

@@ -15,6 +15,9 @@ class LimitedFile final : public menufile::File {
       : file_(std::move(file)), path_(std::move(path)), bytesLeft_(bytesLeft) {}
 
   std::string ReadAll() override { return file_->ReadAll(); }
+  std::size_t Read(std::uint64_t offset, std::span<char> bytes) override {
+    return file_->Read(offset, bytes);
+  }
   void Truncate(std::uint64_t size) override { file_->Truncate(size); }
   std::uint64_t SeekToEnd() override { return file_->SeekToEnd(); }
   void Write(std::string_view bytes) override {

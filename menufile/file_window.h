@@ -1,0 +1,52 @@
+#ifndef CORVALIS_MENUFILE_FILE_WINDOW_H_
+#define CORVALIS_MENUFILE_FILE_WINDOW_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "menufile/file_system.h"
+
+namespace menufile {
+
+// The part of a file that is in memory. It moves on to the end of the file,
+// block by block, and is longer than a block only where its user drops nothing.
+class FileWindow {
+ public:
+  // Begins at the 0-based position `from` of the file, before which it shows
+  // `head` as if that stood there too.
+  FileWindow(File& file, std::size_t blockSize, std::string_view head = {}, std::uint64_t from = 0);
+
+  // What of the file is in memory. It stays there until, behind the ReadOn()
+  // that drops it, there is another one that drops something.
+  std::string_view bytes() const { return {current_.data(), size_}; }
+
+  // How many bytes were dropped before these.
+  std::uint64_t position() const { return position_; }
+
+  // Whether there may be more in the file than was read so far.
+  bool MoreFollows() const { return moreFollows_; }
+
+  // Drops the first `count` bytes and reads more behind the last one. False
+  // when there are none.
+  bool ReadOn(std::size_t count);
+
+ private:
+  File& file_;
+  std::size_t blockSize_;
+  std::vector<char> current_;
+  std::vector<char> previous_;
+  std::size_t size_;  // of the bytes that current_ holds
+  std::uint64_t position_ = 0;
+  std::uint64_t readTo_;
+  bool moreFollows_ = true;
+};
+
+// Writes what `from` holds to the place where the next byte of `to` goes, and
+// returns the number of bytes.
+std::uint64_t AppendFile(File& from, File& to, std::size_t blockSize);
+
+}  // namespace menufile
+
+#endif  // CORVALIS_MENUFILE_FILE_WINDOW_H_
