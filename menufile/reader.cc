@@ -1,6 +1,7 @@
 #include "menufile/reader.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -38,6 +39,42 @@ const char* FindFieldEnd(const char* at, const char* end) {
     ++at;
   }
   return at;
+}
+
+// Where the fields of an entry end that is as nearly every one: five texts with
+// nothing between them but a comma, digits or nothing, and CR LF.
+struct PlainItem {
+  std::array<const char*, 5> quotes{};  // that close the texts
+  const char* lineEnd = nullptr;        // nowhere when the entry is another
+};
+
+inline PlainItem FindPlainItem(const char* at, const char* end) {
+  PlainItem item;
+  for (const char*& quote : item.quotes) {
+    if (at == end || *at != '"') {
+      return item;
+    }
+    quote = FindQuote(at + 1, end);
+    if (end - quote < 2 || quote[1] != ',') {
+      return item;
+    }
+    at = quote + 2;
+  }
+  while (at != end && *at >= '0' && *at <= '9') {
+    ++at;
+  }
+  if (end - at >= 2 && at[0] == '\r' && at[1] == '\n') {
+    item.lineEnd = at;
+  }
+  return item;
+}
+
+MenuItemRecord RecordOf(const char* begin, const PlainItem& item) {
+  const auto& [a, b, c, d, e] = item.quotes;
+  constexpr int kBetween = 3;  // a quote, a comma and a quote
+  return {Value::Quoted({begin + 1, a}),    Value::Quoted({a + kBetween, b}),
+          Value::Quoted({b + kBetween, c}), Value::Quoted({c + kBetween, d}),
+          Value::Quoted({d + kBetween, e}), Value::Bare({e + 2, item.lineEnd})};
 }
 
 }  // namespace
@@ -87,7 +124,8 @@ void MenuReader::ReadOn(std::size_t at) {
   offset_ = 0;
 }
 
-// A record that goes to the end of what is in memory may go on behind it.
+// A record that goes to the end of what is in memory may go on behind it, and
+// AtEnd() is to be true only at the end of the file.
 template <typename Read>
 inline auto MenuReader::ReadRecord(const Read& read) {
   for (;;) {
@@ -115,6 +153,13 @@ AppearanceRecord MenuReader::ReadAppearance() {
 
 MenuItemRecord MenuReader::ReadItem() {
   ++entriesRead_;
+  const char* const begin = bytes_.data() + offset_;
+  const char* const end = bytes_.data() + bytes_.size();
+  const PlainItem plain = FindPlainItem(begin, end);
+  if (plain.lineEnd != nullptr && (plain.lineEnd + 2 != end || !moreFollows_)) {
+    offset_ += static_cast<std::size_t>(plain.lineEnd + 2 - begin);
+    return RecordOf(begin, plain);
+  }
   constexpr const char* kRecord = "entry";
   return ReadRecord([this] {
     return MenuItemRecord{ReadField(kRecord, "caption"),   ReadField(kRecord, "target"),
@@ -133,22 +178,7 @@ DirectoryPointerRecord MenuReader::ReadDirectoryPointer() {
   });
 }
 
-// Nearly every field is text with a comma right behind its quotes.
-inline Value MenuReader::ReadField(const char* record, const char* field) {
-  const char* const end = bytes_.data() + bytes_.size();
-  const char* at = bytes_.data() + offset_;
-  if (at != end && *at == '"') {
-    ++at;
-    const char* const quote = FindQuote(at, end);
-    if (end - quote > 1 && quote[1] == ',') {
-      offset_ = static_cast<std::size_t>(quote + 2 - bytes_.data());
-      return Value::Quoted({at, quote});
-    }
-  }
-  return ReadAnyField(record, field);
-}
-
-Value MenuReader::ReadAnyField(const char* record, const char* field) {
+Value MenuReader::ReadField(const char* record, const char* field) {
   const char* const end = bytes_.data() + bytes_.size();
   const char* at = bytes_.data() + offset_;
   while (at != end && *at == ' ') {

@@ -71,10 +71,8 @@ class MenuReader {
   // What `read` makes of the fields of a record.
   template <typename Read>
   auto ReadRecord(const Read& read);
-  // Both read any field; the first is quick with those that are like most. The
-  // names are for a Failure.
+  // The names are for a Failure.
   Value ReadField(const char* record, const char* field);
-  Value ReadAnyField(const char* record, const char* field);
   // What a field is that bytes_ end in. Throws where that is a Failure.
   Value EndedField(const Value& soFar, const char* record, const char* field);
   // Behind the comma or the line end at `at`, if there is one.
