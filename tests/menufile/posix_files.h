@@ -24,9 +24,12 @@ class PosixFiles final : public FileSystem {
   // The process ends, without any cleaning up, when it comes to this operation
   // (counted from 1), after half of what it writes.
   void EndProcessAt(std::size_t operation) { endAt_ = operation; }
+  // The bytes that are read or written at a time.
+  void SetBlockSize(std::size_t size) { blockSize_ = size; }
 
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
   void Remove(const std::string& path) override;
+  std::size_t BlockSize() const override { return blockSize_; }
 
  private:
   class OpenFile;
@@ -38,6 +41,7 @@ class PosixFiles final : public FileSystem {
   std::string folder_;
   std::size_t operations_ = 0;
   std::size_t endAt_ = 0;
+  std::size_t blockSize_ = FileSystem::BlockSize();
 };
 
 }  // namespace menufile

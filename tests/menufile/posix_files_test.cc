@@ -21,13 +21,17 @@ namespace {
 
 using Kind = Operation::Kind;
 
+// More than a block of entries.
+constexpr int kManyItems = 8000;
+
 TEST(RealFiles, EveryOperationEndsAsTheLiteralOne) {
+  ASSERT_GT(UserMenu(kManyItems).size(), PosixFiles().BlockSize());
   for (int kind = 0; kind < kOperationKinds; ++kind) {
     const Operation operation = MakeOperation(static_cast<Kind>(kind), 2);
     PosixFiles files;
-    files.Put("a.menu", UserMenu(300));
+    files.Put("a.menu", UserMenu(kManyItems));
     RewriteMenuFile(files, "a.menu", ChangeFor(operation));
-    EXPECT_EQ(RewriteLiterally(UserMenu(300), std::nullopt, true, operation).menu,
+    EXPECT_EQ(RewriteLiterally(UserMenu(kManyItems), std::nullopt, true, operation).menu,
               files.Get("a.menu"))
         << NameOf(operation.kind);
     EXPECT_EQ(std::nullopt, files.Get(ScratchFileOf(operation.kind)));
@@ -80,6 +84,7 @@ TEST(RealFiles, AProcessThatEndsLeavesACompleteMenu) {
     std::size_t number = 1;
     for (;; ++number) {
       PosixFiles files;
+      files.SetBlockSize(1000);
       files.Put("a.menu", oldMenu);
       if (!EndsAt(number, files, operation)) {
         EXPECT_EQ(newMenu, files.Get("a.menu"));
@@ -90,7 +95,7 @@ TEST(RealFiles, AProcessThatEndsLeavesACompleteMenu) {
                   files.Get(ScratchFileOf(operation.kind)) == newMenu)
           << NameOf(operation.kind) << " at " << number;
     }
-    EXPECT_GE(number, 10u);
+    EXPECT_GE(number, 13u);
   }
 }
 
