@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "menufile/failure.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"
 
@@ -169,6 +170,28 @@ TEST(LoadMenuFile, AConvertedFileThatIsNoPreviousVersionFails) {
                    3 + kMarker.size() + 11),
             Load(files, 1, "ico"));
   EXPECT_EQ("ico\r\n<START ZOL>\r\n\"USERDEF\"\r\n", files.Get(kMenuPath));
+}
+
+TEST(ReadMenuItem, TakesTheEntryOfThatNumber) {
+  const std::string menu = UserMenu(5);
+  EXPECT_EQ("Caption 0", ReadMenuItem(menu, kMenuPath, 0).caption.Text());
+  EXPECT_EQ("Icon", ReadMenuItem(menu, kMenuPath, 1).caption.Text());
+  EXPECT_EQ("", ReadMenuItem(menu, kMenuPath, 2).caption.Text());
+  EXPECT_EQ("http://host/<path>", ReadMenuItem(menu, kMenuPath, 3).target.Text());
+}
+
+TEST(ReadMenuItem, OfANumberThatTheMenuDoesNotHaveIsAFailure) {
+  const std::string menu = UserMenu(2);
+  try {
+    ReadMenuItem(menu, kMenuPath, 2);
+    ADD_FAILURE() << "no failure";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(
+        "Cannot read entry 3, field caption, of the file:\nC:\\menus\\a.menu\n\n"
+        "The file ends too early (at byte offset " +
+            std::to_string(menu.size()) + ").",
+        std::string(failure.what()));
+  }
 }
 
 }  // namespace
