@@ -70,7 +70,7 @@ class FileSystem {
   // How many bytes of a file that may be large are read or written at a time:
   // few enough for the processor's cache, many enough for each call to be
   // worth it. Tests have less.
-  virtual std::size_t BlockSize() const { return std::size_t{256} * 1024; }
+  virtual std::size_t BlockSize() const { return std::size_t{64} * 1024; }
 };
 
 }  // namespace menufile

@@ -1,35 +1,38 @@
 #include "menufile/file_window.h"
 
 #include <algorithm>
-#include <span>
 #include <utility>
 
 namespace menufile {
 
 FileWindow::FileWindow(File& file, std::size_t blockSize, std::string_view head, std::uint64_t from)
-    : file_(file),
-      blockSize_(blockSize),
-      current_(head.begin(), head.end()),
-      size_(head.size()),
-      readTo_(from) {}
+    : file_(file), blockSize_(blockSize), current_(head.size()), size_(head.size()), readTo_(from) {
+  std::copy(head.begin(), head.end(), current_.bytes.get());
+}
 
 bool FileWindow::ReadOn(std::size_t count) {
-  if (count > 0) {
-    const std::string_view kept = bytes().substr(count);
-    previous_.resize(std::max(previous_.size(), kept.size()));
-    std::copy(kept.begin(), kept.end(), previous_.begin());
-    std::swap(current_, previous_);
+  const std::string_view kept = bytes().substr(count);
+  // Who keeps much wants much: something that is longer than a block is then
+  // looked at again only a few times.
+  const std::size_t wanted = moreFollows_ ? std::max(blockSize_, kept.size()) : 0;
+  const std::size_t needed = kept.size() + wanted;
+  if (count > 0 || current_.size < needed) {
+    Buffer next = count > 0 ? std::move(previous_) : Buffer();
+    if (next.size < needed) {
+      next = Buffer(needed);
+    }
+    std::copy(kept.begin(), kept.end(), next.bytes.get());
+    if (count > 0) {
+      previous_ = std::move(current_);
+    }
+    current_ = std::move(next);
     size_ = kept.size();
     position_ += count;
   }
-  if (!moreFollows_) {
+  if (wanted == 0) {
     return false;
   }
-  // Who keeps much wants much: something that is longer than a block is then
-  // looked at again only a few times.
-  const std::size_t wanted = std::max(blockSize_, size_);
-  current_.resize(std::max(current_.size(), size_ + wanted));
-  const std::size_t got = file_.Read(readTo_, std::span(current_).subspan(size_, wanted));
+  const std::size_t got = file_.Read(readTo_, {current_.bytes.get() + size_, wanted});
   moreFollows_ = got == wanted;
   readTo_ += got;
   size_ += got;

@@ -3,8 +3,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string_view>
-#include <vector>
 
 #include "menufile/file_system.h"
 
@@ -20,7 +20,7 @@ class FileWindow {
 
   // What of the file is in memory. It stays there until, behind the ReadOn()
   // that drops it, there is another one that drops something.
-  std::string_view bytes() const { return {current_.data(), size_}; }
+  std::string_view bytes() const { return {current_.bytes.get(), size_}; }
 
   // How many bytes were dropped before these.
   std::uint64_t position() const { return position_; }
@@ -33,10 +33,19 @@ class FileWindow {
   bool ReadOn(std::size_t count);
 
  private:
+  // Not filled with zeros: most files are much shorter than a block, and memory
+  // that no one touches costs nothing.
+  struct Buffer {
+    explicit Buffer(std::size_t count = 0)
+        : bytes(std::make_unique_for_overwrite<char[]>(count)), size(count) {}
+    std::unique_ptr<char[]> bytes;
+    std::size_t size;
+  };
+
   File& file_;
   std::size_t blockSize_;
-  std::vector<char> current_;
-  std::vector<char> previous_;
+  Buffer current_;
+  Buffer previous_;
   std::size_t size_;  // of the bytes that current_ holds
   std::uint64_t position_ = 0;
   std::uint64_t readTo_;

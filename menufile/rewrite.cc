@@ -1,5 +1,6 @@
 #include "menufile/rewrite.h"
 
+#include <algorithm>
 #include <memory>
 #include <span>
 
@@ -44,13 +45,13 @@ class MenuWriter final : public RecordStream {
   BlockWriter& out_;
 };
 
+// Copies the first `size` bytes of the file, mostly a small part of it.
 void CopyBeginning(File& menu, std::uint64_t size, std::size_t blockSize, BlockWriter& out) {
-  FileWindow window(menu, blockSize);
+  const auto atOnce = static_cast<std::size_t>(std::min<std::uint64_t>(blockSize, size));
+  FileWindow window(menu, atOnce);
   while (size > 0 && window.ReadOn(window.bytes().size())) {
-    std::string_view bytes = window.bytes();
-    if (bytes.size() > size) {
-      bytes = bytes.substr(0, static_cast<std::size_t>(size));
-    }
+    const std::string_view bytes =
+        window.bytes().substr(0, static_cast<std::size_t>(std::min<std::uint64_t>(atOnce, size)));
     out.text() += bytes;
     out.WriteBlocks();
     size -= bytes.size();
