@@ -3,9 +3,12 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
+#include <optional>
 #include <utility>
 
 #include "menufile/failure.h"
+#include "win32/handles.h"
 #include "win32/window_text.h"
 
 namespace editor {
@@ -105,6 +108,24 @@ class WindowsFile final : public menufile::File {
   std::uint64_t position_ = 0;  // of the next Write()
 };
 
+// What tells a file from all others, whatever its path; nothing when there is
+// none.
+std::optional<std::array<DWORD, 3>> IdentityOf(const std::string& path) {
+  const HANDLE opened =
+      CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (opened == INVALID_HANDLE_VALUE) {
+    return std::nullopt;
+  }
+  const win32::UniqueKernelHandle file(opened);
+  BY_HANDLE_FILE_INFORMATION information{};
+  if (!GetFileInformationByHandle(file.get(), &information)) {
+    return std::nullopt;
+  }
+  return std::array{information.dwVolumeSerialNumber, information.nFileIndexHigh,
+                    information.nFileIndexLow};
+}
+
 }  // namespace
 
 std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path, OpenMode mode) {
@@ -129,6 +150,11 @@ void WindowsFileSystem::Remove(const std::string& path) {
   if (!DeleteFileA(path.c_str())) {
     Fail(path, "delete the file");
   }
+}
+
+bool WindowsFileSystem::IsSameFile(const std::string& path, const std::string& other) {
+  const auto identity = IdentityOf(other);
+  return identity && identity == IdentityOf(path);
 }
 
 }  // namespace editor

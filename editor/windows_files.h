@@ -10,6 +10,7 @@ class WindowsFileSystem final : public menufile::FileSystem {
  public:
   std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override;
   void Remove(const std::string& path) override;
+  bool IsSameFile(const std::string& path, const std::string& other) override;
 };
 
 }  // namespace editor

@@ -67,6 +67,11 @@ class FileSystem {
   // Deletes the file. One that does not exist is a failure.
   virtual void Remove(const std::string& path) = 0;
 
+  // Whether both paths name one file, which exists. Never throws.
+  virtual bool IsSameFile(const std::string& path, const std::string& other) {
+    return path == other;
+  }
+
   // How many bytes of a file that may be large are read or written at a time:
   // few enough for the processor's cache, many enough for each call to be
   // worth it. Tests have less.

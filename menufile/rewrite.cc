@@ -130,6 +130,13 @@ void KeepRecord(std::size_t, const MenuItemRecord& record, RecordStream& records
 RewriteResult RewriteMenuFile(FileSystem& files, const std::string& path,
                               const MenuChange& change) {
   RewriteResult result = RewriteResult::MenuUntouched;
+  // Else the change would begin with deleting the menu.
+  if (files.IsSameFile(path, change.scratchFile)) {
+    if (change.errorMode == ErrorMode::Throws) {
+      throw Failure(path, "change the file", "It has the name of a scratch file");
+    }
+    return result;
+  }
   try {
     if (change.deleteScratchFirst) {
       RemoveScratchFile(files, change.scratchFile);

@@ -45,6 +45,10 @@ std::string ConvertedHead(std::string_view picture) {
 }
 
 bool UpgradeMenuFile(FileSystem& files, const std::string& path, std::string_view picture) {
+  // Else the conversion would begin with deleting the menu.
+  if (files.IsSameFile(path, kListScratchFile)) {
+    return false;
+  }
   std::unique_ptr<File> menu;
   std::unique_ptr<File> scratch;
   std::uint64_t oldSize = 0;

@@ -47,11 +47,16 @@ struct ReleaseObject {
 struct ReleaseDc {
   void operator()(HDC dc) const { DeleteDC(dc); }
 };
+struct ReleaseKernelObject {
+  void operator()(HANDLE object) const { CloseHandle(object); }
+};
 
 using UniqueIcon = UniqueHandle<HICON, ReleaseIcon>;
 using UniqueFont = UniqueHandle<HFONT, ReleaseObject>;
 using UniqueBitmap = UniqueHandle<HBITMAP, ReleaseObject>;
 using UniqueBrush = UniqueHandle<HBRUSH, ReleaseObject>;
+// Of a file, among others: INVALID_HANDLE_VALUE must not get here.
+using UniqueKernelHandle = UniqueHandle<HANDLE, ReleaseKernelObject>;
 using UniqueMemoryDc = UniqueHandle<HDC, ReleaseDc>;
 
 // The window's own device context, given back on destruction.

@@ -239,11 +239,6 @@ void CheckFile(const Bytes& file) {
   }
 }
 
-struct CloseKernelHandle {
-  void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using UniqueKernelHandle = UniqueHandle<HANDLE, CloseKernelHandle>;
-
 struct Unmap {
   void operator()(void* view) const { UnmapViewOfFile(view); }
 };

@@ -290,5 +290,22 @@ TEST(Rewrite, AMissingMenuFileIsNotMadeWhereFailuresAreIgnored) {
   EXPECT_EQ(std::nullopt, files.Get("temporaryfile"));
 }
 
+TEST(Rewrite, AMenuNamedLikeTheScratchFileStays) {
+  for (const Kind kind : {Kind::MoveUp, Kind::Edit, Kind::SaveDirectory, Kind::SaveAppearance}) {
+    const Operation operation = MakeOperation(kind, 1);
+    const std::string path = ScratchFileOf(kind);
+    const std::string menu = kHead + Items({1, 2, 3});
+    MemoryFiles files;
+    files.Put(path, menu);
+    MenuChange change = ChangeFor(operation);
+    change.errorMode = ErrorMode::Ignores;
+    EXPECT_EQ(RewriteResult::MenuUntouched, RewriteMenuFile(files, path, change));
+    EXPECT_EQ(menu, files.Get(path));
+    change.errorMode = ErrorMode::Throws;
+    EXPECT_THROW(RewriteMenuFile(files, path, change), Failure);
+    EXPECT_EQ(menu, files.Get(path));
+  }
+}
+
 }  // namespace
 }  // namespace menufile

@@ -98,6 +98,13 @@ TEST(UpgradeMenuFile, AMissingMenuFileIsNotMade) {
   EXPECT_EQ(std::nullopt, files.Get(kMenuPath));
 }
 
+TEST(UpgradeMenuFile, AMenuNamedLikeTheScratchFileStays) {
+  MemoryFiles files;
+  files.Put("temporaryfile", "old");
+  EXPECT_FALSE(UpgradeMenuFile(files, "temporaryfile", DefaultPicture()));
+  EXPECT_EQ("old", files.Get("temporaryfile"));
+}
+
 TEST(UpgradeMenuFile, AScratchFileInUseLeavesTheMenu) {
   MemoryFiles files;
   files.Put(kMenuPath, "old");

@@ -7,6 +7,7 @@
 
 #include "menufile/rewrite.h"
 #include "tests/windows/form2_test_base.h"
+#include "tests/windows/menu_bytes.h"
 
 namespace {
 
@@ -39,6 +40,31 @@ TEST_F(WindowsFilesTest, ReadingDoesNotMoveWhereWritingGoesOn) {
     file->Write("cd");
   }
   EXPECT_EQ("abcd456789", MenuBytes());
+}
+
+TEST_F(WindowsFilesTest, KnowsAFileByAnotherPath) {
+  WriteBytes(PathOf("one"), "1");
+  WriteBytes(PathOf("two"), "1");
+  EXPECT_TRUE(windowsFiles.IsSameFile(PathOf("one"), "ONE"));
+  EXPECT_TRUE(windowsFiles.IsSameFile("one", ".\\one"));
+  EXPECT_FALSE(windowsFiles.IsSameFile("one", "two"));
+  EXPECT_FALSE(windowsFiles.IsSameFile("one", "none"));
+  EXPECT_FALSE(windowsFiles.IsSameFile("none", "none"));
+  const auto held = windowsFiles.Open("one", OpenMode::Change);
+  EXPECT_TRUE(windowsFiles.IsSameFile(PathOf("one"), "one"));
+}
+
+TEST_F(WindowsFilesTest, AMenuNamedLikeAScratchFileStays) {
+  const std::string menu = testing_menus::UserDefinedMenu(
+      {testing_menus::ItemLine("One", "C:\\1"), testing_menus::ItemLine("Two", "C:\\2")});
+  for (const char* name : {"temporaryfile", "zoltempfileoktodelete"}) {
+    WriteBytes(PathOf(name), menu);
+    menufile::MenuChange change;
+    change.scratchFile = name;
+    change.recordRule = menufile::KeepRecord;
+    EXPECT_THROW(menufile::RewriteMenuFile(windowsFiles, PathOf(name), change), menufile::Failure);
+    EXPECT_EQ(menu, ReadBytes(PathOf(name)));
+  }
 }
 
 TEST_F(WindowsFilesTest, RewritesAMenuOfSeveralBlocks) {
