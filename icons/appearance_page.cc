@@ -24,8 +24,7 @@ void CheckPicture(const std::string& picture, const std::string& path) {
 
 struct Form2::AppearancePage {
   icons::IconBrowser browser;
-  std::string picture1Tag;  // the browser's icon as a number in decimal
-  std::string picture2;     // the bitmap file that was saved last
+  std::string picture2;  // the bitmap file that was saved last
 };
 
 void Form2::CreateAppearancePage() {
@@ -38,15 +37,9 @@ const win32::PictureBox& Form2::AppearancePicture() const {
   return appearancePage_->browser.picture();
 }
 
-void Form2::ShowIconAt() {
-  appearancePage_->browser.ShowIconAt();
-  appearancePage_->picture1Tag = IconText(appearancePage_->browser.current());
-}
+void Form2::ShowIconAt() { appearancePage_->browser.ShowIconAt(); }
 
-void Form2::SelectIconSourceFile() {
-  appearancePage_->browser.SelectIconSourceFile(window());
-  appearancePage_->picture1Tag = IconText(appearancePage_->browser.current());
-}
+void Form2::SelectIconSourceFile() { appearancePage_->browser.SelectIconSourceFile(window()); }
 
 void Form2::ShowPreviewOnDesktopColour() { appearancePage_->browser.ShowPreviewOnDesktopColour(); }
 

@@ -1,29 +1,19 @@
 #include <windows.h>
 
-#include <dlgs.h>
-
 #include <cstdint>
 #include <cstdlib>
-#include <functional>
 #include <vector>
 
 #include "menufile/rewrite.h"
+#include "tests/windows/appearance_test_base.h"
 #include "tests/windows/failing_files.h"
 #include "tests/windows/handle_count.h"
-#include "tests/windows/icon_test_base.h"
 
 using testing_menus::DirectoryMenu;
 using testing_menus::ItemLine;
-using testing_menus::kPicture;
-using testing_menus::kSeparatorLine;
 using testing_menus::UserDefinedMenu;
 
 namespace {
-
-// The boxes of the font dialog.
-constexpr int kFace = cmb1;
-constexpr int kStyle = cmb2;
-constexpr int kSize = cmb3;
 
 template <typename T>
 void Append(std::string& out, const T& value) {
@@ -56,35 +46,13 @@ std::string BitmapFile(const std::vector<COLORREF>& pixels) {
 
 }  // namespace
 
-class AppearanceTest : public IconTest {
+class AppearanceTest : public AppearanceTestBase {
  protected:
-  void OpenPage(const std::string& menu) {
-    ASSERT_TRUE(Open(menu));
-    SelectTab(1);
-  }
-  // A menu with that appearance line.
-  std::string Menu(const std::string& appearance, const std::string& picture = kPicture) const {
-    return UserDefinedMenu({ItemLine("First", "C:\\first.exe", "/a", "C:\\", two, "1"),
-                            kSeparatorLine, ItemLine("Last, \x80", "C:\\last", "", "", "", "")},
-                           appearance, picture);
-  }
   std::string EmptyPicture() const { return BitmapFile(Empty()); }
 
   void Choose(const std::string& path) {
     ChooseInDialog(path);
     Press(IDC_FORM2_COMMAND10);
-  }
-  void Save() { Press(IDC_FORM2_COMMAND12); }
-
-  // The appearance line that a save writes after nothing else.
-  std::string SavedLine() {
-    Save();
-    const std::string bytes = MenuBytes();
-    const std::string before = "\r\n<START ZOL>\r\n\"USERDEF\"\r\n";
-    const std::size_t at = bytes.find(before);
-    EXPECT_NE(at, std::string::npos);
-    const std::size_t start = at + before.size();
-    return bytes.substr(start, bytes.find('\n', start) + 1 - start);
   }
 
   void ExpectSaved() {
@@ -105,45 +73,6 @@ class AppearanceTest : public IconTest {
     EXPECT_EQ(form().window(), nullptr);
     EXPECT_EQ(ExitCode(), EXIT_SUCCESS);
   }
-
-  // Change Font; the dialog is driven before its button is pressed.
-  void ChangeFont(
-      int button, const std::function<void(HWND)>& drive = [](HWND) {}) {
-    answers.OnDialog([this, button, drive](HWND dialog) {
-      title = win32::WindowText(dialog);
-      size = win32::WindowText(GetDlgItem(dialog, kSize));
-      face = win32::WindowText(GetDlgItem(dialog, kFace));
-      style = win32::WindowText(GetDlgItem(dialog, kStyle));
-      drive(dialog);
-      PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    });
-    Press(IDC_FORM2_COMMAND6);
-  }
-  // Selects a row of one of its boxes as the user does.
-  static void Select(HWND dialog, int box, int row) {
-    const HWND combo = GetDlgItem(dialog, box);
-    SetFocus(combo);
-    SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
-    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(box, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(combo));
-  }
-  static void Select(HWND dialog, int box, const std::string& text) {
-    const LRESULT row =
-        SendMessageA(GetDlgItem(dialog, box), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                     reinterpret_cast<LPARAM>(text.c_str()));
-    ASSERT_NE(row, CB_ERR) << text;
-    Select(dialog, box, static_cast<int>(row));
-  }
-
-  LOGFONTA SampleFont() {
-    LOGFONTA font{};
-    GetObjectA(reinterpret_cast<HGDIOBJ>(SendMessageA(Control(IDC_FORM2_TEXT3), WM_GETFONT, 0, 0)),
-               sizeof font, &font);
-    return font;
-  }
-
-  // What the font dialog showed when it came up.
-  std::string title, size, face, style;
 
   const std::string scratch = menufile::kDialogScratchFile;
 };
@@ -314,101 +243,6 @@ TEST_F(AppearanceTest, APictureWithTheMarkerInItIsNotSaved) {
   EXPECT_EQ(MenuBytes(), menu);
 }
 
-TEST_F(AppearanceTest, TheFontDialogStartsWithTheSample) {
-  OpenPage(Menu("0,\"Liberation Sans\",12,-1,-1\r\n"));
-  ChangeFont(IDCANCEL);
-  EXPECT_EQ(title, "Select Font");
-  EXPECT_EQ(size, "12");
-  EXPECT_EQ(face, "Liberation Sans");
-  EXPECT_EQ(style, "Bold Italic");
-  EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",12,-1,-1\r\n");
-}
-
-TEST_F(AppearanceTest, WhatWasNotTouchedInTheFontDialogStays) {
-  for (const char* line :
-       {"0,\"Liberation Sans\",8.25,0,0\r\n", "0,\"Liberation Sans\",10,-1,0\r\n",
-        "0,\"Liberation Sans\",9.75,0,-1\r\n", "0,\"Liberation Sans\",8.3333,0,0\r\n",
-        "0,\"Liberation Sans\",72,-1,-1\r\n", "0,\"Liberation Sans\",300,0,0\r\n",
-        "0,\"Liberation Sans\",1,0,0\r\n"}) {
-    for (const int button : {IDOK, IDCANCEL}) {
-      OpenPage(Menu(line));
-      ChangeFont(button);
-      EXPECT_EQ(SavedLine(), line) << button;
-    }
-  }
-}
-
-TEST_F(AppearanceTest, EverySizeFromOneToSixtyStaysInTheFontDialog) {
-  for (int points = 1; points <= 60; ++points) {
-    const std::string line = "0,\"Liberation Sans\"," + std::to_string(points) + ",0,0\r\n";
-    OpenPage(Menu(line));
-    ChangeFont(IDOK);
-    EXPECT_EQ(SavedLine(), line);
-  }
-}
-
-TEST_F(AppearanceTest, AFaceThatThisMachineLacksKeepsItsName) {
-  const std::string line = "0,\"No Such Font At All\",8.25,-1,0\r\n";
-  OpenPage(Menu(line));
-  ChangeFont(IDOK);
-  EXPECT_EQ(SavedLine(), line);
-  ChangeFont(IDOK, [](HWND dialog) { Select(dialog, kSize, "14"); });
-  EXPECT_EQ(SavedLine(), "0,\"No Such Font At All\",14,-1,0\r\n");
-  ChangeFont(IDOK, [](HWND dialog) { Select(dialog, kFace, "Liberation Sans"); });
-  EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",14,-1,0\r\n");
-}
-
-TEST_F(AppearanceTest, TheFirstFaceOfTheListCanBeChosenForOneThatIsLacking) {
-  OpenPage(Menu("0,\"No Such Font At All\",8.25,0,0\r\n"));
-  std::string first;
-  ChangeFont(IDOK, [&](HWND dialog) {
-    Select(dialog, kFace, 0);
-    first = win32::WindowText(GetDlgItem(dialog, kFace));
-  });
-  ASSERT_FALSE(first.empty());
-  EXPECT_EQ(SavedLine(), "0,\"" + first + "\",8.25,0,0\r\n");
-}
-
-TEST_F(AppearanceTest, AFaceNameLongerThanAnyFontsStays) {
-  const std::string line = "0,\"" + std::string(60, 'x') + "\",8.25,0,0\r\n";
-  OpenPage(Menu(line));
-  ChangeFont(IDOK);
-  EXPECT_EQ(SavedLine(), line);
-}
-
-TEST_F(AppearanceTest, TheFontDialogsChoiceIsShownAndSaved) {
-  OpenPage(Menu("0,\"Tahoma\",8.25,0,0\r\n"));
-  const std::string menu = MenuBytes();
-  ChangeFont(IDOK, [](HWND dialog) {
-    Select(dialog, kFace, "Liberation Sans");
-    Select(dialog, kStyle, "Bold Italic");
-    Select(dialog, kSize, "20");
-  });
-  const LOGFONTA font = SampleFont();
-  EXPECT_STREQ(font.lfFaceName, "Liberation Sans");
-  EXPECT_EQ(font.lfWeight, FW_BOLD);
-  EXPECT_NE(font.lfItalic, 0);
-  EXPECT_EQ(font.lfHeight, -27);  // 20 points at 96 DPI
-  EXPECT_EQ(MenuBytes(), menu) << "written before Save Changes";
-  EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",20,-1,-1\r\n");
-}
-
-TEST_F(AppearanceTest, TheSizeThatTheDialogShowsCanBeChosen) {
-  OpenPage(Menu("0,\"Liberation Sans\",8.25,0,0\r\n"));
-  ChangeFont(IDOK, [](HWND dialog) { Select(dialog, kSize, "8"); });
-  EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",8,0,0\r\n");
-}
-
-TEST_F(AppearanceTest, CancellingTheFontDialogForgetsWhatWasChosen) {
-  OpenPage(Menu("0,\"Tahoma\",8.25,0,0\r\n"));
-  ChangeFont(IDCANCEL, [](HWND dialog) {
-    Select(dialog, kFace, "Liberation Sans");
-    Select(dialog, kSize, "20");
-  });
-  EXPECT_STREQ(SampleFont().lfFaceName, "Tahoma");
-  EXPECT_EQ(SavedLine(), "0,\"Tahoma\",8.25,0,0\r\n");
-}
-
 TEST_F(AppearanceTest, AThousandSavesLeaveNoHandlesBehind) {
   OpenPage(Menu("0,\"Tahoma\",8.25,0,0\r\n"));
   Choose(twelve);
@@ -421,19 +255,6 @@ TEST_F(AppearanceTest, AThousandSavesLeaveNoHandlesBehind) {
   const HandleCount before = HandleCount::Now();
   for (int i = 3; i < 1003; ++i) {
     round(i);
-  }
-  const HandleCount after = HandleCount::Now();
-  EXPECT_EQ(after.gdi, before.gdi);
-  EXPECT_EQ(after.user, before.user);
-}
-
-TEST_F(AppearanceTest, FontChoicesLeaveNoHandlesBehind) {
-  OpenPage(Menu("0,\"Tahoma\",8.25,0,0\r\n"));
-  ChangeFont(IDOK);
-  ChangeFont(IDOK);
-  const HandleCount before = HandleCount::Now();
-  for (int i = 0; i < 20; ++i) {
-    ChangeFont(IDOK);
   }
   const HandleCount after = HandleCount::Now();
   EXPECT_EQ(after.gdi, before.gdi);

@@ -1,0 +1,182 @@
+#include <vector>
+
+#include "tests/windows/form4_test_base.h"
+#include "tests/windows/handle_count.h"
+
+using testing_menus::ItemLine;
+
+// OK of the Select Icon window.
+class Form4SaveTest : public Form4TestBase {
+ protected:
+  void ExpectWriteError() {
+    ASSERT_EQ(answers.Shown().size(), 1U);
+    EXPECT_EQ(answers.Shown()[0].title, "Error!");
+    EXPECT_EQ(answers.Shown()[0].text, "Error writing to file.");
+    EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
+    EXPECT_EQ(Form4(), nullptr);
+    EXPECT_TRUE(IsEditorEnabled());
+    EXPECT_EQ(ExitCode(), std::nullopt);
+  }
+};
+
+TEST_F(Form4SaveTest, OkWritesFileAndIndexAndNothingElse) {
+  OpenForItem(two, "0");
+  const std::vector<std::string> rows = Rows();
+  const std::vector<editor::HiddenRow> before = HiddenRows();
+  ASSERT_TRUE(IsIcon(before[1].text));
+  Choose(twelve);
+  Scroll(bar(), SB_THUMBPOSITION, 9);
+  PressOk();
+  EXPECT_EQ(Form4(), nullptr);
+  EXPECT_TRUE(IsEditorEnabled());
+  EXPECT_EQ(MenuBytes(), Menu(Item(twelve, "9")));
+  EXPECT_FALSE(Exists(scratch));
+  EXPECT_TRUE(answers.Shown().empty());
+
+  EXPECT_EQ(Rows(), rows);
+  EXPECT_EQ(SelectedRow(), 1);
+  const std::vector<editor::HiddenRow> after = HiddenRows();
+  EXPECT_EQ(after[1].tag, before[1].tag);
+  EXPECT_FALSE(IsIcon(before[1].text)) << "not released";
+  EXPECT_TRUE(IsIcon(after[1].text)) << "released";
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Showing(colours[9]));
+  for (const std::size_t row : {0U, 2U, 3U}) {
+    EXPECT_EQ(after[row].text, before[row].text) << row;
+  }
+  SelectRow(0);
+  SelectRow(1);
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Showing(colours[9]));
+}
+
+TEST_F(Form4SaveTest, OkWithoutAnyChangeWritesTheSameFileAndIndex) {
+  OpenForItem(two, "1");
+  PressOk();
+  EXPECT_EQ(MenuBytes(), Menu(Item(two, "1")));
+}
+
+TEST_F(Form4SaveTest, EnterPressesOk) {
+  OpenForItem(two, "1");
+  PostMessageA(bar(), WM_KEYDOWN, VK_RETURN, 0);
+  RunMessages();
+  EXPECT_EQ(Form4(), nullptr);
+  EXPECT_EQ(MenuBytes(), Menu(Item(two, "1")));
+}
+
+TEST_F(Form4SaveTest, OkOnAnEntryWithoutIconFileWritesItsTarget) {
+  OpenForItem("", "");
+  EXPECT_EQ(HiddenRows()[1].text, "0");
+  PressOk();
+  EXPECT_EQ(MenuBytes(), Menu(Item(one, "0")));
+  EXPECT_TRUE(IsIcon(HiddenRows()[1].text));
+}
+
+TEST_F(Form4SaveTest, AFileThatIsTheCaptionIsWrittenAsNone) {
+  OpenFor(Menu(ItemLine(two, one, "", "", two, "0")), 1);
+  Scroll(bar(), SB_LINERIGHT);
+  PressOk();
+  EXPECT_EQ(MenuBytes(), Menu(ItemLine(two, one, "", "", "", "1")));
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Showing(colours[1]));
+}
+
+TEST_F(Form4SaveTest, TheCaptionIsComparedCaseSensitively) {
+  const std::string otherCase = PathOf("TWO.DLL");
+  OpenFor(Menu(ItemLine(otherCase, one, "", "", two, "0")), 1);
+  PressOk();
+  EXPECT_EQ(MenuBytes(), Menu(ItemLine(otherCase, one, "", "", two, "0")));
+}
+
+TEST_F(Form4SaveTest, OkOnAFileWithoutIconsLeavesTheRowWithoutOne) {
+  OpenForItem(two, "1");
+  Choose(none);
+  PressOk();
+  EXPECT_EQ(MenuBytes(), Menu(Item(none, "0")));
+  EXPECT_EQ(HiddenRows()[1].text, "0");
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Empty());
+}
+
+// The window leaves an old scratch file as it is: what is longer in it ends up
+// behind the menu.
+TEST_F(Form4SaveTest, AnOldScratchFileIsWrittenOver) {
+  OpenForItem(two, "1");
+  const std::string old(2000, '#');
+  WriteBytes(PathOf(scratch), old);
+  Choose(twelve);
+  PressOk();
+  const std::string menu = Menu(Item(twelve, "0"));
+  ASSERT_LT(menu.size(), old.size());
+  EXPECT_EQ(MenuBytes(), menu + old.substr(menu.size()));
+  EXPECT_FALSE(Exists(scratch));
+}
+
+TEST_F(Form4SaveTest, AReadOnlyMenuIsAnErrorAndNothingChanges) {
+  const std::string menu = Menu(Item(two, "1"));
+  OpenFor(menu, 1);
+  const std::string handle = HiddenRows()[1].text;
+  MakeReadOnly(MenuPath());
+  Choose(twelve);
+  PressOk();
+  MakeWritable(MenuPath());
+  ExpectWriteError();
+  EXPECT_EQ(MenuBytes(), menu);
+  EXPECT_EQ(HiddenRows()[1].text, handle);
+  EXPECT_TRUE(IsIcon(handle));
+}
+
+TEST_F(Form4SaveTest, AMenuThatIsGoneIsAnError) {
+  OpenForItem(two, "1");
+  ASSERT_TRUE(DeleteFileA(MenuPath().c_str()));
+  PressOk();
+  ExpectWriteError();
+  EXPECT_FALSE(Exists(MenuPath()));
+}
+
+TEST_F(Form4SaveTest, ALockedMenuIsAnError) {
+  const std::string menu = Menu(Item(two, "1"));
+  OpenFor(menu, 1);
+  const HANDLE lock = CreateFileA(MenuPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                  OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+  PressOk();
+  CloseHandle(lock);
+  ExpectWriteError();
+  EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(Form4SaveTest, AScratchFileThatCannotBeMadeIsAnError) {
+  const std::string menu = Menu(Item(two, "1"));
+  OpenFor(menu, 1);
+  ASSERT_TRUE(CreateDirectoryA(PathOf(scratch).c_str(), nullptr));
+  PressOk();
+  ExpectWriteError();
+  EXPECT_EQ(MenuBytes(), menu);
+  EXPECT_TRUE(Exists(scratch));
+}
+
+TEST_F(Form4SaveTest, AMenuCutShortIsAnErrorAndKeepsItsBytes) {
+  const std::string menu = Menu(Item(two, "1"));
+  OpenFor(menu, 1);
+  const std::string cut = menu.substr(0, menu.size() - 10);
+  WriteBytes(MenuPath(), cut);
+  PressOk();
+  ExpectWriteError();
+  EXPECT_EQ(MenuBytes(), cut);
+}
+
+TEST_F(Form4SaveTest, SavesLeaveNoHandlesBehind) {
+  ASSERT_TRUE(Open(Menu(Item(twelve, "0"))));
+  const auto round = [&](int i) {
+    ChangeIcon(1);
+    Scroll(bar(), SB_THUMBPOSITION, i % 12);
+    PressOk();
+  };
+  round(0);
+  round(1);
+  const HandleCount before = HandleCount::Now();
+  for (int i = 2; i < 102; ++i) {
+    round(i);
+  }
+  const HandleCount after = HandleCount::Now();
+  EXPECT_EQ(after.gdi, before.gdi);
+  EXPECT_EQ(after.user, before.user);
+  EXPECT_EQ(MenuBytes(), Menu(Item(twelve, "5")));
+}
