@@ -82,6 +82,7 @@ Form2::Form2(std::string arguments, menufile::FileSystem& files)
                  reinterpret_cast<LPARAM>(&item));
   }
   CreateAppearancePage();
+  OnArranged();
   ShowSampleFont();
 }
 
@@ -243,9 +244,26 @@ void Form2::OnClose() {
   PostQuitMessage(EXIT_SUCCESS);
 }
 
+// The icon stands on the colour of the window. What the appearance page shows is
+// what it saves: that stays.
+void Form2::OnColoursChanged() { List1Click(); }
+
 void Form2::OnFontChanged() {
   ShowSampleFont();
   dir1_.FitToFont();
+}
+
+// Tabs and drive list would else be as high as they like.
+void Form2::OnArranged() {
+  const HWND tabs = Control(IDC_FORM2_SSTAB1);
+  RECT strip{};
+  GetClientRect(tabs, &strip);
+  RECT tab{};
+  if (SendMessageA(tabs, TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab))) {
+    // They stand on the frame of their page.
+    SendMessageA(tabs, TCM_SETITEMSIZE, 0, MAKELPARAM(0, strip.bottom - tab.top));
+  }
+  win32::MatchHeight(Control(IDC_FORM2_DRIVE1), Control(IDC_FORM2_TEXT8));
 }
 
 bool Form2::ConfirmUpgrade() {

@@ -119,7 +119,9 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
   bool OnKey(const MSG& message) override;
   void OnClose() override;
+  void OnColoursChanged() override;
   void OnFontChanged() override;
+  void OnArranged() override;
 
   bool ConfirmUpgrade() override;
   void ShowAppearance(const menufile::AppearanceRecord& appearance) override;

@@ -22,6 +22,8 @@ constexpr unsigned kAcross = kLeft | kTop | kRight;
 
 constexpr DWORD kButton = BS_PUSHBUTTON | WS_TABSTOP;
 constexpr DWORD kCheck = BS_AUTOCHECKBOX | WS_TABSTOP;
+// The frame of a page: what is in front of it, the tabs for one, is not painted over.
+constexpr DWORD kFrame = BS_GROUPBOX | WS_CLIPSIBLINGS;
 constexpr DWORD kLabel = SS_LEFT;
 constexpr DWORD kIcon = SS_ICON | SS_CENTERIMAGE;
 constexpr DWORD kPicture = SS_OWNERDRAW;
@@ -32,10 +34,18 @@ constexpr DWORD kList =
 constexpr SIZE kSize{320, 252};
 
 constexpr ControlRow kControls[] = {
-    {IDC_FORM2_SSTAB1, WC_TABCONTROLA, "", WS_TABSTOP, {7, 7, 306, 15}, kAcross, kEveryPage},
+    {IDC_FORM2_SSTAB1,
+     WC_TABCONTROLA,
+     "",
+     WS_TABSTOP,
+     {7, 7, 306, 13},
+     kAcross,
+     kEveryPage,
+     nullptr,
+     L"Pages"},
 
     // Contents, a user-defined list.
-    {IDC_FORM2_FRAME3, "Button", "", BS_GROUPBOX, {7, 19, 306, 209}, kFill, kItemPage},
+    {IDC_FORM2_FRAME3, "Button", "", kFrame, {7, 17, 306, 211}, kFill, kItemPage},
     {IDC_FORM2_IMAGE4, "Static", "", kIcon, {14, 29, 22, 20}, kTopLeft, kItemPage},
     {IDC_FORM2_LABEL13, "Static", "Menu Type :", kLabel, {42, 35, 46, 9}, kTopLeft, kItemPage},
     {IDC_FORM2_LABEL14,
@@ -68,7 +78,15 @@ constexpr ControlRow kControls[] = {
      kItemPage,
      "You can drag and drop stuff to this list"},
     {IDC_FORM2_ICONIC1_LABEL, "Static", "Icon :", kLabel, {238, 66, 38, 9}, kTopRight, kItemPage},
-    {IDC_FORM2_ICONIC1, "Static", "", kPicture, {280, 58, 26, 24}, kTopRight, kItemPage},
+    {IDC_FORM2_ICONIC1,
+     "Static",
+     "",
+     kPicture,
+     {280, 58, 26, 24},
+     kTopRight,
+     kItemPage,
+     nullptr,
+     L"Icon of the selected entry"},
     {IDC_FORM2_COMMAND2,
      "Button",
      "Add",
@@ -126,7 +144,7 @@ constexpr ControlRow kControls[] = {
      kItemPage},
 
     // Contents, a directory pointer.
-    {IDC_FORM2_FRAME4, "Button", "", BS_GROUPBOX, {7, 19, 306, 209}, kFill, kDirectoryPage},
+    {IDC_FORM2_FRAME4, "Button", "", kFrame, {7, 17, 306, 211}, kFill, kDirectoryPage},
     {IDC_FORM2_IMAGE5, "Static", "", kIcon, {14, 29, 22, 20}, kTopLeft, kDirectoryPage},
     {IDC_FORM2_LABEL15,
      "Static",
@@ -181,7 +199,7 @@ constexpr ControlRow kControls[] = {
      "Edit",
      "",
      kEdit,
-     {14, 207, 200, 15},
+     {14, 208, 200, 13},
      kLeft | kRight | kBottom,
      kDirectoryPage,
      "The contents of this location will be displayed by the menu."},
@@ -196,7 +214,7 @@ constexpr ControlRow kControls[] = {
      "Edit",
      "",
      kEdit,
-     {156, 66, 150, 14},
+     {156, 66, 150, 13},
      kTopRight,
      kDirectoryPage,
      "The type of files to display (*.* for all files)"},
@@ -230,7 +248,7 @@ constexpr ControlRow kControls[] = {
      kDirectoryPage},
 
     // Appearance.
-    {IDC_FORM2_PAGE_FRAME, "Button", "", BS_GROUPBOX, {7, 19, 306, 209}, kFill, kAppearancePage},
+    {IDC_FORM2_PAGE_FRAME, "Button", "", kFrame, {7, 17, 306, 211}, kFill, kAppearancePage},
     {IDC_FORM2_FRAME2,
      "Button",
      "Menu Font",
@@ -267,14 +285,15 @@ constexpr ControlRow kControls[] = {
      {14, 103, 292, 66},
      kAcross,
      kAppearancePage},
-    {IDC_FORM2_PICTURE1_LABEL, "Static", "", kLabel, {22, 116, 1, 1}, kTopLeft, kHidden},
     {IDC_FORM2_PICTURE1,
      "Static",
      "",
-     kPicture | SS_NOTIFY,
+     kPicture | SS_NOTIFY | WS_TABSTOP,
      {22, 124, 26, 24},
      kTopLeft,
-     kAppearancePage},
+     kAppearancePage,
+     nullptr,
+     L"Show the icon on the desktop colour"},
     {IDC_FORM2_PICTURE2, "Static", "", kPicture, {22, 124, 26, 24}, kTopLeft, kHidden},
     {IDC_FORM2_LABEL7,
      "Static",

@@ -31,6 +31,7 @@ void Form2::CreateAppearancePage() {
   appearancePage_ = std::make_shared<AppearancePage>();
   appearancePage_->browser.Attach(Control(IDC_FORM2_PICTURE1), Control(IDC_FORM2_HSCROLL1),
                                   Control(IDC_FORM2_LABEL8));
+  AppearancePicture().TakeKeys();
 }
 
 const win32::PictureBox& Form2::AppearancePicture() const {

@@ -17,8 +17,15 @@ constexpr SIZE kSize{190, 90};
 
 // Enter presses OK, the default button, wherever the focus is.
 constexpr ControlRow kControls[] = {
-    {IDC_FORM4_PICTURE1_LABEL, "Static", "", SS_LEFT, {7, 7, 1, 1}, kTopLeft, kEveryPage},
-    {IDC_FORM4_PICTURE1, "Static", "", SS_OWNERDRAW, {7, 11, 26, 24}, kTopLeft, kEveryPage},
+    {IDC_FORM4_PICTURE1,
+     "Static",
+     "",
+     SS_OWNERDRAW,
+     {7, 11, 26, 24},
+     kTopLeft,
+     kEveryPage,
+     nullptr,
+     L"Chosen icon"},
     {IDC_FORM4_HSCROLL1_LABEL,
      "Static",
      "Icon in the file :",

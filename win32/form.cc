@@ -103,6 +103,7 @@ Form::Form(const FormPlan& plan, HWND owner, unsigned pages) : plan_(plan), show
   SizeToPlan();
   CreateControls();
   AddToolTips();
+  AddAccessibleNames();
   // From here on messages come to the form.
   SetPropA(window_, kFormProperty, this);
 }
@@ -112,6 +113,7 @@ Form::~Form() { Close(); }
 void Form::Close() {
   if (window_ != nullptr) {
     RemovePropA(window_, kFormProperty);
+    accessibleNames_.Clear();
     DestroyWindow(std::exchange(window_, nullptr));
   }
 }
@@ -167,6 +169,15 @@ void Form::AddToolTips() {
       tool.uId = reinterpret_cast<UINT_PTR>(Control(row.id));
       tool.lpszText = const_cast<char*>(row.toolTip);
       SendMessageA(toolTips_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+    }
+  }
+}
+
+void Form::AddAccessibleNames() {
+  for (const ControlRow& row : plan_.controls) {
+    if (row.accessibleName != nullptr &&
+        !accessibleNames_.Set(Control(row.id), row.accessibleName)) {
+      return;
     }
   }
 }
@@ -297,6 +308,7 @@ void Form::OnDrawItem(const DRAWITEMSTRUCT&) {}
 void Form::OnActivate(bool) {}
 bool Form::OnMessage(UINT, WPARAM, LPARAM, LRESULT&) { return false; }
 bool Form::OnKey(const MSG&) { return false; }
+void Form::OnColoursChanged() {}
 void Form::OnFontChanged() {}
 void Form::OnArranged() {}
 
@@ -361,6 +373,14 @@ INT_PTR Form::Handle(UINT message, WPARAM wide, LPARAM data) {
                                                              client.cy + frame.cy};
       return TRUE;
     }
+    case WM_SYSCOLORCHANGE:
+      // Windows tells top-level windows only; common controls keep the colours.
+      for (const ControlRow& row : plan_.controls) {
+        SendMessageA(Control(row.id), message, wide, data);
+      }
+      SendMessageA(toolTips_, message, wide, data);
+      OnColoursChanged();
+      return TRUE;
     case WM_SETTINGCHANGE:
       UseMessageFont();
       Arrange();

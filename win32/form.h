@@ -6,13 +6,15 @@
 #include <exception>
 #include <span>
 
+#include "win32/accessible_names.h"
 #include "win32/control_event.h"
 #include "win32/layout.h"
 
 namespace win32 {
 
 // One control of a window's plan. The order of the rows is the order in which
-// Tab goes round and in which a label names the control behind it.
+// Tab goes round and in which a label names the control right behind it, to screen
+// readers too.
 struct ControlRow {
   int id = 0;
   const char* windowClass = "";
@@ -22,6 +24,8 @@ struct ControlRow {
   unsigned anchors = 0;  // Anchor flags
   unsigned pages = 0;    // which of the window's pages show it, one bit each
   const char* toolTip = nullptr;
+  // For screen readers, where no label does: see AccessibleNames.
+  const wchar_t* accessibleName = nullptr;
 };
 
 // Every page of a window.
@@ -76,9 +80,10 @@ class Form {
   virtual void OnClose() = 0;
   // The user pressed a key while the window was active: true when that was all.
   virtual bool OnKey(const MSG& message);
+  // The user has chosen other system colours.
+  virtual void OnColoursChanged();
   // The controls have been given the message font anew.
   virtual void OnFontChanged();
-
   // The controls have been placed and sized anew.
   virtual void OnArranged();
 
@@ -100,6 +105,7 @@ class Form {
   RECT PlaceOf(const ControlRow& row, const Layout& layout) const;
   void CreateControls();
   void AddToolTips();
+  void AddAccessibleNames();
   void UseMessageFont();
   void SizeToPlan();
   void Arrange();
@@ -107,6 +113,7 @@ class Form {
   const FormPlan& plan_;
   HWND window_ = nullptr;
   HWND toolTips_ = nullptr;
+  AccessibleNames accessibleNames_;
   UniqueFont font_;
   unsigned shownPages_;
   SIZE arrangedFor_{};  // the client area

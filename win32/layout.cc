@@ -73,4 +73,22 @@ RECT Layout::Rect(const Place& place, unsigned anchors, SIZE clientSize) const {
   return rect;
 }
 
+void MatchHeight(HWND combo, HWND beside) {
+  const auto height = [](HWND window) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return rect.bottom - rect.top;
+  };
+  if (combo == nullptr || beside == nullptr) {
+    return;
+  }
+  constexpr WPARAM kClosedBox = static_cast<WPARAM>(-1);
+  LRESULT wanted = SendMessageA(combo, CB_GETITEMHEIGHT, kClosedBox, 0);
+  // Twice: Wine adds two pixels to what it is told.
+  for (int i = 0; i < 2; ++i) {
+    wanted += height(beside) - height(combo);
+    SendMessageA(combo, CB_SETITEMHEIGHT, kClosedBox, wanted);
+  }
+}
+
 }  // namespace win32

@@ -47,6 +47,10 @@ class Layout {
   SIZE leastSize_;
 };
 
+// Makes a closed combo box, which goes by its font alone, as high as the control
+// beside it.
+void MatchHeight(HWND combo, HWND beside);
+
 }  // namespace win32
 
 #endif  // CORVALIS_WIN32_LAYOUT_H_

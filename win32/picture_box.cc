@@ -25,6 +25,36 @@ void AppendBytes(std::string& out, const T& value) {
   out.append(reinterpret_cast<const char*>(&value), sizeof value);
 }
 
+LRESULT CALLBACK KeyProcedure(HWND box, UINT message, WPARAM wide, LPARAM data, UINT_PTR id,
+                              DWORD_PTR) {
+  switch (message) {
+    case WM_GETDLGCODE:
+      return wide == VK_RETURN ? DLGC_WANTALLKEYS : DLGC_WANTCHARS;
+    case WM_KEYDOWN: {
+      const bool isHeldDown = (data & 1 << 30) != 0;
+      if ((wide == VK_SPACE || wide == VK_RETURN) && !isHeldDown) {
+        SendMessageA(GetParent(box), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(box), STN_CLICKED),
+                     reinterpret_cast<LPARAM>(box));
+      }
+      return 0;
+    }
+    case WM_LBUTTONDOWN:
+      SetFocus(box);
+      break;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+    case WM_UPDATEUISTATE:
+      InvalidateRect(box, nullptr, FALSE);
+      break;
+    case WM_NCDESTROY:
+      RemoveWindowSubclass(box, KeyProcedure, id);
+      break;
+    default:
+      break;
+  }
+  return DefSubclassProc(box, message, wide, data);
+}
+
 }  // namespace
 
 // The box's bitmap, selected into a device context for as long as this lives.
@@ -44,6 +74,8 @@ void PictureBox::Attach(HWND control) {
   bitmap_.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels_, nullptr, 0));
   Clear();
 }
+
+void PictureBox::TakeKeys() const { SetWindowSubclass(control_, KeyProcedure, 0, 0); }
 
 void PictureBox::Clear() {
   const SIZE size = Size();
@@ -68,6 +100,11 @@ void PictureBox::Paint(const DRAWITEMSTRUCT& item) const {
   const SIZE size = Size();
   BitBlt(item.hDC, item.rcItem.left, item.rcItem.top, size.cx, size.cy,
          Canvas(bitmap_.get()).dc.get(), 0, 0, SRCCOPY);
+  // Until a key leads somewhere, Windows hides where the focus is.
+  const LRESULT hidden = SendMessageA(control_, WM_QUERYUISTATE, 0, 0);
+  if (GetFocus() == control_ && (hidden & UISF_HIDEFOCUS) == 0) {
+    DrawFocusRect(item.hDC, &item.rcItem);
+  }
 }
 
 std::string PictureBox::BitmapFile() const {

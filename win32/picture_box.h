@@ -21,6 +21,10 @@ class PictureBox {
   void Attach(HWND control);
   HWND control() const { return control_; }
 
+  // Makes Space and Enter click the box (SS_NOTIFY) as the mouse does; it then
+  // shows when it has the focus. WS_TABSTOP brings Tab to it.
+  void TakeKeys() const;
+
   // The system colour (COLOR_BACKGROUND, for one) that Clear() fills the box
   // with, at first that of a button's face. Setting it clears nothing.
   void SetBackground(int systemColour) { background_ = systemColour; }

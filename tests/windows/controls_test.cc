@@ -139,24 +139,10 @@ class ControlsTest : public Form2Test {
     return text;
   }
 
-  std::vector<HWND> Visible() {
-    std::vector<HWND> visible;
-    for (HWND control = GetWindow(form().window(), GW_CHILD); control != nullptr;
-         control = GetWindow(control, GW_HWNDNEXT)) {
-      if ((GetWindowLongA(control, GWL_STYLE) & WS_VISIBLE) != 0) {
-        visible.push_back(control);
-      }
-    }
-    return visible;
-  }
   static std::string Class(HWND control) {
     char name[32] = "";
     GetClassNameA(control, name, sizeof name);
     return name;
-  }
-  static bool IsFrame(HWND control) {
-    return Class(control) == "Button" &&
-           (GetWindowLongA(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
   }
   RECT Place(HWND control) {
     RECT rect{};
@@ -170,30 +156,6 @@ class ControlsTest : public Form2Test {
     SetWindowPos(form().window(), nullptr, 0, 0, rect.right - rect.left + width,
                  rect.bottom - rect.top + height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     RunMessages();
-  }
-  // Everything inside the window, and nothing on top of anything else.
-  void ExpectTidy() {
-    RECT client{};
-    GetClientRect(form().window(), &client);
-    const std::vector<HWND> controls = Visible();
-    for (const HWND control : controls) {
-      const RECT rect = Place(control);
-      const int id = GetDlgCtrlID(control);
-      EXPECT_LT(rect.left, rect.right) << id;
-      EXPECT_LT(rect.top, rect.bottom) << id;
-      EXPECT_GE(rect.left, 0) << id;
-      EXPECT_GE(rect.top, 0) << id;
-      EXPECT_LE(rect.right, client.right) << id;
-      EXPECT_LE(rect.bottom, client.bottom) << id;
-      for (const HWND other : controls) {
-        const RECT otherRect = Place(other);
-        RECT common{};
-        if (control < other && !IsFrame(control) && !IsFrame(other)) {
-          EXPECT_FALSE(IntersectRect(&common, &rect, &otherRect))
-              << id << " and " << GetDlgCtrlID(other);
-        }
-      }
-    }
   }
 };
 
@@ -266,16 +228,6 @@ TEST_F(ControlsTest, BothFramesAreInOnePlace) {
   EXPECT_TRUE(EqualRect(&items, &directory));
 }
 
-TEST_F(ControlsTest, NoneIsOnTopOfAnother) {
-  for (const ShownPage& page : kPages) {
-    SCOPED_TRACE(page.name);
-    Show(page);
-    ExpectTidy();
-    Enlarge(400, 300);
-    ExpectTidy();
-  }
-}
-
 TEST_F(ControlsTest, TheWindowHasALeastSize) {
   ASSERT_TRUE(Open(UserDefinedMenu({})));
   RECT before{};
@@ -300,43 +252,6 @@ TEST_F(ControlsTest, ListsAndPathGrowWithTheWindow) {
   EXPECT_EQ(size(IDC_FORM2_LIST1), std::make_pair(list.first + 200, list.second + 150));
   EXPECT_EQ(size(IDC_FORM2_DIR1), std::make_pair(folders.first + 200, folders.second + 150));
   EXPECT_EQ(size(IDC_FORM2_TEXT7), std::make_pair(path.first + 200, path.second));
-}
-
-TEST_F(ControlsTest, HaveRoomForTheirTexts) {
-  ASSERT_TRUE(Open(UserDefinedMenu({})));
-  for (const ExpectedControl& expected : kExpected) {
-    const HWND control = Control(expected.id);
-    const std::string text = win32::WindowText(control);
-    if (expected.windowClass == std::string("Edit") || text.empty()) {
-      continue;
-    }
-    const win32::WindowDc dc(control);
-    const win32::SelectedObject font(
-        dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(control, WM_GETFONT, 0, 0)));
-    SIZE extent{};
-    GetTextExtentPoint32A(dc.get(), text.c_str(), static_cast<int>(text.size()), &extent);
-    const int frame = expected.type == BS_AUTOCHECKBOX ? 20 : 0;
-    const RECT rect = Place(control);
-    EXPECT_GE(rect.right - rect.left, extent.cx + frame) << text;
-    EXPECT_GE(rect.bottom - rect.top, extent.cy) << text;
-  }
-}
-
-// A screen reader takes the text before a control for its name.
-TEST_F(ControlsTest, WhatHasNoCaptionIsNamedByTheLabelBeforeIt) {
-  for (const ShownPage& page : kPages) {
-    Show(page);
-    HWND before = nullptr;
-    for (const HWND control : Visible()) {
-      const std::string name = Class(control);
-      if (name == "Edit" || name == "ListBox" || name == "ComboBox" || name == "ScrollBar") {
-        ASSERT_NE(before, nullptr);
-        EXPECT_EQ(Class(before), "Static") << GetDlgCtrlID(control);
-        EXPECT_NE(win32::WindowText(before), "") << GetDlgCtrlID(control);
-      }
-      before = control;
-    }
-  }
 }
 
 }  // namespace

@@ -6,8 +6,6 @@
 #include "tests/windows/form4_test_base.h"
 #include "tests/windows/handle_count.h"
 
-using testing_icons::Library;
-
 class Form4Test : public Form4TestBase {};
 
 TEST_F(Form4Test, ChangeIconWantsASelectedEntryWithATarget) {

@@ -70,6 +70,36 @@ TEST_F(KeyboardTest, TabGoesThroughTheDirectoryPage) {
                                        IDC_FORM2_COMMAND15, IDC_FORM2_COMMAND5}));
 }
 
+TEST_F(KeyboardTest, TabGoesThroughTheAppearancePage) {
+  OpenShown(UserDefinedMenu({}));
+  SelectTab(1);
+  EXPECT_EQ(Round(), (std::vector<int>{IDC_FORM2_SSTAB1, IDC_FORM2_TEXT3, IDC_FORM2_COMMAND6,
+                                       IDC_FORM2_PICTURE1, IDC_FORM2_COMMAND10, IDC_FORM2_CHECK1,
+                                       IDC_FORM2_COMMAND12, IDC_FORM2_COMMAND5}));
+}
+
+TEST_F(KeyboardTest, SpaceAndEnterClickTheMenusIcon) {
+  for (const WPARAM key : {VK_SPACE, VK_RETURN}) {
+    OpenShown(UserDefinedMenu({}));
+    SelectTab(1);
+    SetFocus(Control(IDC_FORM2_PICTURE1));
+    Key('A');
+    Press(IDC_FORM2_COMMAND12);
+    const std::string before = MenuBytes();
+    SetFocus(Control(IDC_FORM2_PICTURE1));
+    Key(key);
+    Press(IDC_FORM2_COMMAND12);
+    const std::string after = MenuBytes();
+    ASSERT_GT(after.size(), 57U);
+    // The first pixel behind the headers of the bitmap that was saved.
+    const COLORREF desktop = GetSysColor(COLOR_BACKGROUND);
+    EXPECT_NE(before.substr(54, 3), after.substr(54, 3));
+    EXPECT_EQ(static_cast<BYTE>(after[54]), GetBValue(desktop));
+    EXPECT_EQ(static_cast<BYTE>(after[55]), GetGValue(desktop));
+    EXPECT_EQ(static_cast<BYTE>(after[56]), GetRValue(desktop));
+  }
+}
+
 TEST_F(KeyboardTest, TabGoesThroughTheAboutPage) {
   OpenShown(UserDefinedMenu({}));
   SelectTab(2);

@@ -124,7 +124,7 @@ TEST_F(PreviewTest, ASelectionEnablesAndDisablesNothing) {
       {ItemLine("Folder", "C:\\windows"), kSeparatorLine, ItemLine("None", "C:\\none")})));
   const auto enabled = [this] {
     std::string states;
-    for (int id = IDC_FORM2_SSTAB1; id <= IDC_FORM2_PICTURE1_LABEL; ++id) {
+    for (int id = IDC_FORM2_SSTAB1; id <= IDC_FORM2_PAGE_FRAME; ++id) {
       states += IsEnabled(id) ? "1" : "0";
     }
     return states;

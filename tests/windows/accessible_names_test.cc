@@ -1,0 +1,250 @@
+#include <windows.h>
+
+#include <oleacc.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "tests/windows/window_tour.h"
+
+namespace {
+
+// What Windows keeps of names that a program gives to its controls. Wine has
+// nothing for it, so that the tests bring this along.
+class KeptNames final : public IAccPropServices {
+ public:
+  std::map<HWND, std::wstring> names;
+
+  HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
+    const bool isKnown = id == IID_IUnknown || id == IID_IAccPropServices;
+    *object = isKnown ? this : nullptr;
+    return isKnown ? S_OK : E_NOINTERFACE;
+  }
+  ULONG WINAPI AddRef() override { return 2; }
+  ULONG WINAPI Release() override { return 1; }
+
+  HRESULT WINAPI SetHwndPropStr(HWND window, DWORD object, DWORD child, MSAAPROPID property,
+                                LPCWSTR text) override {
+    EXPECT_EQ(object, static_cast<DWORD>(OBJID_CLIENT));
+    EXPECT_EQ(child, static_cast<DWORD>(CHILDID_SELF));
+    EXPECT_TRUE(property == PROPID_ACC_NAME);
+    names[window] = text;
+    return S_OK;
+  }
+  HRESULT WINAPI ClearHwndProps(HWND window, DWORD object, DWORD child,
+                                const MSAAPROPID* properties, int count) override {
+    EXPECT_EQ(object, static_cast<DWORD>(OBJID_CLIENT));
+    EXPECT_EQ(child, static_cast<DWORD>(CHILDID_SELF));
+    EXPECT_EQ(count, 1);
+    EXPECT_TRUE(*properties == PROPID_ACC_NAME);
+    EXPECT_TRUE(IsWindow(window)) << "cleared too late";
+    EXPECT_EQ(names.erase(window), 1U);
+    return S_OK;
+  }
+
+  // Nothing else is called.
+  HRESULT WINAPI SetPropValue(const BYTE*, DWORD, MSAAPROPID, VARIANT) override {
+    return E_NOTIMPL;
+  }
+  HRESULT WINAPI SetPropServer(const BYTE*, DWORD, const MSAAPROPID*, int, IAccPropServer*,
+                               AnnoScope) override {
+    return E_NOTIMPL;
+  }
+  HRESULT WINAPI ClearProps(const BYTE*, DWORD, const MSAAPROPID*, int) override {
+    return E_NOTIMPL;
+  }
+  HRESULT WINAPI SetHwndProp(HWND, DWORD, DWORD, MSAAPROPID, VARIANT) override { return E_NOTIMPL; }
+  HRESULT WINAPI SetHwndPropServer(HWND, DWORD, DWORD, const MSAAPROPID*, int, IAccPropServer*,
+                                   AnnoScope) override {
+    return E_NOTIMPL;
+  }
+  HRESULT WINAPI ComposeHwndIdentityString(HWND, DWORD, DWORD, BYTE**, DWORD*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT WINAPI DecomposeHwndIdentityString(const BYTE*, DWORD, HWND*, DWORD*, DWORD*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT WINAPI SetHmenuProp(HMENU, DWORD, MSAAPROPID, VARIANT) override { return E_NOTIMPL; }
+  HRESULT WINAPI SetHmenuPropStr(HMENU, DWORD, MSAAPROPID, LPCWSTR) override { return E_NOTIMPL; }
+  HRESULT WINAPI SetHmenuPropServer(HMENU, DWORD, const MSAAPROPID*, int, IAccPropServer*,
+                                    AnnoScope) override {
+    return E_NOTIMPL;
+  }
+  HRESULT WINAPI ClearHmenuProps(HMENU, DWORD, const MSAAPROPID*, int) override {
+    return E_NOTIMPL;
+  }
+  HRESULT WINAPI ComposeHmenuIdentityString(HMENU, DWORD, BYTE**, DWORD*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT WINAPI DecomposeHmenuIdentityString(const BYTE*, DWORD, HMENU*, DWORD*) override {
+    return E_NOTIMPL;
+  }
+};
+
+// Makes COM give that one out while this lives.
+class KeptNamesFactory final : public IClassFactory {
+ public:
+  explicit KeptNamesFactory(KeptNames& names) : names_(names) {
+    EXPECT_EQ(CoRegisterClassObject(CLSID_AccPropServices, this, CLSCTX_INPROC_SERVER,
+                                    REGCLS_MULTIPLEUSE, &cookie_),
+              S_OK);
+  }
+  KeptNamesFactory(const KeptNamesFactory&) = delete;
+  KeptNamesFactory& operator=(const KeptNamesFactory&) = delete;
+  ~KeptNamesFactory() { CoRevokeClassObject(cookie_); }
+
+  HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
+    const bool isKnown = id == IID_IUnknown || id == IID_IClassFactory;
+    *object = isKnown ? this : nullptr;
+    return isKnown ? S_OK : E_NOINTERFACE;
+  }
+  ULONG WINAPI AddRef() override { return 2; }
+  ULONG WINAPI Release() override { return 1; }
+  HRESULT WINAPI CreateInstance(IUnknown*, REFIID id, void** object) override {
+    return names_.QueryInterface(id, object);
+  }
+  HRESULT WINAPI LockServer(BOOL) override { return S_OK; }
+
+ private:
+  KeptNames& names_;
+  DWORD cookie_ = 0;
+};
+
+struct NamedControl {
+  int id;
+  const wchar_t* name;
+};
+
+// What a screen reader says on coming to each control that the user can act on.
+constexpr NamedControl kNames[] = {
+    {IDC_FORM2_SSTAB1, L"Pages"},
+    {IDC_FORM2_COMMAND5, L"Quit"},
+
+    {IDC_FORM2_COMMAND13, L"Change Menu Type"},
+    {IDC_FORM2_LIST1, L"Menu entries :"},
+    {IDC_FORM2_COMMAND2, L"Add"},
+    {IDC_FORM2_COMMAND3, L"Edit"},
+    {IDC_FORM2_COMMAND7, L"Delete"},
+    {IDC_FORM2_COMMAND4, L"Move Up"},
+    {IDC_FORM2_COMMAND8, L"Move Down"},
+    {IDC_FORM2_COMMAND9, L"Separator"},
+    {IDC_FORM2_COMMAND11, L"Change Icon"},
+
+    {IDC_FORM2_COMMAND14, L"Change Menu Type"},
+    {IDC_FORM2_DRIVE1, L"Drive :"},
+    {IDC_FORM2_DIR1, L"Folder :"},
+    {IDC_FORM2_TEXT7, L"Current Path :"},
+    {IDC_FORM2_TEXT8, L"File Pattern :"},
+    {IDC_FORM2_CHECK2, L"Display Folders"},
+    {IDC_FORM2_CHECK3, L"Display Hidden Files"},
+    {IDC_FORM2_CHECK4, L"Hide file extentions for known file types"},
+    {IDC_FORM2_COMMAND15, L"Save Changes"},
+
+    {IDC_FORM2_TEXT3, L"Sample :"},
+    {IDC_FORM2_COMMAND6, L"Change Font"},
+    {IDC_FORM2_PICTURE1, L"Show the icon on the desktop colour"},
+    {IDC_FORM2_HSCROLL1, L"Icon in the file :"},
+    {IDC_FORM2_COMMAND10, L"Select Icon File"},
+    {IDC_FORM2_CHECK1, L"Show small icons in menu"},
+    {IDC_FORM2_COMMAND12, L"Save Changes"},
+
+    {IDC_FORM3_TEXT1, L"Full path of the item"},
+    {IDC_FORM3_COMMAND3, L"Browse..."},
+    {IDC_FORM3_TEXT2, L"Additional Command Line Arguments"},
+    {IDC_FORM3_TEXT3, L"Start in"},
+    {IDC_FORM3_TEXT4, L"Name of the shortcut"},
+    {IDC_FORM3_COMMAND4, L"< Back"},
+    {IDC_FORM3_COMMAND1, L"Next >"},
+    {IDC_FORM3_COMMAND5, L"Finish"},
+    {IDC_FORM3_COMMAND2, L"Cancel"},
+
+    {IDC_FORM4_HSCROLL1, L"Icon in the file :"},
+    {IDC_FORM4_COMMAND2, L"Select Icon Library"},
+    {IDC_FORM4_COMMAND1, L"OK"},
+    {IDC_FORM4_COMMAND3, L"Cancel"},
+};
+
+std::wstring WideText(HWND window) {
+  wchar_t text[256] = L"";
+  GetWindowTextW(window, text, 256);
+  return text;
+}
+
+}  // namespace
+
+// Outlives the windows.
+class KeepsNames {
+ protected:
+  KeptNames kept;
+};
+
+class AccessibleNamesTest : public KeepsNames, public WindowTour {
+ protected:
+  // What Windows' accessibility takes for a control's name: the one that was
+  // given to it; else a button's own text; else the text of the label right
+  // before it, seen or not.
+  std::wstring NameOf(HWND control) {
+    if (const auto given = kept.names.find(control); given != kept.names.end()) {
+      return given->second;
+    }
+    if (Class(control) == "Button") {
+      return WideText(control);
+    }
+    const HWND before = GetWindow(control, GW_HWNDPREV);
+    return before != nullptr && Class(before) == "Static" ? WideText(before) : std::wstring();
+  }
+
+  // The keyboard or the mouse does something there.
+  static bool CanBeActedOn(HWND control) {
+    const LONG style = GetWindowLongA(control, GWL_STYLE);
+    return (style & WS_TABSTOP) != 0 || (Class(control) == "Static" && (style & SS_NOTIFY) != 0);
+  }
+};
+
+TEST_F(AccessibleNamesTest, EveryControlToActOnSaysWhatItDoes) {
+  const KeptNamesFactory factory(kept);
+  std::map<int, std::wstring> found;
+  VisitAll([&](const std::string&, HWND window) {
+    for (const HWND control : Shown(window)) {
+      if (CanBeActedOn(control)) {
+        found[GetDlgCtrlID(control)] = NameOf(control);
+      }
+    }
+  });
+  std::map<int, std::wstring> expected;
+  for (const NamedControl& control : kNames) {
+    expected[control.id] = control.name;
+  }
+  EXPECT_EQ(found, expected);
+}
+
+TEST_F(AccessibleNamesTest, EveryPreviewSaysWhoseIconItShows) {
+  const KeptNamesFactory factory(kept);
+  std::map<int, std::wstring> found;
+  VisitAll([&](const std::string&, HWND window) {
+    for (const int id : {IDC_FORM2_ICONIC1, IDC_FORM4_PICTURE1}) {
+      if (const HWND box = GetDlgItem(window, id)) {
+        found[id] = NameOf(box);
+      }
+    }
+  });
+  EXPECT_EQ(found, (std::map<int, std::wstring>{{IDC_FORM2_ICONIC1, L"Icon of the selected entry"},
+                                                {IDC_FORM4_PICTURE1, L"Chosen icon"}}));
+}
+
+TEST_F(AccessibleNamesTest, NamesGoWithTheirWindow) {
+  const KeptNamesFactory factory(kept);
+  ASSERT_TRUE(Open(testing_menus::UserDefinedMenu({})));
+  const std::size_t own = kept.names.size();
+  EXPECT_GT(own, 0U);
+  Press(IDC_FORM2_COMMAND2);
+  EXPECT_GT(kept.names.size(), own);
+  SendMessageA(GetDlgItem(Find("Form3"), IDC_FORM3_COMMAND2), BM_CLICK, 0, 0);
+  RunMessages();
+  EXPECT_EQ(kept.names.size(), own);
+  SendMessageA(form().window(), WM_CLOSE, 0, 0);
+  EXPECT_TRUE(kept.names.empty());
+  MSG message;
+  EXPECT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+}

@@ -1,0 +1,236 @@
+#include "win32/layout.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "tests/windows/window_tour.h"
+
+namespace {
+
+// What these tests run at; tests/tools/scaling_test.sh runs them at several.
+int ExpectedDpi() {
+  const char* dpi = std::getenv("CORVALIS_TEST_DPI");
+  return dpi == nullptr ? 96 : std::atoi(dpi);
+}
+
+// How much light a colour gives off, from 0 to 1, to a normal eye.
+double Luminance(COLORREF colour) {
+  const auto part = [](BYTE value) {
+    const double share = value / 255.0;
+    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * part(GetRValue(colour)) + 0.7152 * part(GetGValue(colour)) +
+         0.0722 * part(GetBValue(colour));
+}
+
+// 1 for the same colour, 21 for black on white.
+double Contrast(COLORREF one, COLORREF other) {
+  const double a = Luminance(one) + 0.05;
+  const double b = Luminance(other) + 0.05;
+  return std::max(a, b) / std::min(a, b);
+}
+
+SIZE TextSize(HWND control, const std::string& text, int width) {
+  const win32::WindowDc dc(control);
+  const win32::SelectedObject font(
+      dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(control, WM_GETFONT, 0, 0)));
+  RECT rect{0, 0, width, 0};
+  DrawTextA(dc.get(), text.c_str(), static_cast<int>(text.size()), &rect,
+            DT_CALCRECT | (width == 0 ? DT_SINGLELINE : DT_WORDBREAK));
+  return {rect.right, rect.bottom};
+}
+
+}  // namespace
+
+// The look of all pages, at whatever DPI and with whatever colours Windows has.
+class LayoutTest : public WindowTour {
+ protected:
+  static void Enlarge(HWND window, int width, int height) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    SetWindowPos(window, nullptr, 0, 0, rect.right - rect.left + width,
+                 rect.bottom - rect.top + height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    RunMessages();
+  }
+
+  static int Height(HWND control) {
+    const RECT rect = Place(control);
+    return rect.bottom - rect.top;
+  }
+
+  static int Scaled(int pixels) { return MulDiv(pixels, ExpectedDpi(), 96); }
+
+  // Everything inside the window, and nothing on top of anything else.
+  static void ExpectTidy(HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    const std::vector<HWND> controls = Shown(window);
+    for (const HWND control : controls) {
+      const RECT rect = Place(control);
+      const int id = GetDlgCtrlID(control);
+      EXPECT_LT(rect.left, rect.right) << id;
+      EXPECT_LT(rect.top, rect.bottom) << id;
+      EXPECT_GE(rect.left, 0) << id;
+      EXPECT_GE(rect.top, 0) << id;
+      EXPECT_LE(rect.right, client.right) << id;
+      EXPECT_LE(rect.bottom, client.bottom) << id;
+      for (const HWND other : controls) {
+        const RECT otherRect = Place(other);
+        RECT common{};
+        if (control < other && !IsFrame(control) && !IsFrame(other)) {
+          EXPECT_FALSE(IntersectRect(&common, &rect, &otherRect))
+              << id << " and " << GetDlgCtrlID(other);
+        }
+      }
+    }
+  }
+};
+
+TEST_F(LayoutTest, RunsWithTheColoursThatAreAskedFor) {
+  const char* scheme = std::getenv("CORVALIS_TEST_SCHEME");
+  const bool isContrast = scheme != nullptr && std::string(scheme) == "contrast";
+  EXPECT_EQ(GetSysColor(COLOR_BTNFACE) == RGB(0, 0, 0), isContrast);
+}
+
+TEST_F(LayoutTest, RunsAtTheDpiThatIsAskedFor) {
+  VisitAll([](const std::string& page, HWND window) {
+    EXPECT_EQ(win32::DpiOf(window), static_cast<UINT>(ExpectedDpi())) << page;
+  });
+}
+
+TEST_F(LayoutTest, NothingIsOnTopOfAnythingElse) {
+  VisitAll([](const std::string& page, HWND window) {
+    SCOPED_TRACE(page);
+    ExpectTidy(window);
+    Enlarge(window, 400, 300);
+    ExpectTidy(window);
+    Enlarge(window, -400, -300);
+  });
+}
+
+TEST_F(LayoutTest, EveryTextHasRoom) {
+  VisitAll([](const std::string& page, HWND window) {
+    SCOPED_TRACE(page);
+    for (const HWND control : Shown(window)) {
+      const std::string text = win32::WindowText(control);
+      const std::string name = Class(control);
+      if (text.empty()) {
+        continue;
+      }
+      const RECT rect = Place(control);
+      const int width = rect.right - rect.left;
+      if (name == "Edit") {
+        // Any text may be longer than its box, but no higher.
+        RECT inside{};
+        GetClientRect(control, &inside);
+        EXPECT_GE(inside.bottom, TextSize(control, text, 0).cy) << text;
+      } else if (name == "Button") {
+        const bool isCheckBox =
+            (GetWindowLongA(control, GWL_STYLE) & BS_TYPEMASK) == BS_AUTOCHECKBOX;
+        const SIZE size = TextSize(control, text, 0);
+        EXPECT_GE(width, size.cx + Scaled(isCheckBox ? 20 : 10)) << text;
+        EXPECT_GE(rect.bottom - rect.top, size.cy) << text;
+      } else {
+        const SIZE size = TextSize(control, text, width);
+        EXPECT_GE(width, size.cx) << text;
+        EXPECT_GE(rect.bottom - rect.top, size.cy) << text;
+      }
+    }
+  });
+}
+
+// A box of one line is neither cramped nor does its text hang under its top.
+TEST_F(LayoutTest, BoxesOfOneLineFitIt) {
+  VisitAll([](const std::string& page, HWND window) {
+    for (const HWND control : Shown(window)) {
+      if (Class(control) == "Edit" && GetDlgCtrlID(control) != IDC_FORM2_TEXT3) {
+        const int line = TextSize(control, "Xg", 0).cy;
+        EXPECT_GE(Height(control), line + 6) << page << ' ' << GetDlgCtrlID(control);
+        EXPECT_LE(Height(control), line * 5 / 3) << page << ' ' << GetDlgCtrlID(control);
+      }
+    }
+  });
+}
+
+TEST_F(LayoutTest, TheDriveListIsAsHighAsTheBoxBesideIt) {
+  VisitAll([this](const std::string& page, HWND window) {
+    if (page == "directory") {
+      EXPECT_EQ(Height(Control(IDC_FORM2_DRIVE1)), Height(Control(IDC_FORM2_TEXT8)));
+      Enlarge(window, 100, 100);
+      EXPECT_EQ(Height(Control(IDC_FORM2_DRIVE1)), Height(Control(IDC_FORM2_TEXT8)));
+    }
+  });
+}
+
+TEST_F(LayoutTest, TheTabsStandOnTheFrameOfTheirPage) {
+  VisitAll([this](const std::string& page, HWND window) {
+    if (window != form().window()) {
+      return;
+    }
+    const HWND tabs = Control(IDC_FORM2_SSTAB1);
+    RECT strip{};
+    GetClientRect(tabs, &strip);
+    for (WPARAM tab = 0; tab < 3; ++tab) {
+      RECT rect{};
+      ASSERT_TRUE(SendMessageA(tabs, TCM_GETITEMRECT, tab, reinterpret_cast<LPARAM>(&rect)));
+      EXPECT_EQ(rect.bottom, strip.bottom) << page;
+      EXPECT_LE(rect.right, strip.right) << page;
+    }
+    // A frame's upper line runs through the middle of where a text would be.
+    for (const HWND control : Shown(window)) {
+      if (IsFrame(control) && win32::WindowText(control).empty()) {
+        const int line = Place(control).top + TextSize(control, "X", 0).cy / 2;
+        EXPECT_GT(line, Place(tabs).bottom) << page;
+        EXPECT_LE(line, Place(tabs).bottom + Scaled(3)) << page;
+      }
+    }
+  });
+}
+
+// As by the eyes of someone who needs a scheme of high contrast: no colour of
+// the program's own is mixed with those of the scheme.
+TEST_F(LayoutTest, TextsStandOutFromTheirBackground) {
+  VisitAll([](const std::string& page, HWND window) {
+    for (const HWND control : Shown(window)) {
+      const std::string name = Class(control);
+      const UINT message = name == "Edit"      ? WM_CTLCOLOREDIT
+                           : name == "ListBox" ? WM_CTLCOLORLISTBOX
+                           : name == "Button"  ? WM_CTLCOLORBTN
+                                               : WM_CTLCOLORSTATIC;
+      const win32::WindowDc dc(control);
+      SendMessageA(window, message, reinterpret_cast<WPARAM>(dc.get()),
+                   reinterpret_cast<LPARAM>(control));
+      EXPECT_GE(Contrast(GetTextColor(dc.get()), GetBkColor(dc.get())), 4.5)
+          << page << ' ' << GetDlgCtrlID(control);
+    }
+  });
+}
+
+// Windows tells the window alone; its controls learn of it through the window.
+TEST_F(LayoutTest, NewColoursReachEveryControl) {
+  VisitAll([](const std::string& page, HWND window) {
+    static int told;
+    told = 0;
+    const SUBCLASSPROC count = [](HWND control, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
+                                  DWORD_PTR) -> LRESULT {
+      told += message == WM_SYSCOLORCHANGE ? 1 : 0;
+      return DefSubclassProc(control, message, wide, data);
+    };
+    const std::vector<HWND> controls = Shown(window);
+    for (const HWND control : controls) {
+      SetWindowSubclass(control, count, 99, 0);
+    }
+    SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
+    EXPECT_EQ(told, static_cast<int>(controls.size())) << page;
+    for (const HWND control : controls) {
+      RemoveWindowSubclass(control, count, 99);
+    }
+  });
+}
