@@ -43,9 +43,9 @@ sleep 0.5
 
 xdotool windowactivate --sync "$main" key --window 0 ctrl+Page_Down
 sleep 0.5
-# "Select Icon File" follows the sample, "Change Font" and the scroll bar, which
-# is disabled.
-xdotool key --window 0 Tab Tab Tab space
+# "Select Icon File" follows the sample, "Change Font", the icon and the scroll
+# bar, which is disabled.
+xdotool key --window 0 Tab Tab Tab Tab space
 dialog=$(wait_for_window 'Select a DLL or EXE which includes Icons')
 xdotool windowactivate --sync "$dialog"
 sleep 0.5

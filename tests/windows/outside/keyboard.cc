@@ -1,0 +1,54 @@
+#include "tests/windows/outside/keyboard.h"
+
+#include "tests/windows/outside/program.h"
+
+namespace outside {
+namespace {
+
+INPUT KeyInput(WORD key, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = key;
+  input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, MAPVK_VK_TO_VSC));
+  // The keys between letters and numbers; those of the number pad have the same codes.
+  const bool isApart = key >= VK_PRIOR && key <= VK_DOWN;
+  input.ki.dwFlags = flags | (isApart ? KEYEVENTF_EXTENDEDKEY : 0U);
+  return input;
+}
+
+}  // namespace
+
+void PressKey(WORD key, const std::vector<WORD>& held) {
+  std::vector<INPUT> inputs;
+  for (const WORD other : held) {
+    inputs.push_back(KeyInput(other, 0));
+  }
+  inputs.push_back(KeyInput(key, 0));
+  inputs.push_back(KeyInput(key, KEYEVENTF_KEYUP));
+  for (const WORD other : held) {
+    inputs.push_back(KeyInput(other, KEYEVENTF_KEYUP));
+  }
+  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+void TypeText(const std::string& text) {
+  for (const char letter : text) {
+    const SHORT key = VkKeyScanA(letter);
+    constexpr SHORT kWithShift = 0x100;
+    PressKey(static_cast<WORD>(key & 0xFF),
+             (key & kWithShift) != 0 ? std::vector<WORD>{VK_SHIFT} : std::vector<WORD>{});
+  }
+}
+
+HWND FocusIn(HWND window) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+  return info.hwndFocus;
+}
+
+bool WaitForFront(HWND window) {
+  return WaitUntil([=] { return GetForegroundWindow() == window && FocusIn(window) != nullptr; });
+}
+
+}  // namespace outside
