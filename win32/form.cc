@@ -11,6 +11,7 @@
 
 #include "win32/message_box.h"
 #include "win32/picture_box.h"
+#include "win32/scroll_bar.h"
 
 namespace win32 {
 namespace {
@@ -259,51 +260,6 @@ void Form::SetDefaultButton(int id) {
   }
 }
 
-// Moves a scroll bar as its user, or a message from elsewhere, asks.
-void Form::Scroll(HWND bar, UINT request, int position) {
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_ALL;
-  SendMessageA(bar, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(&info));
-  const int page = std::max(static_cast<int>(info.nPage), 1);
-  int wanted = info.nPos;
-  switch (request) {
-    case SB_LINELEFT:
-      wanted -= 1;
-      break;
-    case SB_LINERIGHT:
-      wanted += 1;
-      break;
-    case SB_PAGELEFT:
-      wanted -= page;
-      break;
-    case SB_PAGERIGHT:
-      wanted += page;
-      break;
-    case SB_LEFT:
-      wanted = info.nMin;
-      break;
-    case SB_RIGHT:
-      wanted = info.nMax;
-      break;
-    case SB_THUMBPOSITION:
-    case SB_THUMBTRACK:
-      wanted = position;
-      break;
-    case SB_ENDSCROLL:
-      break;
-    default:
-      return;
-  }
-  wanted = std::clamp(wanted, info.nMin, std::max(info.nMin, info.nMax - page + 1));
-  // Where scrolling ends, whoever drives the window may have moved the bar first.
-  const bool ends = request == SB_THUMBPOSITION || request == SB_ENDSCROLL;
-  if (wanted != info.nPos || ends) {
-    SendMessageA(bar, SBM_SETPOS, static_cast<WPARAM>(wanted), TRUE);
-    OnCommand(GetDlgCtrlID(bar), kScrolled);
-  }
-}
-
 void Form::OnDrawItem(const DRAWITEMSTRUCT&) {}
 void Form::OnActivate(bool) {}
 bool Form::OnMessage(UINT, WPARAM, LPARAM, LRESULT&) { return false; }
@@ -345,7 +301,10 @@ INT_PTR Form::Handle(UINT message, WPARAM wide, LPARAM data) {
       }
       return FALSE;
     case WM_HSCROLL:
-      Scroll(reinterpret_cast<HWND>(data), LOWORD(wide), HIWORD(wide));
+      if (const HWND bar = reinterpret_cast<HWND>(data);
+          MoveScrollBar(bar, LOWORD(wide), HIWORD(wide))) {
+        OnCommand(GetDlgCtrlID(bar), kScrolled);
+      }
       return TRUE;
     case kEventMessage:
       OnCommand(static_cast<int>(wide), static_cast<UINT>(data));

@@ -101,7 +101,6 @@ class Form {
 
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM data);
   INT_PTR Handle(UINT message, WPARAM wide, LPARAM data);
-  void Scroll(HWND bar, UINT request, int position);
   RECT PlaceOf(const ControlRow& row, const Layout& layout) const;
   void CreateControls();
   void AddToolTips();

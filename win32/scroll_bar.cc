@@ -1,0 +1,52 @@
+#include "win32/scroll_bar.h"
+
+#include <algorithm>
+
+namespace win32 {
+
+bool MoveScrollBar(HWND bar, UINT request, int position) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL;
+  SendMessageA(bar, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(&info));
+  const int page = std::max(static_cast<int>(info.nPage), 1);
+  int wanted = info.nPos;
+  switch (request) {
+    case SB_LINELEFT:
+      wanted -= 1;
+      break;
+    case SB_LINERIGHT:
+      wanted += 1;
+      break;
+    case SB_PAGELEFT:
+      wanted -= page;
+      break;
+    case SB_PAGERIGHT:
+      wanted += page;
+      break;
+    case SB_LEFT:
+      wanted = info.nMin;
+      break;
+    case SB_RIGHT:
+      wanted = info.nMax;
+      break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK:
+      wanted = position;
+      break;
+    case SB_ENDSCROLL:
+      break;
+    default:
+      return false;
+  }
+  wanted = std::clamp(wanted, info.nMin, std::max(info.nMin, info.nMax - page + 1));
+  // Where scrolling ends, whoever drives the window may have moved the bar first.
+  const bool ends = request == SB_THUMBPOSITION || request == SB_ENDSCROLL;
+  if (wanted == info.nPos && !ends) {
+    return false;
+  }
+  SendMessageA(bar, SBM_SETPOS, static_cast<WPARAM>(wanted), TRUE);
+  return true;
+}
+
+}  // namespace win32
