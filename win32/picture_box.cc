@@ -38,9 +38,6 @@ LRESULT CALLBACK KeyProcedure(HWND box, UINT message, WPARAM wide, LPARAM data, 
       }
       return 0;
     }
-    case WM_LBUTTONDOWN:
-      SetFocus(box);
-      break;
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
     case WM_UPDATEUISTATE:
