@@ -82,7 +82,7 @@ void MatchHeight(HWND combo, HWND beside) {
   if (combo == nullptr || beside == nullptr) {
     return;
   }
-  constexpr WPARAM kClosedBox = static_cast<WPARAM>(-1);
+  constexpr auto kClosedBox = static_cast<WPARAM>(-1);
   LRESULT wanted = SendMessageA(combo, CB_GETITEMHEIGHT, kClosedBox, 0);
   // Twice: Wine adds two pixels to what it is told.
   for (int i = 0; i < 2; ++i) {
