@@ -1,6 +1,6 @@
 #!/bin/bash
-# Saves pictures of the two pages of the New Shortcut wizard, as the README
-# shows them:
+# Saves pictures of the list of entries and of the two pages of the New Shortcut
+# wizard, as the README shows them:
 #
 #   tools/photograph_wizard.sh [FOLDER]     default: docs
 #
@@ -24,8 +24,10 @@ editor=$!
 main=$(wait_for_window 'Corvalis Edit')
 xdotool mousemove 1279 1023 windowactivate --sync "$main"
 sleep 1
-# From the tabs to the Add button.
-xdotool key --window 0 Tab Tab Tab space
+# From the tabs to the list, and on to the Add button.
+xdotool key --window 0 Tab Tab Home
+photograph "$main" "$folder/contents.png"
+xdotool key --window 0 Tab space
 wizard=$(wait_for_window 'New Shortcut')
 xdotool windowactivate --sync "$wizard"
 sleep 1
