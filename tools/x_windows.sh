@@ -36,3 +36,30 @@ photograph() {
   rm -f "$last" "$new"
   fail "the picture $2 does not stand still"
 }
+
+# begin_photographs SAMPLE [FOLDER]: opens a copy of that sample in the editor, in
+# a session of its own, and leaves in $main the editor's window and in $folder
+# where the pictures go, docs if nothing else. The pointer is out of the way.
+begin_photographs() {
+  local sample=$1
+  shift
+  folder=$(realpath -m -- "${1:-$project_root/docs}")
+  if [ -z "${CORVALIS_WINE_SESSION:-}" ]; then
+    exec "$project_root/tools/wine_session.sh" photo "$0" "$folder"
+  fi
+  mkdir -p "$folder" "$build_dir/run"
+  work=$(mktemp -d "$build_dir/run/photo.XXXXXX")
+  trap 'rm -rf "$work"' EXIT
+  cp "$project_root/samples/$sample.menu" "$work/$sample.menu"
+  "$project_root/tools/start_editor.sh" "$CORVALIS_WINE_SESSION" "$work/$sample.menu" &
+  editor=$!
+  main=$(wait_for_window 'Corvalis Edit')
+  xdotool mousemove 1279 1023 windowactivate --sync "$main"
+  sleep 1
+}
+
+# end_photographs: closes the editor, which has to end well.
+end_photographs() {
+  xdotool windowactivate --sync "$main" key alt+F4
+  wait "$editor"
+}
