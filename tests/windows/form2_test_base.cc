@@ -101,6 +101,16 @@ std::vector<editor::HiddenRow> Form2Test::HiddenRows() {
   return rows;
 }
 
+bool Form2Test::IsIcon(const std::string& iconText) {
+  ICONINFO info{};
+  if (!GetIconInfo(editor::IconOfText(iconText), &info)) {
+    return false;
+  }
+  DeleteObject(info.hbmColor);
+  DeleteObject(info.hbmMask);
+  return true;
+}
+
 std::string Form2Test::ReadBytes(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return std::string(std::istreambuf_iterator<char>(file), {});

@@ -46,6 +46,8 @@ class Form2Test : public ::testing::Test {
   bool IsChecked(int id);
 
   std::vector<editor::HiddenRow> HiddenRows();  // as many as there are rows
+  // Whether the icon of that number, as a hidden row has it, is there.
+  static bool IsIcon(const std::string& iconText);
 
   // The folder, without a trailing backslash, and files in it.
   const std::string& folder() const { return folder_; }

@@ -121,16 +121,6 @@ std::vector<COLORREF> IconTest::Empty(int systemColour) {
                                GetSysColor(systemColour));
 }
 
-bool IconTest::IsIcon(const std::string& handleText) {
-  ICONINFO info{};
-  if (!GetIconInfo(editor::IconOfText(handleText), &info)) {
-    return false;
-  }
-  DeleteObject(info.hbmMask);
-  DeleteObject(info.hbmColor);
-  return true;
-}
-
 std::optional<int> IconTest::ExitCode() {
   MSG message;
   if (PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {

@@ -48,8 +48,6 @@ class IconTest : public Form2Test {
   std::vector<COLORREF> Showing(COLORREF icon) const;
   static std::vector<COLORREF> Empty(int systemColour = COLOR_BTNFACE);
 
-  static bool IsIcon(const std::string& handleText);
-
   // The exit code once the program was asked to end.
   static std::optional<int> ExitCode();
 

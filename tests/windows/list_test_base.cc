@@ -50,13 +50,3 @@ std::string ListTest::ThisProgram() {
   GetModuleFileNameA(nullptr, path, MAX_PATH);
   return path;
 }
-
-bool ListTest::IsIcon(const std::string& hiddenText) {
-  ICONINFO info{};
-  if (!GetIconInfo(editor::IconOfText(hiddenText), &info)) {
-    return false;
-  }
-  DeleteObject(info.hbmColor);
-  DeleteObject(info.hbmMask);
-  return true;
-}

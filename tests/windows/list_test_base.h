@@ -42,7 +42,6 @@ class ListTest : public Form2Test {
   // A line of an entry with an icon of its own, the first one of this program.
   static std::string IconLine(const std::string& caption, const std::string& target);
   static std::string ThisProgram();
-  static bool IsIcon(const std::string& hiddenText);
 };
 
 #endif  // CORVALIS_TESTS_WINDOWS_LIST_TEST_BASE_H_
