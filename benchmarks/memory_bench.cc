@@ -32,6 +32,7 @@ class OneFile final : public menufile::FileSystem {
     return std::make_unique<OpenFile>(bytes_);
   }
   void Remove(const std::string&) override { throw std::logic_error("nothing is to be removed"); }
+  std::uint64_t LastWritten(const std::string&) override { return 0; }
 
  private:
   class OpenFile final : public menufile::File {

@@ -157,4 +157,13 @@ bool WindowsFileSystem::IsSameFile(const std::string& path, const std::string& o
   return identity && identity == IdentityOf(path);
 }
 
+std::uint64_t WindowsFileSystem::LastWritten(const std::string& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data)) {
+    Fail(path, "open the file");
+  }
+  return std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32 |
+         data.ftLastWriteTime.dwLowDateTime;
+}
+
 }  // namespace editor

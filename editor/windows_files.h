@@ -11,6 +11,7 @@ class WindowsFileSystem final : public menufile::FileSystem {
   std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override;
   void Remove(const std::string& path) override;
   bool IsSameFile(const std::string& path, const std::string& other) override;
+  std::uint64_t LastWritten(const std::string& path) override;
 };
 
 }  // namespace editor

@@ -72,6 +72,9 @@ class FileSystem {
     return path == other;
   }
 
+  // When the file was last written: the greater number is the later time.
+  virtual std::uint64_t LastWritten(const std::string& path) = 0;
+
   // How many bytes of a file that may be large are read or written at a time:
   // few enough for the processor's cache, many enough for each call to be
   // worth it. Tests have less.

@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <memory>
 #include <span>
+#include <utility>
 
 #include "menufile/failure.h"
 #include "menufile/file_window.h"
@@ -15,6 +16,14 @@
 
 namespace menufile {
 namespace {
+
+bool IsNewer(FileSystem& files, const std::string& path, const std::string& other) {
+  try {
+    return files.LastWritten(path) > files.LastWritten(other);
+  } catch (const Failure&) {
+    return false;
+  }
+}
 
 // Whether `file` is what a writer of `whole` left that came no further: a strict
 // beginning of it. Where the power was cut, zeros may follow: a file gets its
@@ -136,19 +145,23 @@ std::optional<InterruptedChange> InterruptedChangeIn(File& menu, const std::stri
 
 std::optional<InterruptedChange> FindInterruptedChange(FileSystem& files, const std::string& path,
                                                        std::string_view defaultPicture) {
+  std::optional<InterruptedChange> found;
   for (const char* scratchFile : {kListScratchFile, kDialogScratchFile}) {
     try {
       const std::unique_ptr<File> scratch = files.Open(scratchFile, OpenMode::Read);
       const std::unique_ptr<File> menu = files.Open(path, OpenMode::Read);
-      if (auto change = InterruptedChangeIn(*menu, scratchFile, *scratch, files.BlockSize(),
-                                            defaultPicture)) {
-        return change;
+      auto change =
+          InterruptedChangeIn(*menu, scratchFile, *scratch, files.BlockSize(), defaultPicture);
+      // An earlier change may have left the other one, and a menu file that was
+      // cut early begins like either.
+      if (change && (!found || IsNewer(files, scratchFile, found->scratchFile))) {
+        found = std::move(change);
       }
     } catch (const Failure&) {
       // Mostly there is no scratch file.
     }
   }
-  return std::nullopt;
+  return found;
 }
 
 void MakeMenuWhole(FileSystem& files, const std::string& path, std::string_view defaultPicture) {

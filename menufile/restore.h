@@ -25,6 +25,7 @@ struct InterruptedChange {
 //   - a complete menu in the scratch file;
 //   - a bitmap file and the complete description in the scratch file;
 //   - the conversion of the file in the scratch file, with `defaultPicture`.
+// Where both scratch files show that, it is the one that was written last.
 // Nothing when there is none, or when a file cannot be read.
 std::optional<InterruptedChange> FindInterruptedChange(FileSystem& files, const std::string& path,
                                                        std::string_view defaultPicture);

@@ -81,6 +81,7 @@ class MemoryFiles::OpenFile final : public File {
       const std::size_t tooMany = grows - std::min(grows, left);
       const std::string_view fits = bytes.substr(0, bytes.size() - tooMany);
       WriteAt(stored_->bytes, position_, fits);
+      stored_->written = ++files_.clock_;
       stored_->unflushed.push_back({position_, std::string(fits), false});
       position_ += fits.size();
       if (tooMany > 0) {
@@ -116,6 +117,7 @@ void MemoryFiles::Put(const std::string& path, std::string_view bytes) {
   auto stored = std::make_shared<Stored>();
   stored->bytes = bytes;
   stored->durable = stored->bytes;
+  stored->written = ++clock_;
   files_[path] = std::move(stored);
 }
 
@@ -164,6 +166,16 @@ void MemoryFiles::Remove(const std::string& path) {
     files_.erase(found);
   }
   End(path);
+}
+
+std::uint64_t MemoryFiles::LastWritten(const std::string& path) {
+  Begin("ask the time of", path);
+  const auto found = files_.find(path);
+  if (found == files_.end()) {
+    Refuse(path, "open the file", "There is no such file");
+  }
+  End(path);
+  return found->second->written;
 }
 
 MemoryFiles::Disk MemoryFiles::AfterPowerCut(Unflushed unflushed) const {

@@ -81,6 +81,7 @@ class MemoryFiles final : public FileSystem {
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
   void Remove(const std::string& path) override;
   std::size_t BlockSize() const override { return blockSize_; }
+  std::uint64_t LastWritten(const std::string& path) override;
 
  private:
   struct Change {
@@ -92,6 +93,7 @@ class MemoryFiles final : public FileSystem {
     std::string bytes;
     std::optional<std::string> durable;  // nothing: the file is not on the disk yet
     std::vector<Change> unflushed;
+    std::uint64_t written = 0;  // by clock_
     std::set<const void*> opened;
     std::set<const void*> openedToChange;
   };
@@ -105,6 +107,7 @@ class MemoryFiles final : public FileSystem {
   std::size_t Used() const;
 
   std::map<std::string, std::shared_ptr<Stored>> files_;
+  std::uint64_t clock_ = 0;  // moved on by every write
   std::set<std::string> heldByOther_;
   std::set<std::string> forbiddenToRemove_;
   std::size_t blockSize_ = 1000;

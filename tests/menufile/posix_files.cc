@@ -154,4 +154,11 @@ void PosixFiles::Remove(const std::string& path) {
   Require(unlink(Full(path).c_str()) == 0, path, "delete");
 }
 
+std::uint64_t PosixFiles::LastWritten(const std::string& path) {
+  struct stat status;
+  Require(stat(Full(path).c_str(), &status) == 0, path, "open");
+  return static_cast<std::uint64_t>(status.st_mtim.tv_sec) * 1'000'000'000 +
+         static_cast<std::uint64_t>(status.st_mtim.tv_nsec);
+}
+
 }  // namespace menufile

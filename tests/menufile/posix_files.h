@@ -30,6 +30,7 @@ class PosixFiles final : public FileSystem {
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
   void Remove(const std::string& path) override;
   std::size_t BlockSize() const override { return blockSize_; }
+  std::uint64_t LastWritten(const std::string& path) override;
 
  private:
   class OpenFile;

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
+#include <utility>
 
 #include "menufile/failure.h"
 #include "menufile/rewrite.h"
@@ -94,6 +96,26 @@ TEST(FindInterruptedChange, SeesAConversion) {
   EXPECT_EQ(std::string(kPicture) + "\r\n<START ZOL>\r\n\"USERDEF\"\r\nanything",
             Intended("def", "anything"));
   EXPECT_EQ(std::nullopt, Intended("def", ""));
+}
+
+// The older one was left by a change that ended before it touched the menu file,
+// and would bring back the menu as it was then.
+TEST(FindInterruptedChange, TakesTheScratchFileThatWasWrittenLast) {
+  const char* const lists = "temporaryfile";
+  const char* const dialogs = "zoltempfileoktodelete";
+  for (const auto& [older, newer] : {std::pair(lists, dialogs), std::pair(dialogs, lists)}) {
+    for (const std::size_t size : {std::size_t{0}, std::size_t{5}}) {
+      MemoryFiles files;
+      files.Put(kMenuPath, UserMenu(3).substr(0, size));
+      files.Put(older, UserMenu(2));
+      files.Put(newer, UserMenu(3));
+      const auto change = FindInterruptedChange(files, kMenuPath, kPicture);
+      ASSERT_TRUE(change.has_value());
+      EXPECT_EQ(newer, change->scratchFile);
+      FinishInterruptedChange(files, kMenuPath, *change);
+      EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
+    }
+  }
 }
 
 TEST(FindInterruptedChange, SeesNoneWithoutBothFiles) {

@@ -195,6 +195,7 @@ class FilesFailingFrom final : public menufile::FileSystem {
     Count();
     files_.Remove(path);
   }
+  std::uint64_t LastWritten(const std::string& path) override { return files_.LastWritten(path); }
 
  private:
   class FailingFile final : public menufile::File {

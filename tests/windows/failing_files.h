@@ -24,6 +24,7 @@ class FailingFiles final : public menufile::FileSystem {
     return std::make_unique<FailingFile>(*this, std::move(file));
   }
   void Remove(const std::string& path) override { files_.Remove(path); }
+  std::uint64_t LastWritten(const std::string& path) override { return files_.LastWritten(path); }
 
  private:
   class FailingFile final : public menufile::File {

@@ -21,6 +21,7 @@ class FaultyFiles final : public menufile::FileSystem {
 
   std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override;
   void Remove(const std::string& path) override { files_.Remove(path); }
+  std::uint64_t LastWritten(const std::string& path) override { return files_.LastWritten(path); }
 
  private:
   menufile::FileSystem& files_;
