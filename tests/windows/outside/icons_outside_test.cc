@@ -17,9 +17,6 @@ using testing_menus::UserDefinedMenu;
 
 namespace {
 
-// The id that message boxes give the Static control with their text.
-constexpr int kMessageTextId = 0xFFFF;
-
 const std::string kSaved = "You might have to refresh the desktop for the new icon to show.";
 
 }  // namespace
@@ -55,7 +52,7 @@ class IconsOutsideTest : public OutsideTest {
   void Confirm(const std::string& title, const std::string& text) {
     const HWND box = WaitForDialog(title);
     ASSERT_NE(box, nullptr);
-    EXPECT_EQ(outside::Text(box, kMessageTextId), text);
+    EXPECT_EQ(outside::Text(box, outside::kMessageTextId), text);
     outside::Click(box, IDOK);
     EXPECT_TRUE(program().WaitUntilGone("#32770"));
   }
@@ -202,7 +199,7 @@ TEST_F(IconsOutsideTest, ADirectoryPointerIsNotSavedAndEndsTheProgram) {
   outside::Click(form2(), IDC_FORM2_COMMAND12);
   const HWND box = WaitForDialog("Error!");
   ASSERT_NE(box, nullptr);
-  EXPECT_EQ(outside::Text(box, kMessageTextId), "Error writing to file.");
+  EXPECT_EQ(outside::Text(box, outside::kMessageTextId), "Error writing to file.");
   outside::Click(box, IDOK);
   EXPECT_EQ(program().WaitForExit(), 0U);
   EXPECT_EQ(MenuBytes(), menu);

@@ -1,4 +1,5 @@
 #include "tests/windows/outside/drag.h"
+#include "tests/windows/outside/host.h"
 #include "tests/windows/outside/outside_test_base.h"
 
 using outside::WaitUntil;
@@ -196,9 +197,9 @@ TEST_F(ListOutsideTest, TheMessageOfNextCanBeReadAndClosed) {
   const HWND box = program().WaitFor("#32770");
   ASSERT_NE(box, nullptr);
   EXPECT_EQ(outside::Text(box), "Error!");
-  EXPECT_EQ(outside::Text(box, 0xFFFF),
+  EXPECT_EQ(outside::Text(box, outside::kMessageTextId),
             "File https://example.org cannot be accessed. Please check the path.");
-  EXPECT_NE(outside::TakeScreenshot("message_of_next"), "");
+  EXPECT_TRUE(outside::TakeScreenshot("message_of_next"));
   outside::CloseWindow(box);
   EXPECT_TRUE(program().WaitUntilGone("#32770"));
   EXPECT_TRUE(IsWindowVisible(GetDlgItem(wizard, IDC_FORM3_TEXT1)));

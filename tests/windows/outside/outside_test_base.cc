@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 OutsideTest::OutsideTest() {
   char path[MAX_PATH] = "";
@@ -29,12 +28,7 @@ void OutsideTest::Start(const std::string& menuBytes) {
   ASSERT_NE(form2_, nullptr) << "the program shows no window";
 }
 
-void OutsideTest::Press(int buttonId) {
-  DWORD_PTR result = 0;
-  EXPECT_NE(SendMessageTimeoutA(Control(buttonId), BM_CLICK, 0, 0, SMTO_NORMAL, outside::kPatience,
-                                &result),
-            0);
-}
+void OutsideTest::Press(int buttonId) { EXPECT_TRUE(outside::Press(form2_, buttonId)); }
 
 void OutsideTest::ExpectCleanEnd() {
   outside::CloseWindow(form2_);
@@ -46,9 +40,12 @@ void OutsideTest::ExpectCleanEnd() {
   }
 }
 
-std::string OutsideTest::MenuBytes() const {
-  std::ifstream file(MenuPath(), std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(file), {});
+std::string OutsideTest::BytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
+  std::string bytes(file ? static_cast<std::size_t>(file.tellg()) : 0, '\0');
+  file.seekg(0);
+  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  return bytes;
 }
 
 void OutsideTest::WriteBytes(const std::string& path, const std::string& bytes) {

@@ -36,7 +36,8 @@ class OutsideTest : public ::testing::Test {
   const std::string& folder() const { return folder_; }
   std::string PathOf(const std::string& name) const { return folder_ + "\\" + name; }
   std::string MenuPath() const { return PathOf("test.menu"); }
-  std::string MenuBytes() const;
+  std::string MenuBytes() const { return BytesOf(MenuPath()); }
+  static std::string BytesOf(const std::string& path);
   static void WriteBytes(const std::string& path, const std::string& bytes);
 
  private:

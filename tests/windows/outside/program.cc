@@ -2,37 +2,38 @@
 
 #include <iterator>
 
+#include "tests/windows/outside/host.h"
+
 namespace outside {
 namespace {
 
-std::string OwnFolder() {
-  char path[MAX_PATH] = "";
-  GetModuleFileNameA(nullptr, path, MAX_PATH);
-  const std::string own = path;
-  return own.substr(0, own.find_last_of('\\'));
-}
+constexpr const char* kDialogClass = "#32770";
 
-// The folder of this program is tests\windows\outside below the editor's.
-std::string EditorPath() {
-  char path[MAX_PATH] = "";
-  GetFullPathNameA((OwnFolder() + "\\..\\..\\..\\CorvalisEdit.exe").c_str(), MAX_PATH, path,
-                   nullptr);
-  return path;
+std::string EditorPath() { return BuildFolder() + "\\windows\\CorvalisEdit.exe"; }
+
+std::string ClassOf(HWND window) {
+  char name[64] = "";
+  GetClassNameA(window, name, sizeof name);
+  return name;
 }
 
 struct Search {
   DWORD process;
-  std::string windowClass;
+  std::string windowClass;  // empty: a window of the program, or a dialog box
   HWND found;
 };
+
+bool IsWanted(const std::string& windowClass, const std::string& wanted) {
+  return wanted.empty() ? windowClass == "Form2" || windowClass == kDialogClass
+                        : windowClass == wanted;
+}
 
 BOOL CALLBACK Look(HWND window, LPARAM data) {
   Search& search = *reinterpret_cast<Search*>(data);
   DWORD process = 0;
   GetWindowThreadProcessId(window, &process);
-  char name[64] = "";
-  GetClassNameA(window, name, sizeof name);
-  if (process == search.process && IsWindowVisible(window) && name == search.windowClass) {
+  if (process == search.process && IsWindowVisible(window) &&
+      IsWanted(ClassOf(window), search.windowClass)) {
     search.found = window;
     return FALSE;
   }
@@ -69,10 +70,7 @@ Program::Program(const std::string& menuPath, const std::string& folder) {
 
 Program::~Program() {
   if (Started()) {
-    if (!WaitForExit(0)) {
-      TerminateProcess(process_.hProcess, 0xDEAD);
-      WaitForSingleObject(process_.hProcess, kPatience);
-    }
+    Kill();
     CloseHandle(process_.hThread);
     CloseHandle(process_.hProcess);
   }
@@ -94,6 +92,10 @@ bool Program::WaitUntilGone(const std::string& windowClass) const {
   return WaitUntil([&] { return Find(windowClass) == nullptr; });
 }
 
+HWND Program::WaitForFirst() const { return WaitFor(""); }
+
+bool Program::IsDialog(HWND window) { return ClassOf(window) == kDialogClass; }
+
 std::optional<DWORD> Program::WaitForExit(DWORD milliseconds) const {
   DWORD code = 0;
   if (WaitForSingleObject(process_.hProcess, milliseconds) != WAIT_OBJECT_0 ||
@@ -103,8 +105,21 @@ std::optional<DWORD> Program::WaitForExit(DWORD milliseconds) const {
   return code;
 }
 
+void Program::Kill() {
+  if (!WaitForExit(0)) {
+    TerminateProcess(process_.hProcess, 0xDEAD);
+    WaitForExit();
+  }
+}
+
 void Click(HWND window, int buttonId) {
   PostMessageA(GetDlgItem(window, buttonId), BM_CLICK, 0, 0);
+}
+
+bool Press(HWND window, int buttonId) {
+  DWORD_PTR result = 0;
+  return SendMessageTimeoutA(GetDlgItem(window, buttonId), BM_CLICK, 0, 0, SMTO_NORMAL, kPatience,
+                             &result) != 0;
 }
 
 void Type(HWND window, int editId, const std::string& text) {
@@ -142,30 +157,11 @@ void SelectRow(HWND list, int row) {
        reinterpret_cast<LPARAM>(list));
 }
 
-void CloseWindow(HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0); }
-
-// Wine runs programs of the system below it, too.
-std::string TakeScreenshot(const std::string& name) {
-  const std::string folder = OwnFolder();
-  const std::string picture = folder + "\\" + name + ".png";
-  DeleteFileA(picture.c_str());
-  std::string commandLine = "Z:\\usr\\bin\\import -silent -window root " + name + ".png";
-  STARTUPINFOA startup{};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION process{};
-  if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                      folder.c_str(), &startup, &process)) {
-    return {};
-  }
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
-  // Its process cannot be waited for.
-  const auto isComplete = [&] {
-    WIN32_FILE_ATTRIBUTE_DATA data{};
-    return GetFileAttributesExA(picture.c_str(), GetFileExInfoStandard, &data) &&
-           data.nFileSizeLow > 0;
-  };
-  return WaitUntil(isComplete) ? picture : std::string();
+bool WaitUntilIdle(HWND window) {
+  DWORD_PTR result = 0;
+  return SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_NORMAL, kPatience, &result) != 0;
 }
+
+void CloseWindow(HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0); }
 
 }  // namespace outside

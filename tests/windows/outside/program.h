@@ -34,8 +34,16 @@ class Program {
   HWND WaitFor(const std::string& windowClass) const;
   bool WaitUntilGone(const std::string& windowClass) const;
 
+  // The first that it shows, its window or a dialog box; nullptr when it ends
+  // without a word.
+  HWND WaitForFirst() const;
+  // Whether the window is a dialog box, and not one of the program's own.
+  static bool IsDialog(HWND window);
+
   // Nothing when it goes on running.
   std::optional<DWORD> WaitForExit(DWORD milliseconds = kPatience) const;
+  // Ends it at once, whatever it is doing, and waits until it is gone.
+  void Kill();
 
  private:
   PROCESS_INFORMATION process_{};
@@ -44,6 +52,7 @@ class Program {
 // Works on windows of other processes. Click() returns at once, so that what it
 // opens can be dealt with; the others return when the window has done it.
 void Click(HWND window, int buttonId);
+bool Press(HWND window, int buttonId);
 void Type(HWND window, int editId, const std::string& text);
 std::string Text(HWND window);
 std::string Text(HWND window, int id);
@@ -51,12 +60,13 @@ std::vector<std::string> ListRows(HWND list);
 int SelectedRow(HWND list);
 // As by a click on the row.
 void SelectRow(HWND list, int row);
+// Waits until the window has done what was asked of it before.
+bool WaitUntilIdle(HWND window);
 // Asks the window to close, as its close box does.
 void CloseWindow(HWND window);
 
-// Saves a picture of the whole screen as a file below the test program's folder
-// and returns its path; empty when there is none.
-std::string TakeScreenshot(const std::string& name);
+// The id that message boxes give the Static control with their text.
+inline constexpr int kMessageTextId = 0xFFFF;
 
 }  // namespace outside
 

@@ -1,0 +1,78 @@
+#include "tests/windows/outside/host.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "tests/windows/outside/program.h"
+
+namespace outside {
+
+std::string BuildFolder() {
+  char own[MAX_PATH] = "";
+  GetModuleFileNameA(nullptr, own, MAX_PATH);
+  // This program stands in windows\tests\windows\outside of it.
+  char folder[MAX_PATH] = "";
+  GetFullPathNameA((std::string(own) + "\\..\\..\\..\\..\\..").c_str(), MAX_PATH, folder, nullptr);
+  return folder;
+}
+
+// Wine runs programs of the system below it, too; their processes cannot be
+// waited for.
+bool StartOnHost(const std::string& commandLine, const std::string& folder) {
+  std::string line = commandLine;
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(),
+                      &startup, &process)) {
+    return false;
+  }
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return true;
+}
+
+int HostProcess(const std::string& argument) {
+  WIN32_FIND_DATAA entry{};
+  const HANDLE search = FindFirstFileA("Z:\\proc\\*", &entry);
+  if (search == INVALID_HANDLE_VALUE) {
+    return 0;
+  }
+  int found = 0;
+  do {
+    const std::string name = entry.cFileName;
+    if (!std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; })) {
+      continue;
+    }
+    std::ifstream file("Z:\\proc\\" + name + "\\cmdline", std::ios::binary);
+    const std::string line(std::istreambuf_iterator<char>(file), {});
+    if (line.find(argument) != std::string::npos) {
+      found = std::stoi(name);
+    }
+  } while (found == 0 && FindNextFileA(search, &entry));
+  FindClose(search);
+  return found;
+}
+
+bool TakeScreenshot(const std::string& name) {
+  const std::filesystem::path picture = BuildFolder() + "\\screenshots\\" + name + ".png";
+  std::error_code failed;
+  std::filesystem::create_directories(picture.parent_path(), failed);
+  std::filesystem::remove(picture, failed);
+  if (!StartOnHost("Z:\\usr\\bin\\import -silent -window root " + picture.filename().string(),
+                   picture.parent_path().string())) {
+    return false;
+  }
+  // An image that is being written has no end yet.
+  return WaitUntil([&] {
+    std::ifstream file(picture, std::ios::binary);
+    const std::string bytes(std::istreambuf_iterator<char>(file), {});
+    return bytes.ends_with(std::string("IEND\xAE\x42\x60\x82"));
+  });
+}
+
+}  // namespace outside

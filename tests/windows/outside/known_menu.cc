@@ -1,0 +1,76 @@
+#include "tests/windows/outside/known_menu.h"
+
+#include <algorithm>
+
+#include "tests/windows/icon_files.h"
+
+namespace testing_menus {
+
+std::string Entry::Line() const {
+  return ItemLine(caption, target, arguments, startIn, iconFile, iconIndex);
+}
+
+Entry Separator() { return {"", "", "", "", "", ""}; }
+
+std::string KnownMenu::Bytes() const {
+  if (isDirectory) {
+    return DirectoryMenu(directory, appearance, picture);
+  }
+  std::vector<std::string> lines;
+  for (const Entry& entry : entries) {
+    lines.push_back(entry.Line());
+  }
+  return UserDefinedMenu(lines, appearance, picture);
+}
+
+std::string KnownMenu::PreviousVersionBytes() const {
+  std::string bytes = appearance;
+  for (const Entry& entry : entries) {
+    bytes += entry.Line();
+  }
+  return bytes;
+}
+
+std::string Difference(const std::string& actual, const std::string& expected) {
+  if (actual == expected) {
+    return {};
+  }
+  constexpr std::size_t kShown = 80;
+  const auto first = static_cast<std::size_t>(
+      std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end()).first -
+      actual.begin());
+  const std::size_t from = first - std::min(first, kShown / 2);
+  const auto part = [&](const std::string& bytes) {
+    return std::to_string(bytes.size()) + " bytes, ..." +
+           bytes.substr(std::min(from, bytes.size()), kShown) + "...";
+  };
+  return "from byte " + std::to_string(first) + " on: " + part(actual) + " instead of " +
+         part(expected);
+}
+
+std::string BitmapFile(const std::vector<COLORREF>& pixels) {
+  constexpr int kSide = testing_icons::kIconSize;
+  // A file of 3126 bytes, of which 54 are headers; a picture of 32 by 32, one
+  // plane, 24 bits, not compressed, 3072 bytes.
+  std::string file(
+      "BM\x36\x0C\0\0\0\0\0\0\x36\0\0\0"
+      "\x28\0\0\0\x20\0\0\0\x20\0\0\0\x01\0\x18\0\0\0\0\0\0\x0C\0\0"
+      "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0",
+      54);
+  for (int y = kSide - 1; y >= 0; --y) {
+    for (int x = 0; x < kSide; ++x) {
+      const COLORREF pixel = pixels.at(static_cast<std::size_t>(y * kSide + x));
+      file += static_cast<char>(GetBValue(pixel));
+      file += static_cast<char>(GetGValue(pixel));
+      file += static_cast<char>(GetRValue(pixel));
+    }
+  }
+  return file;
+}
+
+std::string EmptyPreview() {
+  constexpr std::size_t kPixels = testing_icons::kIconSize * testing_icons::kIconSize;
+  return BitmapFile(std::vector<COLORREF>(kPixels, GetSysColor(COLOR_BTNFACE)));
+}
+
+}  // namespace testing_menus
