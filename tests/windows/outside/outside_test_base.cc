@@ -2,8 +2,13 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+#include <dlgs.h>
+
 #include <filesystem>
 #include <fstream>
+
+using outside::WaitUntil;
 
 OutsideTest::OutsideTest() {
   char path[MAX_PATH] = "";
@@ -20,15 +25,117 @@ OutsideTest::~OutsideTest() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
-void OutsideTest::Start(const std::string& menuBytes) {
-  WriteBytes(MenuPath(), menuBytes);
+void OutsideTest::StartAsItStands() {
   program_ = std::make_unique<outside::Program>(MenuPath(), folder_);
   ASSERT_TRUE(program_->Started());
+  ASSERT_NE(program_->WaitForFirst(), nullptr) << "the program shows nothing";
+}
+
+void OutsideTest::Start(const std::string& menuBytes) {
+  WriteBytes(MenuPath(), menuBytes);
+  StartAsItStands();
+  WaitForForm2();
+}
+
+void OutsideTest::WaitForForm2() {
   form2_ = program_->WaitFor("Form2");
   ASSERT_NE(form2_, nullptr) << "the program shows no window";
 }
 
 void OutsideTest::Press(int buttonId) { EXPECT_TRUE(outside::Press(form2_, buttonId)); }
+
+HWND OutsideTest::WaitForDialog(const std::string& title) {
+  HWND dialog = nullptr;
+  EXPECT_TRUE(WaitUntil([&] {
+    dialog = program_->Find("#32770");
+    return dialog != nullptr && outside::Text(dialog) == title;
+  })) << "no dialog \""
+      << title << "\"";
+  return dialog;
+}
+
+void OutsideTest::Answer(const std::string& title, const std::string& text, int buttonId) {
+  const HWND box = WaitForDialog(title);
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(outside::Text(box, outside::kMessageTextId), text);
+  outside::Click(box, buttonId);
+  EXPECT_TRUE(program_->WaitUntilGone("#32770"));
+}
+
+void OutsideTest::ChooseFile(HWND window, int buttonId, const std::string& title,
+                             const std::string& path) {
+  outside::Click(window, buttonId);
+  const HWND dialog = WaitForDialog(title);
+  ASSERT_NE(dialog, nullptr);
+  // The name is in a list of earlier ones, if there is one.
+  outside::Type(dialog, GetDlgItem(dialog, cmb13) != nullptr ? cmb13 : edt1, path);
+  outside::Click(dialog, IDOK);
+  EXPECT_TRUE(program_->WaitUntilGone("#32770"));
+}
+
+bool OutsideTest::WaitForText(HWND window, int id, const std::string& text) {
+  return WaitUntil([&] { return outside::Text(window, id) == text; });
+}
+
+void OutsideTest::ScrollTo(HWND window, int barId, int position) {
+  SendMessageA(window, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, position),
+               reinterpret_cast<LPARAM>(GetDlgItem(window, barId)));
+}
+
+HWND OutsideTest::OpenWizard(int buttonId) {
+  outside::Click(form2_, buttonId);
+  return program_->WaitFor("Form3");
+}
+
+void OutsideTest::Next(HWND wizard) {
+  outside::Click(wizard, IDC_FORM3_COMMAND1);
+  EXPECT_TRUE(
+      WaitUntil([&] { return IsWindowVisible(GetDlgItem(wizard, IDC_FORM3_TEXT4)) != FALSE; }));
+}
+
+void OutsideTest::Finish(HWND wizard) {
+  outside::Click(wizard, IDC_FORM3_COMMAND5);
+  EXPECT_TRUE(program_->WaitUntilGone("Form3"));
+  EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(form2_) != FALSE; }));
+  EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == form2_; }));
+}
+
+void OutsideTest::SelectTab(int tab) {
+  SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
+}
+
+void OutsideTest::ShowAppearancePage() {
+  SelectTab(1);
+  EXPECT_TRUE(WaitUntil([&] { return IsWindowVisible(Control(IDC_FORM2_COMMAND12)) != FALSE; }));
+}
+
+void OutsideTest::ClickPreview() {
+  const HWND preview = Control(IDC_FORM2_PICTURE1);
+  SendMessageA(preview, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
+  SendMessageA(preview, WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
+}
+
+HWND OutsideTest::OpenFontDialog() {
+  outside::Click(form2_, IDC_FORM2_COMMAND6);
+  return WaitForDialog("Select Font");
+}
+
+void OutsideTest::ChooseFont(HWND dialog, const char* name, const char* style, const char* size) {
+  const auto select = [&](int box, const char* text) {
+    const HWND combo = GetDlgItem(dialog, box);
+    const LRESULT row = SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                     reinterpret_cast<LPARAM>(text));
+    ASSERT_NE(row, CB_ERR) << text;
+    SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(box, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(combo));
+  };
+  select(cmb1, name);
+  select(cmb2, style);
+  select(cmb3, size);
+  outside::Click(dialog, IDOK);
+  EXPECT_TRUE(program_->WaitUntilGone("#32770"));
+}
 
 void OutsideTest::ExpectCleanEnd() {
   outside::CloseWindow(form2_);

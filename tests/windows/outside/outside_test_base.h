@@ -18,10 +18,14 @@ class OutsideTest : public ::testing::Test {
   OutsideTest();
   ~OutsideTest() override;
 
+  // Starts the program on the menu file as it stands, and waits for its window
+  // or for a question.
+  void StartAsItStands();
   // Writes the menu file and waits for the window on it.
   void Start(const std::string& menuBytes);
   outside::Program& program() { return *program_; }
   HWND form2() const { return form2_; }
+  void WaitForForm2();
   HWND Control(int id) const { return GetDlgItem(form2_, id); }
   HWND List() const { return Control(IDC_FORM2_LIST1); }
   std::vector<std::string> Rows() const { return outside::ListRows(List()); }
@@ -29,6 +33,29 @@ class OutsideTest : public ::testing::Test {
   // Presses a button of Form2 and waits until it has done its work. Not for
   // those that open a dialog box.
   void Press(int buttonId);
+
+  // The dialog box with that title; nullptr when there is none.
+  HWND WaitForDialog(const std::string& title);
+  // Presses a button of a message box.
+  void Answer(const std::string& title, const std::string& text, int buttonId);
+  void Confirm(const std::string& title, const std::string& text) { Answer(title, text, IDOK); }
+  // In the file dialog that a button of the window opens.
+  void ChooseFile(HWND window, int buttonId, const std::string& title, const std::string& path);
+  static bool WaitForText(HWND window, int id, const std::string& text);
+  static void ScrollTo(HWND window, int barId, int position);
+
+  // Presses a button of Form2 that opens the wizard.
+  HWND OpenWizard(int buttonId);
+  // Presses Next > and waits for the second page.
+  void Next(HWND wizard);
+  void Finish(HWND wizard);
+
+  void SelectTab(int tab);
+  void ShowAppearancePage();
+  void ClickPreview();
+  HWND OpenFontDialog();
+  // By the rows of its lists.
+  void ChooseFont(HWND dialog, const char* name, const char* style, const char* size);
 
   // Closes the window; the program ends with exit code 0 and leaves nothing.
   void ExpectCleanEnd();
