@@ -58,6 +58,18 @@ int HostProcess(const std::string& argument) {
   return found;
 }
 
+bool IsHostProcessAtWork(int number) {
+  const std::filesystem::path process = "Z:\\proc\\" + std::to_string(number);
+  // Without memory it has no command line, and of its threads but one is listed.
+  std::ifstream file(process / "cmdline", std::ios::binary);
+  if (file.get() != std::char_traits<char>::eof()) {
+    return true;
+  }
+  std::error_code failed;
+  const std::filesystem::directory_iterator threads(process / "task", failed);
+  return !failed && std::distance(begin(threads), end(threads)) > 1;
+}
+
 bool TakeScreenshot(const std::string& name) {
   const std::filesystem::path picture = BuildFolder() + "\\screenshots\\" + name + ".png";
   std::error_code failed;

@@ -16,6 +16,9 @@ bool StartOnHost(const std::string& commandLine, const std::string& folder);
 // The host's own number of the process whose command line holds this argument;
 // 0 when there is none.
 int HostProcess(const std::string& argument);
+// Whether the process of that number still does anything. When it is over, the
+// host may list it for seconds yet.
+bool IsHostProcessAtWork(int number);
 
 // Saves a picture of the whole screen as build/screenshots/NAME.png; a folder
 // may stand before the name ("story/01_opened").

@@ -103,9 +103,9 @@ class KillTest : public OutsideTest {
     const double aim = AimAt(what);
     const double delay =
         std::uniform_real_distribution<>(Chance(4) ? 0 : 0.7 * aim, 1.3 * aim)(random_);
+    const int process = outside::HostProcess(MenuPath());
+    ASSERT_NE(process, 0);
     if (byHost_) {
-      const int process = outside::HostProcess(MenuPath());
-      ASSERT_NE(process, 0);
       char command[100] = "";
       std::snprintf(command, sizeof command, "Z:\\bin\\bash -c \"sleep %.4f; kill -9 %d\"",
                     delay / 1000, process);
@@ -129,6 +129,8 @@ class KillTest : public OutsideTest {
       program_->Kill();
     }
     program_.reset();
+    // For Windows a process has ended before its last write has.
+    ASSERT_TRUE(outside::WaitUntil([&] { return !outside::IsHostProcessAtWork(process); }));
     ++counts_.kills;
     ++byKind_[what].kills;
   }

@@ -25,8 +25,9 @@ OutsideTest::~OutsideTest() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
-void OutsideTest::StartAsItStands() {
-  program_ = std::make_unique<outside::Program>(MenuPath(), folder_);
+void OutsideTest::StartOn(const std::string& menuPath, const std::string& currentFolder) {
+  program_.reset();
+  program_ = std::make_unique<outside::Program>(menuPath, currentFolder);
   ASSERT_TRUE(program_->Started());
   ASSERT_NE(program_->WaitForFirst(), nullptr) << "the program shows nothing";
 }

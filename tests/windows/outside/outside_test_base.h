@@ -20,7 +20,8 @@ class OutsideTest : public ::testing::Test {
 
   // Starts the program on the menu file as it stands, and waits for its window
   // or for a question.
-  void StartAsItStands();
+  void StartAsItStands() { StartOn(MenuPath(), folder_); }
+  void StartOn(const std::string& menuPath, const std::string& currentFolder);
   // Writes the menu file and waits for the window on it.
   void Start(const std::string& menuBytes);
   outside::Program& program() { return *program_; }

@@ -1,0 +1,363 @@
+// Changes to a menu when the disk is full: the menu file's, that of the current
+// directory, or both. Run by tests/tools/full_disk_test.sh, which has a small
+// file system made for it.
+#include <windows.h>
+
+#include <random>
+
+#include "tests/windows/icon_files.h"
+#include "tests/windows/outside/changes.h"
+#include "tests/windows/outside/drag.h"
+#include "tests/windows/outside/host.h"
+#include "tests/windows/outside/options.h"
+#include "tests/windows/outside/outside_test_base.h"
+
+using outside::ChangeKind;
+using outside::Changes;
+using outside::PreparedChange;
+using outside::WaitUntil;
+using testing_menus::Difference;
+using testing_menus::Entry;
+using testing_menus::KnownMenu;
+
+namespace {
+
+constexpr ChangeKind kListChanges[] = {ChangeKind::MoveUp,     ChangeKind::MoveDown,
+                                       ChangeKind::Delete,     ChangeKind::Separator,
+                                       ChangeKind::Add,        ChangeKind::Edit,
+                                       ChangeKind::ChangeIcon, ChangeKind::SaveAppearance,
+                                       ChangeKind::ToDirectory};
+constexpr ChangeKind kDirectoryChanges[] = {ChangeKind::SaveDirectory, ChangeKind::ToList};
+
+// The file system gives room to files in blocks.
+constexpr std::size_t kBlock = 4096;
+
+const std::string kInterruptedQuestion =
+    "The last change to the menu file was interrupted.\rWould you like to finish it?";
+const std::string kUpgradeQuestion =
+    "The menu file is invalid or a previous version.\rWould you like to update the file?";
+
+// Menus that fill their last block: whatever makes them longer needs another.
+KnownMenu ListMenu(const std::string& library) {
+  KnownMenu menu;
+  menu.entries = {{"a", "news:a", "", "", "", "0"},
+                  {"b", library, "", "", "", "0"},
+                  {"c", "news:c", "", "", "", "0"},
+                  {"padding", "", "", "", "", "0"}};
+  menu.entries[3].arguments.resize(kBlock - menu.Bytes().size() % kBlock, 'x');
+  return menu;
+}
+
+KnownMenu DirectoryMenu() {
+  KnownMenu menu;
+  menu.isDirectory = true;
+  menu.directory = "\"C:\\\",\"\",0,0,0\r\n";
+  menu.picture.resize(menu.picture.size() + kBlock - menu.Bytes().size() % kBlock, 'x');
+  return menu;
+}
+
+bool MakesLonger(ChangeKind kind) {
+  switch (kind) {
+    case ChangeKind::Separator:
+    case ChangeKind::Add:
+    case ChangeKind::Edit:
+    case ChangeKind::ChangeIcon:
+    case ChangeKind::SaveAppearance:
+    case ChangeKind::SaveDirectory:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool IsSwitch(ChangeKind kind) {
+  return kind == ChangeKind::ToDirectory || kind == ChangeKind::ToList;
+}
+
+bool IsWizard(ChangeKind kind) { return kind == ChangeKind::Add || kind == ChangeKind::Edit; }
+
+}  // namespace
+
+class FullDiskTest : public OutsideTest {
+ protected:
+  void SetUp() override {
+    ASSERT_NE(small_, "") << "there is no small file system: --small-disk=FOLDER";
+    WriteBytes(library_, testing_icons::Library(testing_icons::Colours(12)));
+  }
+
+  // Where the menu file and the scratch file are.
+  void Place(bool menuIsOnSmallDisk, bool scratchIsOnSmallDisk) {
+    menuPath_ = (menuIsOnSmallDisk ? small_ : folder()) + "\\small.menu";
+    current_ = scratchIsOnSmallDisk ? small_ : folder();
+    menuIsOnSmallDisk_ = menuIsOnSmallDisk;
+    scratchIsOnSmallDisk_ = scratchIsOnSmallDisk;
+  }
+
+  void FillDisk() {
+    const HANDLE file = CreateFileA((small_ + "\\filler").c_str(), GENERIC_WRITE, 0, nullptr,
+                                    CREATE_ALWAYS, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    const std::string block(kBlock, 'f');
+    DWORD written = 0;
+    while (WriteFile(file, block.data(), static_cast<DWORD>(block.size()), &written, nullptr) &&
+           written > 0) {
+    }
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_DISK_FULL));
+    CloseHandle(file);
+  }
+  void FreeDisk() { EXPECT_TRUE(DeleteFileA((small_ + "\\filler").c_str())); }
+
+  std::string Scratch(ChangeKind kind) const {
+    const bool isDialogs =
+        IsWizard(kind) || kind == ChangeKind::ChangeIcon || kind == ChangeKind::SaveAppearance;
+    return current_ + (isDialogs ? "\\zoltempfileoktodelete" : "\\temporaryfile");
+  }
+  void RemoveScratchFiles() {
+    for (const std::string& folder : {small_, this->folder()}) {
+      DeleteFileA((folder + "\\temporaryfile").c_str());
+      DeleteFileA((folder + "\\zoltempfileoktodelete").c_str());
+    }
+  }
+
+  void ExpectMenu(const std::string& bytes) {
+    EXPECT_EQ(Difference(BytesOf(menuPath_), bytes), "");
+  }
+  void ExpectNoDialog() { EXPECT_EQ(program().Find("#32770"), nullptr); }
+
+  void StartAndFill(const std::string& menu) {
+    RemoveScratchFiles();
+    WriteBytes(menuPath_, menu);
+    ExpectMenu(menu);
+    StartOn(menuPath_, current_);
+    FillDisk();
+  }
+
+  // After a change that left the menu file cut: it is finished.
+  void RestartAndFinish(const std::string& whole) {
+    StartOn(menuPath_, current_);
+    Answer("Query?", kInterruptedQuestion, IDYES);
+    WaitForForm2();
+    ExpectMenu(whole);
+  }
+
+  // What the user sees of a change that fails, to the end of it.
+  void ExpectFailureIsShown(ChangeKind kind) {
+    if (kind == ChangeKind::ChangeIcon || kind == ChangeKind::SaveAppearance) {
+      Answer("Error!", "Error writing to file.", IDOK);
+    }
+    if (kind == ChangeKind::SaveAppearance) {
+      EXPECT_EQ(program().WaitForExit(), 0U);
+      return;
+    }
+    if (IsSwitch(kind)) {
+      // The question, which had to be answered before.
+      EXPECT_TRUE(program().WaitUntilGone("#32770"));
+    }
+    if (IsWizard(kind)) {
+      // Nothing is to be seen of the failure, so there is nothing to wait for.
+      Sleep(500);
+      EXPECT_NE(program().Find("Form3"), nullptr);
+      EXPECT_FALSE(IsWindowEnabled(form2()));
+    } else {
+      EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(form2()) != FALSE; }));
+      EXPECT_EQ(program().Find("Form4"), nullptr);
+    }
+    EXPECT_TRUE(outside::WaitUntilIdle(form2()));
+    ExpectNoDialog();
+    EXPECT_EQ(IsWindowVisible(List()) != FALSE,
+              kind != ChangeKind::SaveDirectory && kind != ChangeKind::ToList);
+  }
+
+  // Makes the change on the full disk; then there is room again.
+  void Try(ChangeKind kind) {
+    SCOPED_TRACE(NameOf(kind));
+    const bool isDirectory = kind == ChangeKind::SaveDirectory || kind == ChangeKind::ToList;
+    const KnownMenu before = isDirectory ? DirectoryMenu() : ListMenu(library_);
+    StartAndFill(before.Bytes());
+    WaitForForm2();
+    Changes changes(program(), form2(), random_, library_);
+    const std::optional<PreparedChange> change = changes.Prepare(kind, before);
+    ASSERT_TRUE(change.has_value());
+    const std::string after = change->after.Bytes();
+    const bool needsScratch = kind != ChangeKind::Add;
+    if (!(scratchIsOnSmallDisk_ && needsScratch) && !(menuIsOnSmallDisk_ && MakesLonger(kind))) {
+      EXPECT_TRUE(change->Make());
+      ExpectMenu(after);
+      FreeDisk();
+      return;
+    }
+    if (!change->end) {
+      EXPECT_TRUE(outside::Press(change->window, change->button));
+    } else {
+      change->Begin();
+    }
+    ExpectFailureIsShown(kind);
+    const bool isCut = !scratchIsOnSmallDisk_ && needsScratch;
+    ++failures_;
+    if (isCut) {
+      ++cut_;
+      const std::string menu = BytesOf(menuPath_);
+      EXPECT_LT(menu.size(), after.size());
+      EXPECT_TRUE(after.starts_with(menu));
+      EXPECT_EQ(Difference(BytesOf(Scratch(kind)), after), "");
+    } else {
+      ExpectMenu(before.Bytes());
+    }
+    if (isCut && (kind == ChangeKind::Separator || kind == ChangeKind::SaveAppearance)) {
+      // There is still no room; the whole menu stays where it is.
+      program().Kill();
+      StartOn(menuPath_, current_);
+      AnswerYes(kInterruptedQuestion);
+      EndAfterMessage();
+      EXPECT_EQ(Difference(BytesOf(Scratch(kind)), after), "");
+    }
+    FreeDisk();
+    GoOn(kind, changes, *change, before, isCut);
+  }
+
+  void GoOn(ChangeKind kind, Changes& changes, const PreparedChange& change,
+            const KnownMenu& before, bool isCut) {
+    if (IsWizard(kind) || kind == ChangeKind::SaveDirectory) {
+      EXPECT_TRUE(change.Make());
+      ExpectMenu(change.after.Bytes());
+    } else if (kind == ChangeKind::ChangeIcon) {
+      // Another one, which finishes that one first if it has to.
+      const auto other = changes.Prepare(ChangeKind::MoveDown, isCut ? change.after : before);
+      ASSERT_TRUE(other.has_value());
+      EXPECT_TRUE(other->Make());
+      ExpectMenu(other->after.Bytes());
+    } else if (IsSwitch(kind)) {
+      const auto again = changes.Prepare(kind, before);
+      ASSERT_TRUE(again.has_value());
+      EXPECT_TRUE(again->Make());
+      ExpectMenu(again->after.Bytes());
+    } else if (isCut) {
+      program().Kill();
+      RestartAndFinish(change.after.Bytes());
+    } else {
+      program().Kill();
+      StartOn(menuPath_, current_);
+      WaitForForm2();
+      ExpectNoDialog();
+      ExpectMenu(before.Bytes());
+    }
+  }
+
+  // The message about a failure that no handler deals with.
+  void EndAfterMessage() {
+    const HWND message = WaitForDialog("Error!");
+    ASSERT_NE(message, nullptr);
+    const std::string text = outside::Text(message, outside::kMessageTextId);
+    EXPECT_TRUE(text.starts_with("Cannot write the file:")) << text;
+    EXPECT_NE(text.find(menuPath_), std::string::npos) << text;
+    outside::Click(message, IDOK);
+    const std::optional<DWORD> code = program().WaitForExit();
+    EXPECT_TRUE(code.has_value() && *code != 0);
+  }
+
+  void TryAll() {
+    for (const ChangeKind kind : kListChanges) {
+      Try(kind);
+    }
+    for (const ChangeKind kind : kDirectoryChanges) {
+      Try(kind);
+    }
+  }
+
+  // Yes changes nothing and the question comes again, until there is room.
+  void TryUpgrade() {
+    KnownMenu menu = ListMenu(library_);
+    menu.picture = BytesOf(outside::BuildFolder() + "\\..\\resources\\default_menu.ico");
+    menu.entries[3].arguments.resize(
+        menu.entries[3].arguments.size() + kBlock - menu.PreviousVersionBytes().size() % kBlock,
+        'x');
+    const std::string old = menu.PreviousVersionBytes();
+    StartAndFill(old);
+    for (int i = 0; i < 2; ++i) {
+      AnswerYes(kUpgradeQuestion);
+      ExpectMenu(old);
+    }
+    FreeDisk();
+    Answer("Query?", kUpgradeQuestion, IDYES);
+    WaitForForm2();
+    ExpectMenu(menu.Bytes());
+  }
+
+  // Whatever comes then.
+  void AnswerYes(const std::string& text) {
+    const HWND question = WaitForDialog("Query?");
+    ASSERT_NE(question, nullptr);
+    EXPECT_EQ(outside::Text(question, outside::kMessageTextId), text);
+    outside::Click(question, IDYES);
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindow(question); }));
+  }
+
+  const std::string small_ = outside::TestOptions().smallDisk;
+  const std::string library_ = PathOf("twelve.dll");
+  std::mt19937_64 random_{outside::TestOptions().seed};
+  std::string menuPath_;
+  std::string current_;
+  bool menuIsOnSmallDisk_ = false;
+  bool scratchIsOnSmallDisk_ = false;
+  int failures_ = 0;
+  int cut_ = 0;  // menu files, of these
+};
+
+TEST_F(FullDiskTest, TheScratchFiles) {
+  Place(false, true);
+  TryAll();
+  EXPECT_EQ(failures_, 10);  // all but the wizard's add, which needs none
+  EXPECT_EQ(cut_, 0);
+}
+
+TEST_F(FullDiskTest, TheMenuFiles) {
+  Place(true, false);
+  TryAll();
+  EXPECT_EQ(failures_, 6);  // those that make the menu longer
+  EXPECT_EQ(cut_, 5);       // and are no append
+}
+
+TEST_F(FullDiskTest, TheOneOfBoth) {
+  Place(true, true);
+  TryAll();
+  EXPECT_EQ(failures_, 11);
+  EXPECT_EQ(cut_, 0);
+}
+
+TEST_F(FullDiskTest, AnUpgrade) {
+  for (const bool menuIsOnSmallDisk : {false, true}) {
+    for (const bool scratchIsOnSmallDisk : {false, true}) {
+      if (menuIsOnSmallDisk || scratchIsOnSmallDisk) {
+        SCOPED_TRACE(menuIsOnSmallDisk * 2 + scratchIsOnSmallDisk);
+        Place(menuIsOnSmallDisk, scratchIsOnSmallDisk);
+        TryUpgrade();
+      }
+    }
+  }
+}
+
+// What fits is kept; half a line would make the whole menu unreadable.
+TEST_F(FullDiskTest, ADrop) {
+  Place(true, false);
+  const KnownMenu before = ListMenu(library_);
+  StartAndFill(before.Bytes());
+  WaitForForm2();
+  const std::string dropped = PathOf("dropped.txt");
+  WriteBytes(dropped, "");
+  // The drag ends only once the message is answered: by a thread of its own.
+  const HANDLE answer = CreateThread(
+      nullptr, 0,
+      [](void* test) -> DWORD {
+        static_cast<FullDiskTest_ADrop_Test*>(test)->EndAfterMessage();
+        return 0;
+      },
+      this, 0, nullptr);
+  outside::DragTo(List(), DragData::Files({std::wstring(dropped.begin(), dropped.end())}));
+  EXPECT_EQ(WaitForSingleObject(answer, 2 * outside::kPatience), WAIT_OBJECT_0);
+  CloseHandle(answer);
+  ExpectMenu(before.Bytes());
+  FreeDisk();
+  StartOn(menuPath_, current_);
+  WaitForForm2();
+  EXPECT_EQ(Rows().size(), before.entries.size());
+}
