@@ -90,10 +90,14 @@ Form2::~Form2() = default;
 
 bool Form2::Load() {
   const std::string path = MenuFilePath();
-  if (const auto change = menufile::FindInterruptedChange(files_, path, DefaultPictureFile())) {
-    if (win32::AskYesOrNo(window(),
-                          "The last change to the menu file was interrupted.\r"
-                          "Would you like to finish it?")) {
+  const auto interruptedChange = [&] {
+    return menufile::FindInterruptedChange(files_, path, DefaultPictureFile());
+  };
+  if (interruptedChange() && win32::AskYesOrNo(window(),
+                                               "The last change to the menu file was interrupted.\r"
+                                               "Would you like to finish it?")) {
+    // It may have been one of another editor, which was still at it.
+    if (const auto change = interruptedChange()) {
       menufile::FinishInterruptedChange(files_, path, *change);
     }
   }

@@ -5,6 +5,7 @@
 
 #include "menufile/failure.h"
 #include "menufile/file_window.h"
+#include "menufile/reader.h"
 #include "menufile/records.h"
 #include "menufile/rewrite.h"
 #include "menufile/scratch_file.h"
@@ -55,6 +56,11 @@ bool UpgradeMenuFile(FileSystem& files, const std::string& path, std::string_vie
   try {
     RemoveScratchFile(files, kListScratchFile);
     menu = files.Open(path, OpenMode::Change);
+    // While the question was open another program may have written the menu.
+    FileWindow window(*menu, files.BlockSize());
+    if (MenuReader(window, path).SkipMarkerLine()) {
+      return false;
+    }
     scratch = files.Open(kListScratchFile, OpenMode::Create);
     oldSize = AppendFile(*menu, *scratch, files.BlockSize());
     scratch->Flush();

@@ -49,6 +49,13 @@ TEST(UpgradeMenuFile, PutsPictureMarkerAndTypeLineInFront) {
   }
 }
 
+TEST(UpgradeMenuFile, LeavesAFileThatHasAMarkerLineByNow) {
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(2));
+  EXPECT_FALSE(UpgradeMenuFile(files, kMenuPath, "ico"));
+  EXPECT_EQ(UserMenu(2), files.Get(kMenuPath));
+}
+
 TEST(UpgradeMenuFile, DeletesAnOldScratchFileFirst) {
   MemoryFiles files;
   files.Put(kMenuPath, "old");
@@ -73,6 +80,7 @@ TEST(UpgradeMenuFile, WritesTheMenuOnlyOnceTheScratchFileIsFlushed) {
   files.Put(kMenuPath, "old");
   EXPECT_TRUE(UpgradeMenuFile(files, kMenuPath, "ico"));
   EXPECT_EQ((Log{"remove temporaryfile", "open to change C:\\menus\\a.menu",
+                 "read from 0: C:\\menus\\a.menu",  // is there a marker line?
                  "open or make temporaryfile", "read from 0: C:\\menus\\a.menu",
                  "write 3 bytes to temporaryfile", "flush temporaryfile",
                  "truncate to 0: C:\\menus\\a.menu", "write 29 bytes to C:\\menus\\a.menu",
@@ -82,7 +90,7 @@ TEST(UpgradeMenuFile, WritesTheMenuOnlyOnceTheScratchFileIsFlushed) {
 }
 
 TEST(UpgradeMenuFile, WithoutACompleteScratchFileTheMenuStays) {
-  for (std::size_t operation = 2; operation <= 6; ++operation) {
+  for (std::size_t operation = 2; operation <= 7; ++operation) {
     MemoryFiles files;
     files.Put(kMenuPath, PreviousVersionMenu(3));
     files.SetFault({operation, Fault::Kind::FailsOnce, Fault::Done::Nothing});
@@ -116,7 +124,7 @@ TEST(UpgradeMenuFile, AScratchFileInUseLeavesTheMenu) {
 }
 
 TEST(UpgradeMenuFile, PutsTheOldBytesBackWhenTheMenuCannotBeWritten) {
-  for (std::size_t operation = 7; operation <= 11; ++operation) {
+  for (std::size_t operation = 8; operation <= 12; ++operation) {
     for (Fault::Done done : {Fault::Done::Nothing, Fault::Done::Half, Fault::Done::All}) {
       MemoryFiles files;
       files.Put(kMenuPath, PreviousVersionMenu(3));
@@ -129,7 +137,7 @@ TEST(UpgradeMenuFile, PutsTheOldBytesBackWhenTheMenuCannotBeWritten) {
 }
 
 TEST(UpgradeMenuFile, SaysWhereTheOldBytesAreWhenTheyCannotBePutBack) {
-  for (std::size_t operation = 7; operation <= 11; ++operation) {
+  for (std::size_t operation = 8; operation <= 12; ++operation) {
     MemoryFiles files;
     files.Put(kMenuPath, PreviousVersionMenu(3));
     files.SetFault({operation, Fault::Kind::FailsForGood, Fault::Done::Half});
