@@ -3,14 +3,10 @@
 // file system made for it.
 #include <windows.h>
 
-#include <random>
-
-#include "tests/windows/icon_files.h"
-#include "tests/windows/outside/changes.h"
 #include "tests/windows/outside/drag.h"
+#include "tests/windows/outside/failing_changes_test_base.h"
 #include "tests/windows/outside/host.h"
 #include "tests/windows/outside/options.h"
-#include "tests/windows/outside/outside_test_base.h"
 
 using outside::ChangeKind;
 using outside::Changes;
@@ -21,13 +17,6 @@ using testing_menus::Entry;
 using testing_menus::KnownMenu;
 
 namespace {
-
-constexpr ChangeKind kListChanges[] = {ChangeKind::MoveUp,     ChangeKind::MoveDown,
-                                       ChangeKind::Delete,     ChangeKind::Separator,
-                                       ChangeKind::Add,        ChangeKind::Edit,
-                                       ChangeKind::ChangeIcon, ChangeKind::SaveAppearance,
-                                       ChangeKind::ToDirectory};
-constexpr ChangeKind kDirectoryChanges[] = {ChangeKind::SaveDirectory, ChangeKind::ToList};
 
 // The file system gives room to files in blocks.
 constexpr std::size_t kBlock = 4096;
@@ -70,19 +59,12 @@ bool MakesLonger(ChangeKind kind) {
   }
 }
 
-bool IsSwitch(ChangeKind kind) {
-  return kind == ChangeKind::ToDirectory || kind == ChangeKind::ToList;
-}
-
-bool IsWizard(ChangeKind kind) { return kind == ChangeKind::Add || kind == ChangeKind::Edit; }
-
 }  // namespace
 
-class FullDiskTest : public OutsideTest {
+class FullDiskTest : public FailingChangesTest {
  protected:
   void SetUp() override {
     ASSERT_NE(small_, "") << "there is no small file system: --small-disk=FOLDER";
-    WriteBytes(library_, testing_icons::Library(testing_icons::Colours(12)));
   }
 
   // Where the menu file and the scratch file are.
@@ -107,11 +89,7 @@ class FullDiskTest : public OutsideTest {
   }
   void FreeDisk() { EXPECT_TRUE(DeleteFileA((small_ + "\\filler").c_str())); }
 
-  std::string Scratch(ChangeKind kind) const {
-    const bool isDialogs =
-        IsWizard(kind) || kind == ChangeKind::ChangeIcon || kind == ChangeKind::SaveAppearance;
-    return current_ + (isDialogs ? "\\zoltempfileoktodelete" : "\\temporaryfile");
-  }
+  std::string Scratch(ChangeKind kind) const { return current_ + '\\' + ScratchName(kind); }
   void RemoveScratchFiles() {
     for (const std::string& folder : {small_, this->folder()}) {
       DeleteFileA((folder + "\\temporaryfile").c_str());
@@ -122,7 +100,6 @@ class FullDiskTest : public OutsideTest {
   void ExpectMenu(const std::string& bytes) {
     EXPECT_EQ(Difference(BytesOf(menuPath_), bytes), "");
   }
-  void ExpectNoDialog() { EXPECT_EQ(program().Find("#32770"), nullptr); }
 
   void StartAndFill(const std::string& menu) {
     RemoveScratchFiles();
@@ -140,39 +117,10 @@ class FullDiskTest : public OutsideTest {
     ExpectMenu(whole);
   }
 
-  // What the user sees of a change that fails, to the end of it.
-  void ExpectFailureIsShown(ChangeKind kind) {
-    if (kind == ChangeKind::ChangeIcon || kind == ChangeKind::SaveAppearance) {
-      Answer("Error!", "Error writing to file.", IDOK);
-    }
-    if (kind == ChangeKind::SaveAppearance) {
-      EXPECT_EQ(program().WaitForExit(), 0U);
-      return;
-    }
-    if (IsSwitch(kind)) {
-      // The question, which had to be answered before.
-      EXPECT_TRUE(program().WaitUntilGone("#32770"));
-    }
-    if (IsWizard(kind)) {
-      // Nothing is to be seen of the failure, so there is nothing to wait for.
-      Sleep(500);
-      EXPECT_NE(program().Find("Form3"), nullptr);
-      EXPECT_FALSE(IsWindowEnabled(form2()));
-    } else {
-      EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(form2()) != FALSE; }));
-      EXPECT_EQ(program().Find("Form4"), nullptr);
-    }
-    EXPECT_TRUE(outside::WaitUntilIdle(form2()));
-    ExpectNoDialog();
-    EXPECT_EQ(IsWindowVisible(List()) != FALSE,
-              kind != ChangeKind::SaveDirectory && kind != ChangeKind::ToList);
-  }
-
   // Makes the change on the full disk; then there is room again.
   void Try(ChangeKind kind) {
     SCOPED_TRACE(NameOf(kind));
-    const bool isDirectory = kind == ChangeKind::SaveDirectory || kind == ChangeKind::ToList;
-    const KnownMenu before = isDirectory ? DirectoryMenu() : ListMenu(library_);
+    const KnownMenu before = IsOfDirectory(kind) ? DirectoryMenu() : ListMenu(library_);
     StartAndFill(before.Bytes());
     WaitForForm2();
     Changes changes(program(), form2(), random_, library_);
@@ -186,12 +134,7 @@ class FullDiskTest : public OutsideTest {
       FreeDisk();
       return;
     }
-    if (!change->end) {
-      EXPECT_TRUE(outside::Press(change->window, change->button));
-    } else {
-      change->Begin();
-    }
-    ExpectFailureIsShown(kind);
+    ExpectFailureIsShown(kind, *change);
     const bool isCut = !scratchIsOnSmallDisk_ && needsScratch;
     ++failures_;
     if (isCut) {
@@ -256,10 +199,7 @@ class FullDiskTest : public OutsideTest {
   }
 
   void TryAll() {
-    for (const ChangeKind kind : kListChanges) {
-      Try(kind);
-    }
-    for (const ChangeKind kind : kDirectoryChanges) {
+    for (const ChangeKind kind : kEveryChange) {
       Try(kind);
     }
   }
@@ -293,8 +233,6 @@ class FullDiskTest : public OutsideTest {
   }
 
   const std::string small_ = outside::TestOptions().smallDisk;
-  const std::string library_ = PathOf("twelve.dll");
-  std::mt19937_64 random_{outside::TestOptions().seed};
   std::string menuPath_;
   std::string current_;
   bool menuIsOnSmallDisk_ = false;

@@ -1,0 +1,59 @@
+#include "tests/windows/outside/failing_changes_test_base.h"
+
+#include "tests/windows/icon_files.h"
+
+using outside::WaitUntil;
+
+FailingChangesTest::FailingChangesTest() {
+  WriteBytes(library_, testing_icons::Library(testing_icons::Colours(12)));
+}
+
+bool FailingChangesTest::IsOfDirectory(ChangeKind kind) {
+  return kind == ChangeKind::SaveDirectory || kind == ChangeKind::ToList;
+}
+
+bool FailingChangesTest::IsSwitch(ChangeKind kind) {
+  return kind == ChangeKind::ToDirectory || kind == ChangeKind::ToList;
+}
+
+bool FailingChangesTest::IsWizard(ChangeKind kind) {
+  return kind == ChangeKind::Add || kind == ChangeKind::Edit;
+}
+
+std::string FailingChangesTest::ScratchName(ChangeKind kind) {
+  const bool isDialogs =
+      IsWizard(kind) || kind == ChangeKind::ChangeIcon || kind == ChangeKind::SaveAppearance;
+  return isDialogs ? "zoltempfileoktodelete" : "temporaryfile";
+}
+
+void FailingChangesTest::ExpectFailureIsShown(ChangeKind kind,
+                                              const outside::PreparedChange& change) {
+  if (!change.end) {
+    EXPECT_TRUE(outside::Press(change.window, change.button));
+  } else {
+    change.Begin();
+  }
+  if (kind == ChangeKind::ChangeIcon || kind == ChangeKind::SaveAppearance) {
+    Answer("Error!", "Error writing to file.", IDOK);
+  }
+  if (kind == ChangeKind::SaveAppearance) {
+    EXPECT_EQ(program().WaitForExit(), 0U);
+    return;
+  }
+  if (IsSwitch(kind)) {
+    // The question, which had to be answered before.
+    EXPECT_TRUE(program().WaitUntilGone("#32770"));
+  }
+  if (IsWizard(kind)) {
+    // Nothing is to be seen of the failure, so there is nothing to wait for.
+    Sleep(500);
+    EXPECT_NE(program().Find("Form3"), nullptr);
+    EXPECT_FALSE(IsWindowEnabled(form2()));
+  } else {
+    EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(form2()) != FALSE; }));
+    EXPECT_EQ(program().Find("Form4"), nullptr);
+  }
+  EXPECT_TRUE(outside::WaitUntilIdle(form2()));
+  ExpectNoDialog();
+  EXPECT_EQ(IsWindowVisible(List()) != FALSE, !IsOfDirectory(kind));
+}

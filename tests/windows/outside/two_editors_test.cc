@@ -1,0 +1,315 @@
+// Two editors at work in one folder, and on one menu: none crashes, and the menu
+// files stay what the changes of one after the other make of them.
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+
+#include "tests/windows/outside/failing_changes_test_base.h"
+
+using outside::Changes;
+using outside::PreparedChange;
+using outside::Program;
+using testing_menus::Difference;
+using testing_menus::Entry;
+using testing_menus::ItemLine;
+using testing_menus::KnownMenu;
+using testing_menus::UserDefinedMenu;
+
+namespace {
+
+// The presses of one round fall together often enough.
+constexpr int kRounds = 40;
+constexpr std::size_t kPictureSize = 3 << 20;
+
+struct Editor {
+  std::string menuPath;
+  std::unique_ptr<Program> program;
+  HWND form2 = nullptr;
+};
+
+// A change that is ready but for the press of a button.
+struct Ready {
+  HWND button = nullptr;
+  std::function<void(KnownMenu&)> apply;  // what it makes of the menu file
+};
+
+DWORD WINAPI Press(void* button) {
+  DWORD_PTR result = 0;
+  return SendMessageTimeoutA(static_cast<HWND>(button), BM_CLICK, 0, 0, SMTO_NORMAL,
+                             outside::kPatience, &result) != 0;
+}
+
+// Answers Yes to an editor that has seen the menu while the other one wrote it.
+// True when there was such a question.
+bool AnswerYes(const Editor& editor) {
+  const HWND box = editor.program->Find("#32770");
+  if (box == nullptr || outside::Text(box) != "Query?") {
+    return false;
+  }
+  outside::Press(box, IDYES);
+  return true;
+}
+
+// Presses both at once, as nearly as can be; nothing when a program hangs, else
+// how often one of them asked.
+std::optional<int> PressBoth(const Editor (&editors)[2], HWND one, HWND other) {
+  const HANDLE threads[] = {CreateThread(nullptr, 0, Press, one, 0, nullptr),
+                            CreateThread(nullptr, 0, Press, other, 0, nullptr)};
+  int asked = 0;
+  while (WaitForMultipleObjects(2, threads, TRUE, 30) == WAIT_TIMEOUT) {
+    asked += AnswerYes(editors[0]) + AnswerYes(editors[1]);
+  }
+  bool pressed = true;
+  for (const HANDLE thread : threads) {
+    DWORD result = 0;
+    GetExitCodeThread(thread, &result);
+    CloseHandle(thread);
+    pressed = pressed && result != 0;
+  }
+  return pressed ? std::optional(asked) : std::nullopt;
+}
+
+}  // namespace
+
+class TwoEditorsTest : public FailingChangesTest {
+ protected:
+  KnownMenu NewMenu() {
+    KnownMenu menu;
+    menu.picture.assign(kPictureSize, 'p');
+    for (int i = 0; i < 6; ++i) {
+      menu.entries.push_back({"entry " + std::to_string(i), "news:x", "", "", "", "0"});
+    }
+    return menu;
+  }
+
+  void Open(Editor& editor, const std::string& menuPath) {
+    editor.menuPath = menuPath;
+    editor.program = std::make_unique<Program>(menuPath, folder());
+    editor.form2 = editor.program->WaitFor("Form2");
+    ASSERT_NE(editor.form2, nullptr);
+  }
+
+  std::size_t Below(std::size_t count) { return random_() % count; }
+
+  // The rows of a list may be fewer than the entries in the file, which another
+  // editor may have added; never more. There are none after a reload that failed.
+  Ready Prepare(const Editor& editor) {
+    const HWND list = GetDlgItem(editor.form2, IDC_FORM2_LIST1);
+    const auto rows = static_cast<std::size_t>(SendMessageA(list, LB_GETCOUNT, 0, 0));
+    if (rows < 2) {
+      return PrepareWizard(editor, IDC_FORM2_COMMAND2, 0);
+    }
+    const auto row = static_cast<std::ptrdiff_t>(Below(rows - 1));
+    switch (Below(5)) {
+      case 0:
+        outside::SelectRow(list, static_cast<int>(row + 1));
+        return {GetDlgItem(editor.form2, IDC_FORM2_COMMAND4), [row](KnownMenu& menu) {
+                  std::swap(menu.entries.at(static_cast<std::size_t>(row)),
+                            menu.entries.at(static_cast<std::size_t>(row + 1)));
+                }};
+      case 1:
+        outside::SelectRow(list, static_cast<int>(row));
+        return {GetDlgItem(editor.form2, IDC_FORM2_COMMAND8), [row](KnownMenu& menu) {
+                  std::swap(menu.entries.at(static_cast<std::size_t>(row)),
+                            menu.entries.at(static_cast<std::size_t>(row + 1)));
+                }};
+      case 2:
+        outside::SelectRow(list, static_cast<int>(row));
+        return {GetDlgItem(editor.form2, IDC_FORM2_COMMAND9), [row](KnownMenu& menu) {
+                  menu.entries.insert(menu.entries.begin() + row, testing_menus::Separator());
+                }};
+      case 3:
+        outside::SelectRow(list, static_cast<int>(row));
+        return PrepareWizard(editor, IDC_FORM2_COMMAND3, static_cast<std::size_t>(row));
+      default:
+        return PrepareWizard(editor, IDC_FORM2_COMMAND2, 0);
+    }
+  }
+
+  Ready PrepareWizard(const Editor& editor, int button, std::size_t row) {
+    outside::Click(editor.form2, button);
+    const HWND wizard = editor.program->WaitFor("Form3");
+    EXPECT_NE(wizard, nullptr);
+    EXPECT_TRUE(outside::WaitUntil([&] { return !IsWindowEnabled(editor.form2); }));
+    const Entry entry{"entry " + std::to_string(random_()), "news:y", "arguments", "", "", "0"};
+    outside::Type(wizard, IDC_FORM3_TEXT1, entry.target);
+    outside::Type(wizard, IDC_FORM3_TEXT2, entry.arguments);
+    outside::Press(wizard, IDC_FORM3_COMMAND1);
+    outside::Type(wizard, IDC_FORM3_TEXT4, entry.caption);
+    return {GetDlgItem(wizard, IDC_FORM3_COMMAND5), [=](KnownMenu& menu) {
+              if (button == IDC_FORM2_COMMAND2) {
+                menu.entries.push_back(entry);
+              } else {
+                Entry& old = menu.entries.at(row);
+                old = {entry.caption, entry.target, entry.arguments, "", "", old.iconIndex};
+              }
+            }};
+  }
+
+  // A wizard that could not write stays open; it is left.
+  void LeaveWizard(const Editor& editor) {
+    const HWND wizard = editor.program->Find("Form3");
+    if (wizard != nullptr) {
+      outside::Press(wizard, IDC_FORM3_COMMAND2);
+    }
+    EXPECT_TRUE(outside::WaitUntil([&] { return IsWindowEnabled(editor.form2) != FALSE; }));
+  }
+
+  void ExpectNoScratchFile() {
+    for (const char* name : {"temporaryfile", "zoltempfileoktodelete"}) {
+      EXPECT_EQ(GetFileAttributesA(PathOf(name).c_str()), INVALID_FILE_ATTRIBUTES) << name;
+    }
+  }
+
+  void CloseBoth(Editor& one, Editor& other) {
+    for (const Editor* editor : {&one, &other}) {
+      EXPECT_EQ(editor->program->Find("#32770"), nullptr);
+      outside::CloseWindow(editor->form2);
+      EXPECT_EQ(editor->program->WaitForExit(), 0U);
+    }
+  }
+
+  // The menu after none of the two changes, after one of them, and after both in
+  // either order.
+  static std::vector<KnownMenu> After(const KnownMenu& menu, const Ready& one, const Ready& other) {
+    std::vector<KnownMenu> menus(5, menu);
+    one.apply(menus[1]);
+    other.apply(menus[2]);
+    menus[3] = menus[1];
+    other.apply(menus[3]);
+    menus[4] = menus[2];
+    one.apply(menus[4]);
+    return menus;
+  }
+};
+
+TEST_F(TwoEditorsTest, OnTwoMenusInOneFolder) {
+  KnownMenu menus[2] = {NewMenu(), NewMenu()};
+  Editor editors[2];
+  for (int i = 0; i < 2; ++i) {
+    const std::string path = PathOf(i == 0 ? "one.menu" : "other.menu");
+    WriteBytes(path, menus[i].Bytes());
+    Open(editors[i], path);
+  }
+  int failed = 0;
+  for (int round = 0; round < kRounds && !HasFailure(); ++round) {
+    const Ready ready[2] = {Prepare(editors[0]), Prepare(editors[1])};
+    ASSERT_EQ(PressBoth(editors, ready[0].button, ready[1].button), 0);
+    for (int i = 0; i < 2; ++i) {
+      KnownMenu after = menus[i];
+      ready[i].apply(after);
+      const std::string bytes = BytesOf(editors[i].menuPath);
+      const bool isDone = bytes == after.Bytes();
+      failed += !isDone;
+      if (isDone) {
+        menus[i] = after;
+      }
+      ASSERT_EQ(Difference(bytes, menus[i].Bytes()), "") << "round " << round;
+      LeaveWizard(editors[i]);
+    }
+    ExpectNoScratchFile();
+  }
+  std::printf("%d of %d changes failed because of the other editor (--seed=%llu)\n", failed,
+              2 * kRounds, static_cast<unsigned long long>(outside::TestOptions().seed));
+  EXPECT_LT(failed, kRounds + 1) << "one of the two can always write";
+  CloseBoth(editors[0], editors[1]);
+}
+
+TEST_F(TwoEditorsTest, OnOneMenu) {
+  KnownMenu menu = NewMenu();
+  WriteBytes(MenuPath(), menu.Bytes());
+  Editor editors[2];
+  for (Editor& editor : editors) {
+    Open(editor, MenuPath());
+  }
+  int failed = 0;
+  int asked = 0;
+  for (int round = 0; round < kRounds && !HasFailure(); ++round) {
+    const Ready one = Prepare(editors[0]);
+    const Ready other = Prepare(editors[1]);
+    const std::optional<int> questions = PressBoth(editors, one.button, other.button);
+    ASSERT_TRUE(questions.has_value());
+    asked += *questions;
+    const std::vector<KnownMenu> possible = After(menu, one, other);
+    const std::string bytes = MenuBytes();
+    // Exchanging two separators makes the same menu: the most that can have been
+    // done is looked for first.
+    const auto found = std::find_if(possible.rbegin(), possible.rend(),
+                                    [&](const KnownMenu& is) { return is.Bytes() == bytes; });
+    ASSERT_NE(found, possible.rend())
+        << "round " << round << ": " << Difference(bytes, menu.Bytes());
+    const auto done = possible.rend() - 1 - found;
+    EXPECT_NE(done, 0) << "one of the two can always write";
+    failed += done == 1 || done == 2;
+    menu = *found;
+    LeaveWizard(editors[0]);
+    LeaveWizard(editors[1]);
+    ExpectNoScratchFile();
+  }
+  std::printf(
+      "%d of %d changes failed because of the other editor, and %d times one asked whether "
+      "to convert what the other one was writing (--seed=%llu)\n",
+      failed, 2 * kRounds, asked, static_cast<unsigned long long>(outside::TestOptions().seed));
+  CloseBoth(editors[0], editors[1]);
+}
+
+// The other one was at work only when this one looked: by the time of the answer
+// the menu is whole, and may have been changed since.
+TEST_F(TwoEditorsTest, AQuestionThatIsOutOfDateWhenItIsAnswered) {
+  const std::string whole = UserDefinedMenu({ItemLine("A", "news:a")});
+  const std::string changed = UserDefinedMenu({ItemLine("B", "news:b"), ItemLine("A", "news:a")});
+  for (const bool scratchIsThere : {true, false}) {
+    WriteBytes(MenuPath(), whole.substr(0, 10));
+    if (scratchIsThere) {
+      WriteBytes(PathOf("temporaryfile"), whole);
+    }
+    StartAsItStands();
+    const HWND question = WaitForDialog("Query?");
+    ASSERT_NE(question, nullptr);
+    EXPECT_TRUE(outside::Text(question, outside::kMessageTextId)
+                    .starts_with(scratchIsThere ? "The last change to the menu file"
+                                                : "The menu file is invalid"));
+    WriteBytes(MenuPath(), changed);
+    outside::Click(question, IDYES);
+    WaitForForm2();
+    EXPECT_EQ(Difference(MenuBytes(), changed), "");
+    EXPECT_EQ(Rows(), (std::vector<std::string>{"B", "A"}));
+    program().Kill();
+    DeleteFileA(PathOf("temporaryfile").c_str());
+  }
+}
+
+// What the other editor holds while it writes.
+TEST_F(TwoEditorsTest, AChangeWhileTheOtherWrites) {
+  for (const ChangeKind kind : kEveryChange) {
+    for (const bool menuIsHeld : {true, false}) {
+      if (!menuIsHeld && kind == ChangeKind::Add) {
+        continue;  // it writes no scratch file
+      }
+      SCOPED_TRACE(std::string(NameOf(kind)) + (menuIsHeld ? ", menu file" : ", scratch file"));
+      KnownMenu before;
+      before.isDirectory = IsOfDirectory(kind);
+      before.directory = "\"C:\\\",\"\",0,0,0\r\n";
+      before.entries = {{"a", "news:a", "", "", "", "0"}, {"b", library_, "", "", "", "0"}};
+      Start(before.Bytes());
+      Changes changes(program(), form2(), random_, library_);
+      const std::optional<PreparedChange> change = changes.Prepare(kind, before);
+      ASSERT_TRUE(change.has_value());
+      const std::string held = menuIsHeld ? MenuPath() : PathOf(ScratchName(kind));
+      const HANDLE file = CreateFileA(held.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
+                                      nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+      ASSERT_NE(file, INVALID_HANDLE_VALUE);
+      ExpectFailureIsShown(kind, *change);
+      CloseHandle(file);
+      EXPECT_EQ(Difference(MenuBytes(), before.Bytes()), "");
+      if (IsWizard(kind) || kind == ChangeKind::SaveDirectory) {
+        EXPECT_TRUE(change->Make());
+        EXPECT_EQ(Difference(MenuBytes(), change->after.Bytes()), "");
+      }
+      program().Kill();
+      DeleteFileA(PathOf(ScratchName(kind)).c_str());
+    }
+  }
+}
