@@ -121,6 +121,19 @@ void WriteScratchFile(File& scratch, File& menu, const std::string& path, const 
   scratch.Flush();
 }
 
+// Whether a change that was interrupted left the file, so that it holds a menu or
+// the larger part of one.
+bool HoldsMenu(FileSystem& files, const std::string& path) {
+  std::unique_ptr<File> file;
+  try {
+    file = files.Open(path, OpenMode::Read);
+  } catch (const Failure&) {
+    return false;  // mostly there is none
+  }
+  FileWindow window(*file, files.BlockSize());
+  return MenuReader(window, path).SkipMarkerLine();
+}
+
 }  // namespace
 
 void KeepRecord(std::size_t, const MenuItemRecord& record, RecordStream& records) {
@@ -138,7 +151,8 @@ RewriteResult RewriteMenuFile(FileSystem& files, const std::string& path,
     return result;
   }
   try {
-    if (change.deleteScratchFirst) {
+    // The end of another menu would be read as entries of this one.
+    if (change.deleteScratchFirst || HoldsMenu(files, change.scratchFile)) {
       RemoveScratchFile(files, change.scratchFile);
     }
     const std::unique_ptr<File> menu = files.Open(path, OpenMode::Change);

@@ -53,7 +53,8 @@ void KeepRecord(std::size_t counter, const MenuItemRecord& record, RecordStream&
 struct MenuChange {
   const char* scratchFile = kListScratchFile;
   // Off where a scratch file that is there already is written over from its
-  // front: what is longer in it then ends up behind the new menu.
+  // front: what is longer in it then ends up behind the new menu. One that holds
+  // a menu is deleted first all the same.
   bool deleteScratchFirst = true;
   ErrorMode errorMode = ErrorMode::Throws;
   // What the type line is to say. Absent: what it says.

@@ -23,11 +23,33 @@ std::string Printable(std::string_view bytes) {
   return text;
 }
 
+bool HasMarkerLine(std::string_view bytes) {
+  std::string line;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    if (bytes[i] != '\r') {
+      line += bytes[i];
+      continue;
+    }
+    if (line == "<START ZOL>") {
+      return true;
+    }
+    line.clear();
+    if (i + 1 < bytes.size() && bytes[i + 1] == '\n') {
+      ++i;
+    }
+  }
+  return line == "<START ZOL>";
+}
+
 }  // namespace
 
 Comparison CompareWithLiteral(std::string_view menu, const std::optional<std::string>& leftover,
                               bool scratchCanBeDeleted, const Operation& operation) {
-  const LiteralResult literal = RewriteLiterally(menu, leftover, scratchCanBeDeleted, operation);
+  // A leftover with a menu in it goes, where the literal rewrite would have taken
+  // the end of it for entries.
+  const bool isDeleted = leftover && scratchCanBeDeleted && HasMarkerLine(*leftover);
+  const LiteralResult literal =
+      RewriteLiterally(menu, isDeleted ? std::nullopt : leftover, scratchCanBeDeleted, operation);
 
   const char* const scratchFile = ScratchFileOf(operation.kind);
   MemoryFiles files;

@@ -73,6 +73,13 @@ TEST_P(Leftover, ThatIsLongerAndCannotBeDeletedLeavesItsTailInBothFiles) {
   }
 }
 
+TEST_P(Leftover, OfAnInterruptedChangeDoesNotGetIntoTheMenu) {
+  files_.Put(scratch_, UserMenu(40));
+  Rewrite();
+  EXPECT_EQ(clean_, files_.Get(kMenuPath));
+  EXPECT_EQ(std::nullopt, files_.Get(scratch_));
+}
+
 TEST_P(Leftover, OfTheSameLengthLeavesNothing) {
   files_.Put(scratch_, std::string(copied_.size(), '\0'));
   files_.ForbidRemove(scratch_);

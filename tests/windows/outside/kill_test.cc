@@ -271,9 +271,6 @@ TEST_F(KillTest, AWholeMenuIsThereAfterEachKill) {
         break;
       }
     }
-    // A leftover would be written over from its front by a change of an icon, so
-    // that the end of a longer one got into the menu.
-    DeleteFileA(PathOf("zoltempfileoktodelete").c_str());
     Changes changes(*program_, first_, random_, library_);
     for (auto whole = random_() % 3; whole > 0; --whole) {
       const ChangeKind kind = RandomChange(changes, menu);
