@@ -138,6 +138,7 @@ void Form2::Command13Click() {
   }
   items_.Clear();
   items_.Hidden(0).text.clear();
+  iconic1_.Clear();
   SwitchContents(kDirectoryPage, IDC_FORM2_COMMAND14);
 }
 

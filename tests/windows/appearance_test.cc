@@ -256,7 +256,5 @@ TEST_F(AppearanceTest, AThousandSavesLeaveNoHandlesBehind) {
   for (int i = 3; i < 1003; ++i) {
     round(i);
   }
-  const HandleCount after = HandleCount::Now();
-  EXPECT_EQ(after.gdi, before.gdi);
-  EXPECT_EQ(after.user, before.user);
+  ExpectNothingLeft(before, 1000);
 }

@@ -175,8 +175,6 @@ TEST_F(Form4SaveTest, SavesLeaveNoHandlesBehind) {
   for (int i = 2; i < 102; ++i) {
     round(i);
   }
-  const HandleCount after = HandleCount::Now();
-  EXPECT_EQ(after.gdi, before.gdi);
-  EXPECT_EQ(after.user, before.user);
+  ExpectNothingLeft(before, 100);
   EXPECT_EQ(MenuBytes(), Menu(Item(twelve, "5")));
 }

@@ -204,9 +204,7 @@ TEST_F(Form4Test, AThousandChoicesLeaveNoHandlesBehind) {
   for (int i = 2; i < 1002; ++i) {
     round(i);
   }
-  const HandleCount after = HandleCount::Now();
-  EXPECT_EQ(after.gdi, before.gdi);
-  EXPECT_EQ(after.user, before.user);
+  ExpectNothingLeft(before, 1000);
 }
 
 // A window that is closed otherwise leaves its icon to the end of the process.

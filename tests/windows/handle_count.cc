@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 namespace {
 
 // Wine's GetGuiResources() answers 0 always, but Wine, as Windows used to, takes
@@ -45,4 +47,10 @@ HandleCount HandleCount::Now() {
     now.user = CountUserTable();
   }
   return now;
+}
+
+void ExpectNothingLeft(const HandleCount& before, int rounds) {
+  const HandleCount after = HandleCount::Now();
+  EXPECT_LT(after.gdi - before.gdi, rounds / 2);
+  EXPECT_LT(after.user - before.user, rounds / 2);
 }

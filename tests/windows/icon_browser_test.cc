@@ -341,9 +341,7 @@ TEST_F(IconBrowserTest, SelectingAndPagingLeavesNoHandlesBehind) {
   for (int i = 0; i < 1000; ++i) {
     round();
   }
-  const HandleCount after = HandleCount::Now();
-  EXPECT_EQ(after.gdi, before.gdi);
-  EXPECT_EQ(after.user, before.user);
+  ExpectNothingLeft(before, 1000);
 }
 
 TEST_F(IconBrowserTest, TheHandleCountSeesASingleIcon) {

@@ -164,7 +164,5 @@ TEST_F(MenuFontTest, FontChoicesLeaveNoHandlesBehind) {
   for (int i = 0; i < 20; ++i) {
     ChangeFont(IDOK);
   }
-  const HandleCount after = HandleCount::Now();
-  EXPECT_EQ(after.gdi, before.gdi);
-  EXPECT_EQ(after.user, before.user);
+  ExpectNothingLeft(before, 20);
 }
