@@ -227,4 +227,9 @@ std::size_t MenuReader::BehindFieldEnd(const char* at) const {
   return static_cast<std::size_t>(at - bytes_.data());
 }
 
+bool HasMarkerLine(File& file, std::size_t blockSize) {
+  FileWindow window(file, blockSize);
+  return MenuReader(window, "").SkipMarkerLine();
+}
+
 }  // namespace menufile

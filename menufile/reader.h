@@ -87,6 +87,9 @@ class MenuReader {
   std::size_t entriesRead_ = 0;
 };
 
+// Whether a line of the file equals the marker, so that it holds a menu.
+bool HasMarkerLine(File& file, std::size_t blockSize);
+
 }  // namespace menufile
 
 #endif  // CORVALIS_MENUFILE_READER_H_

@@ -114,8 +114,7 @@ std::optional<InterruptedChange> InterruptedChangeIn(File& menu, const std::stri
   const auto isCutShort = [&](std::uint64_t from, std::string_view head) {
     return IsCutShort({menu, blockSize, {}, from}, {scratch, blockSize, head});
   };
-  FileWindow scratchWindow(scratch, blockSize);
-  if (MenuReader(scratchWindow, "").SkipMarkerLine()) {
+  if (HasMarkerLine(scratch, blockSize)) {
     if (!IsComplete({scratch, blockSize})) {
       return std::nullopt;
     }

@@ -130,8 +130,7 @@ bool HoldsMenu(FileSystem& files, const std::string& path) {
   } catch (const Failure&) {
     return false;  // mostly there is none
   }
-  FileWindow window(*file, files.BlockSize());
-  return MenuReader(window, path).SkipMarkerLine();
+  return HasMarkerLine(*file, files.BlockSize());
 }
 
 }  // namespace

@@ -57,8 +57,7 @@ bool UpgradeMenuFile(FileSystem& files, const std::string& path, std::string_vie
     RemoveScratchFile(files, kListScratchFile);
     menu = files.Open(path, OpenMode::Change);
     // While the question was open another program may have written the menu.
-    FileWindow window(*menu, files.BlockSize());
-    if (MenuReader(window, path).SkipMarkerLine()) {
+    if (HasMarkerLine(*menu, files.BlockSize())) {
       return false;
     }
     scratch = files.Open(kListScratchFile, OpenMode::Create);

@@ -19,9 +19,9 @@ std::string ConvertedHead(std::string_view picture);
 // current directory.
 //
 // False when the file could not be converted, or has a marker line by now, and
-// stands as it was. Throws
-// Failure only when the file could neither be converted nor put back; its old
-// bytes then are in the scratch file, and the message says so.
+// stands as it was. Throws Failure only when the file could neither be converted
+// nor put back; its old bytes then are in the scratch file, and the message says
+// so.
 bool UpgradeMenuFile(FileSystem& files, const std::string& path, std::string_view picture);
 
 }  // namespace menufile
