@@ -24,7 +24,6 @@ void CheckPicture(const std::string& picture, const std::string& path) {
 
 struct Form2::AppearancePage {
   icons::IconBrowser browser;
-  std::string picture2;  // the bitmap file that was saved last
 };
 
 void Form2::CreateAppearancePage() {
@@ -51,9 +50,8 @@ void Form2::ChangeMenuFont() {
 
 void Form2::SaveAppearance() {
   try {
-    std::string& picture2 = appearancePage_->picture2;
-    picture2 = AppearancePicture().BitmapFile();
-    CheckPicture(picture2, MenuFilePath());
+    const std::string picture = AppearancePicture().BitmapFile();
+    CheckPicture(picture, MenuFilePath());
     const std::string size = menufile::FontSizeText(menuFont_.points);
     menufile::AppearanceRecord appearance;
     const bool smallIcons = IsDlgButtonChecked(window(), IDC_FORM2_CHECK1) == BST_CHECKED;
@@ -68,7 +66,7 @@ void Form2::SaveAppearance() {
     change.type = menufile::MenuType::UserDefined;
     change.appearance = appearance;
     change.recordRule = menufile::KeepRecord;
-    change.picture = picture2;
+    change.picture = picture;
     Rewrite(change);
   } catch (const std::exception&) {
     win32::ShowError(window(), "Error writing to file.");
