@@ -1,6 +1,20 @@
 # Sourced, behind wine_env.sh, by the scripts that look at the editor's windows
 # on a display of their own.
 
+# The process of an editor that runs.
+editor=
+leftovers=()
+
+# remove_at_exit PATH...: however the script ends, and $editor with it.
+remove_at_exit() {
+  leftovers+=("$@")
+  trap end_editor_and_remove EXIT
+}
+end_editor_and_remove() {
+  [ -z "$editor" ] || kill "$editor" 2>/dev/null || true
+  rm -rf "${leftovers[@]}"
+}
+
 # wait_for_window TITLE: prints the X window whose title this regular expression
 # is.
 wait_for_window() {
@@ -49,7 +63,7 @@ begin_photographs() {
   fi
   mkdir -p "$folder" "$build_dir/run"
   work=$(mktemp -d "$build_dir/run/photo.XXXXXX")
-  trap 'rm -rf "$work"' EXIT
+  remove_at_exit "$work"
   cp "$project_root/samples/$sample.menu" "$work/$sample.menu"
   "$project_root/tools/start_editor.sh" "$CORVALIS_WINE_SESSION" "$work/$sample.menu" &
   editor=$!
@@ -62,4 +76,5 @@ begin_photographs() {
 end_photographs() {
   xdotool windowactivate --sync "$main" key alt+F4
   wait "$editor"
+  editor=
 }

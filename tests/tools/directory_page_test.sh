@@ -15,12 +15,7 @@ work=$(mktemp -d "$build_dir/test/directory.XXXXXX")
 # Folders to walk through, on the program's drive C.
 drive=$WINEPREFIX/drive_c
 walk=$(mktemp -d "$drive/walk.XXXXXX")
-editor=
-cleanup() {
-  [ -z "$editor" ] || kill "$editor" 2>/dev/null || true
-  rm -rf "$work" "$walk"
-}
-trap cleanup EXIT
+remove_at_exit "$work" "$walk"
 mkdir -p "$walk/one/two"
 base="C:\\$(basename "$walk")"
 

@@ -14,12 +14,7 @@ set -eu
 use_wine_prefix "$CORVALIS_WINE_SESSION"
 mkdir -p "$build_dir/test"
 work=$(mktemp -d "$build_dir/test/package.XXXXXX")
-editor=
-cleanup() {
-  [ -z "$editor" ] || kill "$editor" 2>/dev/null || true
-  rm -rf "$work"
-}
-trap cleanup EXIT
+remove_at_exit "$work"
 
 # expect WHAT COMMAND...
 expect() {

@@ -12,12 +12,7 @@ pages=$build_dir/screenshots
 mkdir -p "$build_dir/test" "$pages"
 rm -f "$pages"/page_*.png
 work=$(mktemp -d "$build_dir/test/pages.XXXXXX")
-editor=
-cleanup() {
-  [ -z "$editor" ] || kill "$editor" 2>/dev/null || true
-  rm -rf "$work"
-}
-trap cleanup EXIT
+remove_at_exit "$work"
 
 # photograph_pages SAMPLE PAGE...: its pages, from the first tab on.
 photograph_pages() {
