@@ -4,6 +4,7 @@
 
 #include "editor/form2.h"
 #include "resources/resource.h"
+#include "resources/version.h"
 
 namespace editor {
 namespace {
@@ -334,7 +335,13 @@ constexpr ControlRow kControls[] = {
 
     // About.
     {IDC_FORM2_IMAGE1, "Static", "", kIcon, {20, 38, 22, 20}, kTopLeft, kAboutPage},
-    {IDC_FORM2_LABEL5, "Static", "Corvalis 1.2", kLabel, {52, 44, 200, 9}, kTopLeft, kAboutPage},
+    {IDC_FORM2_LABEL5,
+     "Static",
+     "Corvalis " CORVALIS_VERSION,
+     kLabel,
+     {52, 44, 200, 9},
+     kTopLeft,
+     kAboutPage},
 
     {IDC_FORM2_COMMAND5,
      "Button",

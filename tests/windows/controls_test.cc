@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "resources/version.h"
 #include "tests/windows/form2_test_base.h"
 
 using testing_menus::DirectoryMenu;
@@ -84,7 +85,7 @@ constexpr ExpectedControl kExpected[] = {
     {IDC_FORM2_IMAGE3, "Static", 0, kAny, "", kAppearance},
 
     {IDC_FORM2_IMAGE1, "Static", 0, kAny, "", kAbout},
-    {IDC_FORM2_LABEL5, "Static", 0, "Corvalis 1.2", "", kAbout},
+    {IDC_FORM2_LABEL5, "Static", 0, "Corvalis " CORVALIS_VERSION, "", kAbout},
 };
 
 // A page as the user comes to see it.
