@@ -8,6 +8,7 @@
 
 #include "editor/command_line.h"
 #include "editor/default_picture.h"
+#include "editor/list_keys.h"
 #include "menufile/failure.h"
 #include "menufile/restore.h"
 #include "resources/resource.h"
@@ -23,6 +24,7 @@ constexpr win32::Route<Form2> kRoutes[] = {
     {IDC_FORM2_COMMAND5, BN_CLICKED, &Form2::Command5Click},
 
     {IDC_FORM2_LIST1, LBN_SELCHANGE, &Form2::List1Click},
+    {IDC_FORM2_LIST1, LBN_DBLCLK, &Form2::Command3Click},
     {IDC_FORM2_LIST1, win32::kFilesDropped, &Form2::List1Drop},
     {IDC_FORM2_LIST1, win32::kFilesRefused, &Form2::List1DropRefused},
     {IDC_FORM2_COMMAND2, BN_CLICKED, &Form2::Command2Click},
@@ -66,6 +68,7 @@ HICON LoadPicture(int id) {
 Form2::Form2(std::string arguments, menufile::FileSystem& files)
     : Form(kForm2Plan, nullptr, kItemPage), arguments_(std::move(arguments)), files_(files) {
   items_.Attach(Control(IDC_FORM2_LIST1));
+  AnswerListKeys(items_);
   list1Drop_.Attach(Control(IDC_FORM2_LIST1));
   iconic1_.Attach(Control(IDC_FORM2_ICONIC1));
   CreateDirectoryPage();
