@@ -1,6 +1,6 @@
 #!/bin/bash
 # Saves pictures of the Select Icon window and the Appearance page, as the
-# README shows them:
+# README shows them, and of the About page:
 #
 #   tools/photograph_icons.sh [FOLDER]     default: docs
 #
@@ -42,4 +42,7 @@ sleep 1
 xdotool windowactivate --sync "$main" key --window 0 Tab
 sleep 0.5
 photograph "$main" "$folder/appearance.png"
+xdotool key --window 0 ctrl+Page_Down
+sleep 0.3
+photograph "$main" "$folder/about.png"
 end_photographs

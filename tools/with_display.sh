@@ -4,6 +4,7 @@
 #
 #   tools/with_display.sh COMMAND [ARGUMENT...]
 #
+# It has 1280x1024 pixels, or as many as CORVALIS_SCREEN says (800x600).
 # CORVALIS_PRIVATE_DISPLAY tells the command that its display is such a one.
 set -eu
 
@@ -30,7 +31,7 @@ trap 'exit 143' TERM
 # The server picks a free display number and writes it once it accepts
 # clients. The parent-death signal ends it even when this script is killed.
 exec {numbers}< <(exec setpriv --pdeathsig TERM \
-  Xvfb -displayfd 1 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp -noreset \
+  Xvfb -displayfd 1 -screen 0 "${CORVALIS_SCREEN:-1280x1024}x24" -dpi 96 -nolisten tcp -noreset \
   2>"$log_dir/xvfb.$$.log" </dev/null)
 server=$!
 number=

@@ -1,0 +1,45 @@
+#!/bin/bash
+# Saves one picture of all pages at 96, 144 and 192 DPI, to look at them side by
+# side:
+#
+#   tools/contact_sheet.sh [SCHEME]     plain (default) or contrast
+#
+# The picture is build/screenshots/sheet.png, or sheet_contrast.png; the single
+# pages lie in the folders beside it. The editor has to be built. Nothing is shown on
+# the person's own display.
+set -eu
+. "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/wine_look.sh"
+
+scheme=${1:-plain}
+case $scheme in
+  plain) sheet=$build_dir/screenshots/sheet.png ;;
+  contrast) sheet=$build_dir/screenshots/sheet_contrast.png ;;
+  *) fail "no such scheme: $scheme" ;;
+esac
+if [ "${CORVALIS_WINE_SESSION:-}" != sheet ]; then
+  export CORVALIS_SCREEN=1920x1200
+  exec "$project_root/tools/wine_session.sh" sheet "$0" "$scheme"
+fi
+use_wine_prefix sheet
+
+scales='96 144 192'
+for dpi in $scales; do
+  use_look "$dpi" "$scheme"
+  rm -rf "$build_dir/screenshots/$scheme.$dpi"
+  for what in wizard icons directory; do
+    "$project_root/tools/photograph_$what.sh" "$build_dir/screenshots/$scheme.$dpi"
+  done
+done
+
+# A row for each page, and a column for each scale.
+rows=()
+for page in contents directory_page appearance about wizard_target wizard_name select_icon; do
+  rows+=(\()
+  for dpi in $scales; do
+    rows+=("$build_dir/screenshots/$scheme.$dpi/$page.png")
+  done
+  rows+=(-bordercolor '#606468' -border 12 +append \))
+done
+convert -background '#606468' "${rows[@]}" -append "$sheet"
+echo "$sheet"

@@ -1,0 +1,37 @@
+# Sourced, after wine_env.sh, by the scripts that run programs at several scales.
+
+# White and yellow on black.
+colours() {
+  local black='"0 0 0"' white='"255 255 255"' name
+  printf '\n[HKEY_CURRENT_USER\\Control Panel\\Colors]\n'
+  for name in ButtonFace ButtonAlternateFace InfoWindow Menu Scrollbar Window; do
+    printf '"%s"=%s\n' "$name" "$black"
+  done
+  for name in ButtonDkShadow ButtonHilight ButtonLight ButtonShadow ButtonText HilightText \
+    InfoText MenuText TitleText WindowFrame; do
+    printf '"%s"=%s\n' "$name" "$white"
+  done
+  printf '"WindowText"="255 255 0"\n"GrayText"="0 255 0"\n"Hilight"="0 128 0"\n'
+}
+
+# use_look DPI SCHEME: how windows look in the Wine prefix from here on. The scheme
+# is plain, Windows' own, or contrast, without a theme.
+use_look() {
+  local dpi theme=1 settings=$WINEPREFIX.look.reg
+  dpi=$(printf '%08x' "$1")
+  [ "$2" = plain ] || theme=0
+  {
+    printf 'REGEDIT4\n'
+    printf '\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n"LogPixels"=dword:%s\n' "$dpi"
+    printf '\n[HKEY_CURRENT_CONFIG\\Software\\Fonts]\n"LogPixels"=dword:%s\n' "$dpi"
+    printf '\n[HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager]\n'
+    printf '"ThemeActive"="%s"\n' "$theme"
+    printf '\n[-HKEY_CURRENT_USER\\Control Panel\\Colors]\n'
+    [ "$2" = plain ] || colours
+  } >"$settings"
+  wine regedit /S "$(winepath -w "$settings")" >/dev/null 2>&1
+  # They are read with the first program of a Wine server.
+  wineserver -k
+  wineserver -w
+  wineserver -p60 >/dev/null 2>&1 </dev/null
+}
