@@ -3,42 +3,52 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <optional>
+#include <string>
 
 #include "menufile/failure.h"
+#include "win32/text.h"
 
 namespace editor {
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
+constexpr std::wstring_view kBlanks = L" \t";
 
 // Windows ends the program's name at the next quote when it begins with one,
 // else at the next blank.
-std::string_view SkipProgramName(std::string_view commandLine) {
-  const bool quoted = !commandLine.empty() && commandLine[0] == '"';
-  const std::size_t end = quoted ? commandLine.find('"', 1) : commandLine.find_first_of(kBlanks, 0);
+std::wstring_view SkipProgramName(std::wstring_view commandLine) {
+  const bool quoted = !commandLine.empty() && commandLine[0] == L'"';
+  const std::size_t end =
+      quoted ? commandLine.find(L'"', 1) : commandLine.find_first_of(kBlanks, 0);
   return commandLine.substr(std::min(end, commandLine.size() - 1) + 1);
 }
 
 }  // namespace
 
-std::string Arguments() {
-  std::string_view arguments = GetCommandLineA();
+std::wstring Arguments() {
+  std::wstring_view arguments = GetCommandLineW();
   if (arguments.empty()) {
     return {};
   }
   arguments = SkipProgramName(arguments);
   arguments.remove_prefix(std::min(arguments.find_first_not_of(kBlanks), arguments.size()));
-  return std::string(arguments.substr(0, arguments.find_last_not_of(kBlanks) + 1));
+  return std::wstring(arguments.substr(0, arguments.find_last_not_of(kBlanks) + 1));
 }
 
-std::string MenuFilePath(std::string_view arguments) {
+std::string MenuFilePath(std::wstring_view arguments) {
   if (arguments.size() < 2) {
     throw menufile::Failure(
-        std::string(arguments), "open a menu file",
+        win32::ToBytes(arguments).value_or(""), "open a menu file",
         "The program is started with the path of a menu file in double quotes, as in "
         "CorvalisEdit.exe \"C:\\menus\\tools.menu\"");
   }
-  return std::string(arguments.substr(1, arguments.size() - 2));
+  const std::wstring_view path = arguments.substr(1, arguments.size() - 2);
+  if (const std::optional<std::string> bytes = win32::PathToBytes(path)) {
+    return *bytes;
+  }
+  throw win32::TextFailure(L"Cannot open the file:\n" + std::wstring(path) +
+                           L"\n\nIts name has characters that the programs of this system's "
+                           L"code page cannot use.");
 }
 
 }  // namespace editor

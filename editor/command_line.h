@@ -8,13 +8,14 @@ namespace editor {
 
 // The arguments of this process as they were typed: its command line behind the
 // program's name and the blanks around, quotes included.
-std::string Arguments();
+std::wstring Arguments();
 
 // The path of the menu file: `arguments` without their first and last
 // character, which are double quotes when the program is started as it is meant
-// to be; nothing checks that they are. Throws menufile::Failure when there are
-// fewer than two characters.
-std::string MenuFilePath(std::string_view arguments);
+// to be; nothing checks that they are. In bytes, with short names where the code
+// page needs them. Throws menufile::Failure when there are fewer than two
+// characters, and win32::TextFailure when there are no bytes for the path.
+std::string MenuFilePath(std::wstring_view arguments);
 
 }  // namespace editor
 

@@ -14,9 +14,9 @@ constexpr DWORD kIconVersion = 0x00030000;
 }  // namespace
 
 std::string_view DefaultPictureFile() {
-  const HMODULE module = GetModuleHandleA(nullptr);
-  const HRSRC resource = FindResourceA(module, MAKEINTRESOURCEA(IDR_DEFAULT_MENU_ICON),
-                                       MAKEINTRESOURCEA(10));  // RCDATA
+  const HMODULE module = GetModuleHandleW(nullptr);
+  const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(IDR_DEFAULT_MENU_ICON),
+                                       MAKEINTRESOURCEW(10));  // RCDATA
   const HGLOBAL data = LoadResource(module, resource);
   return {static_cast<const char*>(LockResource(data)), SizeofResource(module, resource)};
 }

@@ -1,7 +1,12 @@
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "editor/form2.h"
 #include "menufile/failure.h"
 #include "resources/resource.h"
 #include "win32/message_box.h"
+#include "win32/text.h"
 #include "win32/window_text.h"
 
 namespace editor {
@@ -12,10 +17,21 @@ using menufile::MenuChange;
 using menufile::MenuType;
 using menufile::Value;
 
+constexpr std::wstring_view kCannotBeSaved =
+    L" cannot be saved. It has characters that a menu file cannot hold.";
+
+// The bytes of a path that the box shows as `shown`: it may have appended a
+// backslash. After a lone lead byte at the end there is no room for one, it would
+// become the second half of a character.
+win32::ShownBytes PathInBox(const std::string& path, const std::wstring& shown) {
+  const std::string longer = path + "\\";
+  return {win32::ToText(longer) == shown ? longer : path, shown};
+}
+
 bool ConfirmLoss(HWND owner) {
   return win32::AskYesOrNo(owner,
-                           "Changing menu type will lose existing data.\r"
-                           "Do you wish to continue?");
+                           L"Changing menu type will lose existing data.\r"
+                           L"Do you wish to continue?");
 }
 
 // What a menu holds that has just become a directory pointer.
@@ -35,8 +51,8 @@ void Form2::CreateDirectoryPage() {
   dir1_.Attach(Control(IDC_FORM2_DIR1));
   win32::ReportEnter(dir1_.window());
   // Without a limit there is always room for the backslash.
-  SendMessageA(Control(IDC_FORM2_TEXT7), EM_SETLIMITTEXT, 0, 0);
-  SendMessageA(Control(IDC_FORM2_TEXT8), EM_SETLIMITTEXT, 0, 0);
+  SendMessageW(Control(IDC_FORM2_TEXT7), EM_SETLIMITTEXT, 0, 0);
+  SendMessageW(Control(IDC_FORM2_TEXT8), EM_SETLIMITTEXT, 0, 0);
 }
 
 // Not at start-up: most menus are lists, and asking for drives and folders may
@@ -50,7 +66,8 @@ void Form2::FillDirectoryPage() {
 
 void Form2::ShowDirectoryPointer(const DirectoryPointerRecord& directory) {
   ShowContents(kDirectoryPage);
-  const std::string path = directory.folderPath.Text();
+  const std::string folderPath = directory.folderPath.Text();
+  const std::wstring path = win32::ToText(folderPath);
   // Neither list moves for a folder that is not there.
   if (dir1_.SetPath(path)) {
     win32::SelectDrive(Control(IDC_FORM2_DRIVE1), path);
@@ -60,7 +77,10 @@ void Form2::ShowDirectoryPointer(const DirectoryPointerRecord& directory) {
   if (const HWND text7 = Control(IDC_FORM2_TEXT7); win32::WindowText(text7) != path) {
     win32::SetText(text7, path);
   }
-  win32::SetText(Control(IDC_FORM2_TEXT8), directory.filePattern.Text());
+  const HWND text8 = Control(IDC_FORM2_TEXT8);
+  win32::SetText(text8, win32::ToText(directory.filePattern.Text()));
+  folderPath_ = PathInBox(folderPath, win32::WindowText(Control(IDC_FORM2_TEXT7)));
+  filePattern_ = {directory.filePattern.Text(), win32::WindowText(text8)};
   const auto check = [this](int id, const Value& flag) {
     CheckDlgButton(window(), id, flag.Integer() != 0 ? BST_CHECKED : BST_UNCHECKED);
   };
@@ -88,19 +108,17 @@ void Form2::Dir1KeyPress() {
 
 void Form2::Text7Change() {
   const HWND text7 = Control(IDC_FORM2_TEXT7);
-  const std::string text = win32::WindowText(text7);
-  // The second byte of a double-byte character may be that of a backslash.
-  if (*CharPrevA(text.c_str(), text.c_str() + text.size()) == '\\') {
+  if (win32::WindowText(text7).ends_with(L'\\')) {
     return;
   }
   DWORD first = 0;
   DWORD last = 0;
-  SendMessageA(text7, EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
-  const int end = GetWindowTextLengthA(text7);
-  SendMessageA(text7, EM_SETSEL, static_cast<WPARAM>(end), end);
+  SendMessageW(text7, EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
+  const int end = GetWindowTextLengthW(text7);
+  SendMessageW(text7, EM_SETSEL, static_cast<WPARAM>(end), end);
   // This comes back here with nothing left to do.
-  SendMessageA(text7, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>("\\"));
-  SendMessageA(text7, EM_SETSEL, first, static_cast<LPARAM>(last));
+  SendMessageW(text7, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"\\"));
+  SendMessageW(text7, EM_SETSEL, first, static_cast<LPARAM>(last));
 }
 
 bool Form2::RewriteSilently(const MenuChange& change) {
@@ -113,14 +131,23 @@ bool Form2::RewriteSilently(const MenuChange& change) {
 }
 
 void Form2::Command15Click() {
-  const std::string folderPath = win32::WindowText(Control(IDC_FORM2_TEXT7));
-  const std::string filePattern = win32::WindowText(Control(IDC_FORM2_TEXT8));
+  const std::wstring path = win32::WindowText(Control(IDC_FORM2_TEXT7));
+  const std::optional<std::string> folderPath =
+      folderPath_.IsShownBy(path) ? folderPath_.bytes : win32::PathToBytes(path);
+  const std::wstring pattern = win32::WindowText(Control(IDC_FORM2_TEXT8));
+  const std::optional<std::string> filePattern = filePattern_.BytesOf(pattern);
+  if (!folderPath || !filePattern) {
+    win32::ShowError(window(), folderPath
+                                   ? L"The file pattern " + pattern + std::wstring(kCannotBeSaved)
+                                   : L"The path " + path + std::wstring(kCannotBeSaved));
+    return;
+  }
   const auto flag = [this](int id) {
     return Value::Bare(IsDlgButtonChecked(window(), id) == BST_CHECKED ? "1" : "0");
   };
   MenuChange change;
   change.type = MenuType::DirectoryPointer;
-  change.directory = DirectoryPointerRecord{Value::Quoted(folderPath), Value::Quoted(filePattern),
+  change.directory = DirectoryPointerRecord{Value::Quoted(*folderPath), Value::Quoted(*filePattern),
                                             flag(IDC_FORM2_CHECK2), flag(IDC_FORM2_CHECK4),
                                             flag(IDC_FORM2_CHECK3)};
   RewriteSilently(change);
@@ -159,7 +186,7 @@ void Form2::SwitchContents(Page page, int button) {
   const bool hasFocus = IsChild(window(), GetFocus()) != FALSE;
   ShowContents(page);
   if (hasFocus) {
-    SendMessageA(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(button)), TRUE);
+    SendMessageW(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(button)), TRUE);
   }
 }
 

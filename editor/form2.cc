@@ -6,7 +6,6 @@
 #include <cmath>
 #include <utility>
 
-#include "editor/command_line.h"
 #include "editor/default_picture.h"
 #include "editor/list_keys.h"
 #include "menufile/failure.h"
@@ -53,20 +52,20 @@ constexpr win32::Route<Form2> kRoutes[] = {
 
 // The tabs in their order, and the page of each but the first, whose page
 // depends on the type of the menu.
-constexpr const char* kTabs[] = {"Contents", "Appearance", "About"};
+constexpr const wchar_t* kTabs[] = {L"Contents", L"Appearance", L"About"};
 constexpr Page kTabPages[] = {kItemPage, kAppearancePage, kAboutPage};
 
 // What the sample shows at most; the file may hold any number.
 constexpr double kMostPoints = 1000;
 
 HICON LoadPicture(int id) {
-  return LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(id));  // shared, not owned
+  return LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id));  // shared, not owned
 }
 
 }  // namespace
 
-Form2::Form2(std::string arguments, menufile::FileSystem& files)
-    : Form(kForm2Plan, nullptr, kItemPage), arguments_(std::move(arguments)), files_(files) {
+Form2::Form2(std::string menuFilePath, menufile::FileSystem& files)
+    : Form(kForm2Plan, nullptr, kItemPage), menuFilePath_(std::move(menuFilePath)), files_(files) {
   items_.Attach(Control(IDC_FORM2_LIST1));
   AnswerListKeys(items_);
   list1Drop_.Attach(Control(IDC_FORM2_LIST1));
@@ -77,11 +76,11 @@ Form2::Form2(std::string arguments, menufile::FileSystem& files)
   SetPicture(IDC_FORM2_IMAGE3, LoadPicture(IDI_APPEARANCE));
   defaultIcon_ = DefaultIcon();
   SetPicture(IDC_FORM2_IMAGE1, defaultIcon_.get());
-  for (const char* tab : kTabs) {
-    TCITEMA item{};
+  for (const wchar_t* tab : kTabs) {
+    TCITEMW item{};
     item.mask = TCIF_TEXT;
-    item.pszText = const_cast<char*>(tab);
-    SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_INSERTITEMA, std::size(kTabs),
+    item.pszText = const_cast<wchar_t*>(tab);
+    SendMessageW(Control(IDC_FORM2_SSTAB1), TCM_INSERTITEMW, std::size(kTabs),
                  reinterpret_cast<LPARAM>(&item));
   }
   CreateAppearancePage();
@@ -96,9 +95,10 @@ bool Form2::Load() {
   const auto interruptedChange = [&] {
     return menufile::FindInterruptedChange(files_, path, DefaultPictureFile());
   };
-  if (interruptedChange() && win32::AskYesOrNo(window(),
-                                               "The last change to the menu file was interrupted.\r"
-                                               "Would you like to finish it?")) {
+  if (interruptedChange() &&
+      win32::AskYesOrNo(window(),
+                        L"The last change to the menu file was interrupted.\r"
+                        L"Would you like to finish it?")) {
     // It may have been one of another editor, which was still at it.
     if (const auto change = interruptedChange()) {
       menufile::FinishInterruptedChange(files_, path, *change);
@@ -111,8 +111,6 @@ bool Form2::Load() {
   SelectTab(0);
   return true;
 }
-
-std::string Form2::MenuFilePath() const { return editor::MenuFilePath(arguments_); }
 
 bool Form2::LoadMenuFile() {
   const ItemList::Filling filling(items_);
@@ -189,14 +187,14 @@ void Form2::List1Click() {
 }
 
 void Form2::SSTab1Change() {
-  const LRESULT tab = SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_GETCURSEL, 0, 0);
+  const LRESULT tab = SendMessageW(Control(IDC_FORM2_SSTAB1), TCM_GETCURSEL, 0, 0);
   if (tab >= 0) {
     ShowPages(tab == 0 ? contents_ : kTabPages[tab]);
   }
 }
 
 void Form2::SelectTab(int tab) {
-  SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_SETCURSEL, static_cast<WPARAM>(tab), 0);
+  SendMessageW(Control(IDC_FORM2_SSTAB1), TCM_SETCURSEL, static_cast<WPARAM>(tab), 0);
   SSTab1Change();
 }
 
@@ -235,7 +233,7 @@ bool Form2::OnKey(const MSG& message) {
   }
   const HWND tabs = Control(IDC_FORM2_SSTAB1);
   const int count = static_cast<int>(std::size(kTabs));
-  const int tab = static_cast<int>(SendMessageA(tabs, TCM_GETCURSEL, 0, 0));
+  const int tab = static_cast<int>(SendMessageW(tabs, TCM_GETCURSEL, 0, 0));
   SelectTab((tab + step + count) % count);
   SetFocus(tabs);
   return true;
@@ -266,17 +264,17 @@ void Form2::OnArranged() {
   RECT strip{};
   GetClientRect(tabs, &strip);
   RECT tab{};
-  if (SendMessageA(tabs, TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab))) {
+  if (SendMessageW(tabs, TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab))) {
     // They stand on the frame of their page.
-    SendMessageA(tabs, TCM_SETITEMSIZE, 0, MAKELPARAM(0, strip.bottom - tab.top));
+    SendMessageW(tabs, TCM_SETITEMSIZE, 0, MAKELPARAM(0, strip.bottom - tab.top));
   }
   win32::MatchHeight(Control(IDC_FORM2_DRIVE1), Control(IDC_FORM2_TEXT8));
 }
 
 bool Form2::ConfirmUpgrade() {
   return win32::AskYesOrNo(window(),
-                           "The menu file is invalid or a previous version.\r"
-                           "Would you like to update the file?");
+                           L"The menu file is invalid or a previous version.\r"
+                           L"Would you like to update the file?");
 }
 
 void Form2::ShowAppearance(const menufile::AppearanceRecord& appearance) {
@@ -284,7 +282,8 @@ void Form2::ShowAppearance(const menufile::AppearanceRecord& appearance) {
                  appearance.smallIcons.Integer() != 0 ? BST_CHECKED : BST_UNCHECKED);
   menuFont_.bold = appearance.fontBold.Integer() != 0;
   menuFont_.italic = appearance.fontItalic.Integer() != 0;
-  menuFont_.name = appearance.fontName.Text();
+  menuFont_.name = win32::ToText(appearance.fontName.Text());
+  fontName_ = {appearance.fontName.Text(), menuFont_.name};
   menuFont_.points = appearance.fontSize.Number();
   ShowSampleFont();
 }
@@ -294,7 +293,7 @@ void Form2::AppendItem(std::size_t row, const menufile::MenuItemRecord& item) {
 }
 
 void Form2::ShowSampleFont() {
-  LOGFONTA font{};
+  LOGFONTW font{};
   const double points = std::clamp(menuFont_.points, 0.0, kMostPoints);
   font.lfHeight = -std::lround(points * win32::DpiOf(window()) / 72);
   font.lfWeight = menuFont_.bold ? FW_BOLD : FW_NORMAL;
@@ -302,8 +301,8 @@ void Form2::ShowSampleFont() {
   font.lfCharSet = DEFAULT_CHARSET;
   // A longer name is none that a font could have.
   menuFont_.name.copy(font.lfFaceName, LF_FACESIZE - 1);
-  win32::UniqueFont created(CreateFontIndirectA(&font));
-  SendMessageA(Control(IDC_FORM2_TEXT3), WM_SETFONT, reinterpret_cast<WPARAM>(created.get()), TRUE);
+  win32::UniqueFont created(CreateFontIndirectW(&font));
+  SendMessageW(Control(IDC_FORM2_TEXT3), WM_SETFONT, reinterpret_cast<WPARAM>(created.get()), TRUE);
   sampleFont_ = std::move(created);
 }
 

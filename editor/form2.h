@@ -19,6 +19,7 @@
 #include "win32/form.h"
 #include "win32/handles.h"
 #include "win32/picture_box.h"
+#include "win32/text.h"
 
 namespace editor {
 
@@ -39,9 +40,8 @@ enum Page : unsigned {
 // events to the handlers below in form2.cc.
 class Form2 final : public win32::Form, private menufile::MenuView {
  public:
-  // `arguments` is the command line behind the program's name; the path of the
-  // menu file is taken from it whenever the file is needed. `files` is borrowed.
-  Form2(std::string arguments, menufile::FileSystem& files);
+  // On the menu file of that path, in bytes. `files` is borrowed.
+  Form2(std::string menuFilePath, menufile::FileSystem& files);
   ~Form2() override;
 
   // Start-up: offers to finish a change that was interrupted, and reads the menu
@@ -50,7 +50,7 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   bool Load();
 
   // For the windows that this one opens and for the handlers.
-  std::string MenuFilePath() const;
+  const std::string& MenuFilePath() const { return menuFilePath_; }
   menufile::FileSystem& files() { return files_; }
   ItemList& items() { return items_; }
   win32::PictureBox& iconic1() { return iconic1_; }
@@ -148,7 +148,7 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void ShowContents(Page page);
   void ShowSampleFont();
 
-  std::string arguments_;
+  std::string menuFilePath_;
   menufile::FileSystem& files_;
   win32::UniqueIcon defaultIcon_;
   // The last change may have left the menu file cut short.
@@ -158,8 +158,12 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   win32::FileDrop list1Drop_;
   win32::PictureBox iconic1_;
   win32::FolderList dir1_;
+  // What the menu file has for the boxes of the directory page.
+  win32::ShownBytes folderPath_;
+  win32::ShownBytes filePattern_;
   // Of the menu's text, shown by the sample, `Text3`.
-  win32::FontDescription menuFont_{"MS Sans Serif", 8.25, false, false};
+  win32::FontDescription menuFont_{L"MS Sans Serif", 8.25, false, false};
+  win32::ShownBytes fontName_;  // of the menu file
   win32::UniqueFont sampleFont_;
   std::shared_ptr<AppearancePage> appearancePage_;
   std::unique_ptr<win32::Form> child_;

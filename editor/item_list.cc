@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "win32/text.h"
 #include "win32/window_text.h"
 
 namespace editor {
@@ -17,11 +18,11 @@ HICON IconOfText(const std::string& text) {
   return reinterpret_cast<HICON>(number);
 }
 
-int ItemList::Count() const { return static_cast<int>(SendMessageA(list_, LB_GETCOUNT, 0, 0)); }
+int ItemList::Count() const { return static_cast<int>(SendMessageW(list_, LB_GETCOUNT, 0, 0)); }
 
-int ItemList::Selected() const { return static_cast<int>(SendMessageA(list_, LB_GETCURSEL, 0, 0)); }
+int ItemList::Selected() const { return static_cast<int>(SendMessageW(list_, LB_GETCURSEL, 0, 0)); }
 
-void ItemList::Select(int row) { SendMessageA(list_, LB_SETCURSEL, static_cast<WPARAM>(row), 0); }
+void ItemList::Select(int row) { SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(row), 0); }
 
 void ItemList::SetIcon(int row, HICON icon) {
   std::string& text = Hidden(row).text;
@@ -36,8 +37,8 @@ void ItemList::Append(const std::string& caption, const std::string& target) {
 
 void ItemList::Rename(int row, const std::string& caption) {
   const bool selected = Selected() == row;
-  SendMessageA(list_, LB_DELETESTRING, static_cast<WPARAM>(row), 0);
-  InsertRow(row, caption);
+  SendMessageW(list_, LB_DELETESTRING, static_cast<WPARAM>(row), 0);
+  InsertRow(row, win32::ToText(caption));
   if (selected) {
     Select(row);
   }
@@ -47,16 +48,16 @@ void ItemList::ExchangeWithNext(int row) {
   std::swap(Hidden(row), Hidden(row + 1));
   const int top = TopRow();
   const int next = row + 1;
-  SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
-  const std::string below = win32::ListText(list_, next);
-  SendMessageA(list_, LB_DELETESTRING, static_cast<WPARAM>(next), 0);
-  SendMessageA(list_, LB_INSERTSTRING, static_cast<WPARAM>(row),
+  SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+  const std::wstring below = win32::ListText(list_, next);
+  SendMessageW(list_, LB_DELETESTRING, static_cast<WPARAM>(next), 0);
+  SendMessageW(list_, LB_INSERTSTRING, static_cast<WPARAM>(row),
                reinterpret_cast<LPARAM>(below.c_str()));
   ScrollTo(top);
-  SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+  SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
   for (const int changed : {row, row + 1}) {
     RECT place{};
-    SendMessageA(list_, LB_GETITEMRECT, static_cast<WPARAM>(changed),
+    SendMessageW(list_, LB_GETITEMRECT, static_cast<WPARAM>(changed),
                  reinterpret_cast<LPARAM>(&place));
     InvalidateRect(list_, &place, TRUE);
   }
@@ -67,25 +68,25 @@ void ItemList::Remove(int row) {
   if (hidden_.size() > 1) {
     hidden_.erase(hidden_.begin() + row);
   }
-  SendMessageA(list_, LB_DELETESTRING, static_cast<WPARAM>(row), 0);
+  SendMessageW(list_, LB_DELETESTRING, static_cast<WPARAM>(row), 0);
   Select(-1);
 }
 
 void ItemList::Clear() {
   hidden_.resize(1);
-  SendMessageA(list_, LB_RESETCONTENT, 0, 0);
+  SendMessageW(list_, LB_RESETCONTENT, 0, 0);
   textWidth_ = 0;
-  SendMessageA(list_, LB_SETHORIZONTALEXTENT, 0, 0);
+  SendMessageW(list_, LB_SETHORIZONTALEXTENT, 0, 0);
 }
 
-int ItemList::TopRow() const { return static_cast<int>(SendMessageA(list_, LB_GETTOPINDEX, 0, 0)); }
+int ItemList::TopRow() const { return static_cast<int>(SendMessageW(list_, LB_GETTOPINDEX, 0, 0)); }
 
 void ItemList::ScrollTo(int topRow) {
-  SendMessageA(list_, LB_SETTOPINDEX, static_cast<WPARAM>(topRow), 0);
+  SendMessageW(list_, LB_SETTOPINDEX, static_cast<WPARAM>(topRow), 0);
 }
 
 void ItemList::BeginFilling() {
-  SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
+  SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
   icons_.Forget();
   extracted_ = nullptr;
   ruler_.emplace(list_);
@@ -93,7 +94,7 @@ void ItemList::BeginFilling() {
 
 void ItemList::EndFilling() {
   ruler_.reset();
-  SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+  SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
   InvalidateRect(list_, nullptr, TRUE);
 }
 
@@ -119,28 +120,28 @@ void ItemList::AppendRow(int row, const std::string& caption, const std::string&
     hidden_.resize(static_cast<std::size_t>(row) + 1);
   }
   Hidden(row) = {IconText(nullptr), target};
-  InsertRow(row, caption.empty() ? std::string(SeparatorText) : caption);
+  InsertRow(row, caption.empty() ? std::wstring(SeparatorText) : win32::ToText(caption));
 }
 
-void ItemList::InsertRow(int row, const std::string& caption) {
-  SendMessageA(list_, LB_INSERTSTRING, static_cast<WPARAM>(row),
+void ItemList::InsertRow(int row, const std::wstring& caption) {
+  SendMessageW(list_, LB_INSERTSTRING, static_cast<WPARAM>(row),
                reinterpret_cast<LPARAM>(caption.c_str()));
   WidenFor(caption);
 }
 
 ItemList::Ruler::Ruler(HWND list)
-    : dc(list), font(dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageA(list, WM_GETFONT, 0, 0))) {}
+    : dc(list), font(dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageW(list, WM_GETFONT, 0, 0))) {}
 
-int ItemList::Ruler::WidthOf(const std::string& caption) const {
-  constexpr std::size_t kMostBytes = 4096;
+int ItemList::Ruler::WidthOf(const std::wstring& caption) const {
+  constexpr std::size_t kMostCharacters = 4096;
   SIZE extent{};
-  GetTextExtentPoint32A(dc.get(), caption.c_str(),
-                        static_cast<int>(std::min(caption.size(), kMostBytes)), &extent);
+  GetTextExtentPoint32W(dc.get(), caption.c_str(),
+                        static_cast<int>(std::min(caption.size(), kMostCharacters)), &extent);
   return extent.cx;
 }
 
 // A list box scrolls sideways only as far as it is told. Separators may be cut.
-void ItemList::WidenFor(const std::string& caption) {
+void ItemList::WidenFor(const std::wstring& caption) {
   if (caption == SeparatorText) {
     return;
   }
@@ -148,7 +149,7 @@ void ItemList::WidenFor(const std::string& caption) {
   if (width > textWidth_) {
     textWidth_ = width;
     const int extentOfList = textWidth_ + GetSystemMetrics(SM_CXEDGE) * 4;
-    SendMessageA(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extentOfList), 0);
+    SendMessageW(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extentOfList), 0);
   }
 }
 

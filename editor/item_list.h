@@ -16,8 +16,8 @@
 namespace editor {
 
 // What the list shows for an entry without a caption: 87 hyphens.
-inline constexpr std::string_view SeparatorText =
-    "---------------------------------------------------------------------------------------";
+inline constexpr std::wstring_view SeparatorText =
+    L"---------------------------------------------------------------------------------------";
 
 // What is kept of an entry besides its list row.
 //
@@ -27,7 +27,7 @@ inline constexpr std::string_view SeparatorText =
 // reload or a switch of the menu type live as long as the process.
 struct HiddenRow {
   std::string text;
-  std::string tag;  // the entry's target
+  std::string tag;  // the entry's target, in the bytes of the file
 };
 
 std::string IconText(HICON icon);
@@ -52,6 +52,8 @@ class ItemList {
   // Gives a row an icon, which the list owns from here on, or none with nullptr.
   // The icon that it had is destroyed when no other row has it too.
   void SetIcon(int row, HICON icon);
+
+  // Captions and targets are bytes of the file; the list shows the text of them.
 
   // Appends the row of an entry without an icon of its own, and a hidden row for
   // it. An empty caption is shown as SeparatorText.
@@ -97,7 +99,7 @@ class ItemList {
   // Measures captions in the list's font.
   struct Ruler {
     explicit Ruler(HWND list);
-    int WidthOf(const std::string& caption) const;  // in pixels
+    int WidthOf(const std::wstring& caption) const;  // in pixels
 
     win32::WindowDc dc;
     win32::SelectedObject font;
@@ -106,8 +108,8 @@ class ItemList {
   void BeginFilling();
   void EndFilling();
   void AppendRow(int row, const std::string& caption, const std::string& target);
-  void InsertRow(int row, const std::string& caption);
-  void WidenFor(const std::string& caption);
+  void InsertRow(int row, const std::wstring& caption);
+  void WidenFor(const std::wstring& caption);
 
   HWND list_ = nullptr;
   std::vector<HiddenRow> hidden_{1};

@@ -19,7 +19,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
   int exitCode = EXIT_FAILURE;
   try {
     editor::WindowsFileSystem files;
-    editor::Form2 window(editor::Arguments(), files);
+    editor::Form2 window(editor::MenuFilePath(editor::Arguments()), files);
     if (window.Load()) {
       ShowWindow(window.window(), show);
       exitCode = win32::RunMessageLoop();

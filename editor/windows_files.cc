@@ -9,6 +9,7 @@
 
 #include "menufile/failure.h"
 #include "win32/handles.h"
+#include "win32/text.h"
 #include "win32/window_text.h"
 
 namespace editor {
@@ -22,7 +23,9 @@ constexpr std::size_t kMostBytes = 64U << 20;
 
 [[noreturn]] void Fail(const std::string& path, const char* doing) {
   const DWORD error = GetLastError();
-  throw Failure(path, doing, win32::ErrorText(error));
+  throw Failure(
+      path, doing,
+      win32::ToBytes(win32::ErrorText(error)).value_or("Windows error " + std::to_string(error)));
 }
 
 class WindowsFile final : public menufile::File {
@@ -111,9 +114,9 @@ class WindowsFile final : public menufile::File {
 // What tells a file from all others, whatever its path; nothing when there is
 // none.
 std::optional<std::array<DWORD, 3>> IdentityOf(const std::string& path) {
-  const HANDLE opened =
-      CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE opened = CreateFileW(win32::ToText(path).c_str(), 0,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (opened == INVALID_HANDLE_VALUE) {
     return std::nullopt;
   }
@@ -131,13 +134,13 @@ std::optional<std::array<DWORD, 3>> IdentityOf(const std::string& path) {
 std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path, OpenMode mode) {
   const bool reading = mode == OpenMode::Read;
   // Windows looks at this itself; Wine lets a superuser write what is read-only.
-  const DWORD attributes = reading ? 0 : GetFileAttributesA(path.c_str());
+  const DWORD attributes = reading ? 0 : GetFileAttributesW(win32::ToText(path).c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     SetLastError(ERROR_ACCESS_DENIED);
     Fail(path, "write the file");
   }
-  const HANDLE handle = CreateFileA(
-      path.c_str(), GENERIC_READ | (reading ? 0 : GENERIC_WRITE),
+  const HANDLE handle = CreateFileW(
+      win32::ToText(path).c_str(), GENERIC_READ | (reading ? 0 : GENERIC_WRITE),
       FILE_SHARE_READ | (reading ? FILE_SHARE_WRITE | FILE_SHARE_DELETE : 0), nullptr,
       mode == OpenMode::Create ? OPEN_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE) {
@@ -147,7 +150,7 @@ std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path,
 }
 
 void WindowsFileSystem::Remove(const std::string& path) {
-  if (!DeleteFileA(path.c_str())) {
+  if (!DeleteFileW(win32::ToText(path).c_str())) {
     Fail(path, "delete the file");
   }
 }
@@ -159,7 +162,7 @@ bool WindowsFileSystem::IsSameFile(const std::string& path, const std::string& o
 
 std::uint64_t WindowsFileSystem::LastWritten(const std::string& path) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
-  if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data)) {
+  if (!GetFileAttributesExW(win32::ToText(path).c_str(), GetFileExInfoStandard, &data)) {
     Fail(path, "open the file");
   }
   return std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32 |

@@ -44,7 +44,15 @@ void Form2::SelectIconSourceFile() { appearancePage_->browser.SelectIconSourceFi
 void Form2::ShowPreviewOnDesktopColour() { appearancePage_->browser.ShowPreviewOnDesktopColour(); }
 
 void Form2::ChangeMenuFont() {
-  win32::ChooseScreenFont(window(), "Select Font", menuFont_);
+  win32::FontDescription chosen = menuFont_;
+  win32::ChooseScreenFont(window(), L"Select Font", chosen);
+  if (!fontName_.BytesOf(chosen.name)) {
+    win32::ShowError(window(), L"Font " + chosen.name +
+                                   L" cannot be used. Its name has characters that a menu file "
+                                   L"cannot hold.");
+    return;
+  }
+  menuFont_ = chosen;
   ShowSampleFont();
 }
 
@@ -56,7 +64,8 @@ void Form2::SaveAppearance() {
     menufile::AppearanceRecord appearance;
     const bool smallIcons = IsDlgButtonChecked(window(), IDC_FORM2_CHECK1) == BST_CHECKED;
     appearance.smallIcons = menufile::Value::Bare(smallIcons ? "1" : "0");
-    appearance.fontName = menufile::Value::Quoted(menuFont_.name);
+    const std::string name = fontName_.BytesOf(menuFont_.name).value();
+    appearance.fontName = menufile::Value::Quoted(name);
     appearance.fontSize = menufile::Value::Bare(size);
     appearance.fontBold = menufile::Value::Bare(menuFont_.bold ? "-1" : "0");
     appearance.fontItalic = menufile::Value::Bare(menuFont_.italic ? "-1" : "0");
@@ -69,12 +78,13 @@ void Form2::SaveAppearance() {
     change.picture = picture;
     Rewrite(change);
   } catch (const std::exception&) {
-    win32::ShowError(window(), "Error writing to file.");
+    win32::ShowError(window(), L"Error writing to file.");
     OnClose();
     return;
   }
-  win32::ShowInformation(
-      window(), "You might have to refresh the desktop for the new icon to show.", "Corvalis Edit");
+  win32::ShowInformation(window(),
+                         L"You might have to refresh the desktop for the new icon to show.",
+                         L"Corvalis Edit");
 }
 
 }  // namespace editor

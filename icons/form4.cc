@@ -8,6 +8,7 @@
 #include "resources/resource.h"
 #include "win32/message_box.h"
 #include "win32/route.h"
+#include "win32/text.h"
 
 namespace icons {
 namespace {
@@ -40,7 +41,7 @@ class Form4::OwnDialogOpen {
 Form4::Form4(editor::Form2& editor) : Form(kForm4Plan, editor.window()), editor_(editor) {
   browser_.Attach(Control(IDC_FORM4_PICTURE1), Control(IDC_FORM4_HSCROLL1),
                   Control(IDC_FORM4_LABEL1));
-  SendMessageA(window(), DM_SETDEFID, IDC_FORM4_COMMAND1, 0);
+  SendMessageW(window(), DM_SETDEFID, IDC_FORM4_COMMAND1, 0);
 }
 
 void Form4::OnCommand(int id, UINT event) {
@@ -70,7 +71,7 @@ void Form4::OnActivate(bool active) {
   try {
     count = browser_.CountIcons();
   } catch (const std::overflow_error& tooMany) {
-    ShowError(tooMany.what());
+    ShowError(win32::ToText(tooMany.what()));
   }
   if (count > 0) {
     const bool exists = item_.index >= 0 && item_.index < count;
@@ -106,7 +107,7 @@ void Form4::ApplyItemIcon() {
   try {
     editor_.Rewrite(change);
   } catch (const std::exception&) {
-    ShowError("Error writing to file.");
+    ShowError(L"Error writing to file.");
     editor_.CloseChild();
     return;
   }
@@ -118,7 +119,7 @@ void Form4::ApplyItemIcon() {
   editor_.CloseChild();
 }
 
-void Form4::ShowError(const char* text) {
+void Form4::ShowError(const std::wstring& text) {
   const OwnDialogOpen open(ownDialog_);
   // The first activation comes with being shown, before that was done.
   EnableWindow(editor_.window(), FALSE);

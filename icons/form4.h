@@ -48,7 +48,7 @@ class Form4 final : public win32::Form {
   void ShowIconAt() { browser_.ShowIconAt(); }
   void SelectIconSourceFile();  // Command2
   void ApplyItemIcon();         // Command1
-  void ShowError(const char* text);
+  void ShowError(const std::wstring& text);
 
   editor::Form2& editor_;
   ItemIcon item_;

@@ -10,23 +10,24 @@
 #include "win32/file_dialog.h"
 #include "win32/icon_file.h"
 #include "win32/message_box.h"
+#include "win32/text.h"
 #include "win32/wait_pointer.h"
 #include "win32/window_text.h"
 
 namespace icons {
 namespace {
 
-constexpr const char* kTitle = "Select a DLL or EXE which includes Icons";
-constexpr const char* kFilter =
-    "Icon Files (*.ico;*.exe;*.dll)\0*.ico;*.exe;*.dll\0"
-    "All files\0*.*\0";
+constexpr const wchar_t* kTitle = L"Select a DLL or EXE which includes Icons";
+constexpr const wchar_t* kFilter =
+    L"Icon Files (*.ico;*.exe;*.dll)\0*.ico;*.exe;*.dll\0"
+    L"All files\0*.*\0";
 
 constexpr int kMostIcons = std::numeric_limits<std::int16_t>::max();
 
 // None where the file has no icon of that index, or cannot be read.
 win32::UniqueIcon ExtractIconOf(const std::string& path, int index) {
   const HICON icon =
-      ExtractIconA(GetModuleHandleA(nullptr), path.c_str(), static_cast<UINT>(index));
+      ExtractIconA(GetModuleHandleW(nullptr), path.c_str(), static_cast<UINT>(index));
   // 1 is no handle either: it says that the file is of no kind that holds icons.
   return win32::UniqueIcon(reinterpret_cast<std::uintptr_t>(icon) > 1 ? icon : nullptr);
 }
@@ -34,7 +35,7 @@ win32::UniqueIcon ExtractIconOf(const std::string& path, int index) {
 }  // namespace
 
 void ShowIconCount(HWND label, int count) {
-  win32::SetText(label, std::to_string(count) + (count == 1 ? " Icon" : " Icons"));
+  win32::SetText(label, std::to_wstring(count) + (count == 1 ? L" Icon" : L" Icons"));
 }
 
 void IconBrowser::Attach(HWND pictureBox, HWND scrollBar, HWND countLabel) {
@@ -44,7 +45,7 @@ void IconBrowser::Attach(HWND pictureBox, HWND scrollBar, HWND countLabel) {
 }
 
 int IconBrowser::Index() const {
-  return static_cast<int>(SendMessageA(scrollBar_, SBM_GETPOS, 0, 0));
+  return static_cast<int>(SendMessageW(scrollBar_, SBM_GETPOS, 0, 0));
 }
 
 // Windows could be asked for the number; what is counted here is what can
@@ -76,7 +77,7 @@ void IconBrowser::ShowIcons(int count, int index) {
   info.nMax = count == 0 ? 0 : count - 1;
   info.nPage = 1;
   info.nPos = index;
-  SendMessageA(scrollBar_, SBM_SETSCROLLINFO, TRUE, reinterpret_cast<LPARAM>(&info));
+  SendMessageW(scrollBar_, SBM_SETSCROLLINFO, TRUE, reinterpret_cast<LPARAM>(&info));
   EnableWindow(scrollBar_, TRUE);
   ShowIconAt();
 }
@@ -91,24 +92,32 @@ void IconBrowser::ShowIconAt() {
 }
 
 void IconBrowser::SelectIconSourceFile(HWND owner) {
-  std::optional<std::string> chosen = win32::ChooseFile(owner, kTitle, kFilter, source_);
+  std::optional<std::wstring> chosen =
+      win32::ChooseFile(owner, kTitle, kFilter, win32::ToText(source_));
   if (!chosen && win32::FileDialogFailed()) {
     // It does not open with what could not be the name of a file, as "C:\".
-    chosen = win32::ChooseFile(owner, kTitle, kFilter, "");
+    chosen = win32::ChooseFile(owner, kTitle, kFilter, L"");
   }
   if (!chosen) {
     return;
   }
-  SetSource(std::move(*chosen));
+  std::optional<std::string> path = win32::PathToBytes(*chosen);
+  if (!path) {
+    win32::ShowError(owner, L"File " + *chosen +
+                                L" cannot be used. Its name has characters that a menu file "
+                                L"cannot hold.");
+    return;
+  }
+  SetSource(*std::move(path));
   current_.reset();
   int count = 0;
   try {
     count = CountIcons();
     if (count == 0) {
-      win32::ShowError(owner, "No Icons found in this file!");
+      win32::ShowError(owner, L"No Icons found in this file!");
     }
   } catch (const std::overflow_error& tooMany) {
-    win32::ShowError(owner, tooMany.what());
+    win32::ShowError(owner, win32::ToText(tooMany.what()));
   }
   ShowIcons(count, 0);
 }

@@ -23,12 +23,12 @@ LRESULT CALLBACK EnterProcedure(HWND list, UINT message, WPARAM wide, LPARAM dat
 }  // namespace
 
 void Report(HWND control, ControlEvent event) {
-  SendMessageA(GetParent(control), kEventMessage, static_cast<WPARAM>(GetDlgCtrlID(control)),
+  SendMessageW(GetParent(control), kEventMessage, static_cast<WPARAM>(GetDlgCtrlID(control)),
                event);
 }
 
 void ReportLater(HWND control, ControlEvent event) {
-  PostMessageA(GetParent(control), kEventMessage, static_cast<WPARAM>(GetDlgCtrlID(control)),
+  PostMessageW(GetParent(control), kEventMessage, static_cast<WPARAM>(GetDlgCtrlID(control)),
                event);
 }
 

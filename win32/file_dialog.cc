@@ -2,18 +2,18 @@
 
 #include <commdlg.h>
 
-#include <cstddef>
+#include <iterator>
 
 #include "win32/dialog_library.h"
 
 namespace win32 {
 
-std::optional<std::string> ChooseFile(HWND owner, const char* title, const char* filter,
-                                      const std::string& initial) {
-  // Far longer than any path that the ANSI functions can open.
-  char path[4096] = "";
+std::optional<std::wstring> ChooseFile(HWND owner, const wchar_t* title, const wchar_t* filter,
+                                       const std::wstring& initial) {
+  // Far longer than any path that the shell can open.
+  wchar_t path[4096] = L"";
   initial.copy(path, std::size(path) - 1);
-  OPENFILENAMEA dialog{};
+  OPENFILENAMEW dialog{};
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = owner;
   dialog.lpstrFilter = filter;
@@ -21,7 +21,7 @@ std::optional<std::string> ChooseFile(HWND owner, const char* title, const char*
   dialog.nMaxFile = static_cast<DWORD>(std::size(path));
   dialog.lpstrTitle = title;
   dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
-  if (!DialogFunction<decltype(GetOpenFileNameA)>("GetOpenFileNameA")(&dialog)) {
+  if (!DialogFunction<decltype(GetOpenFileNameW)>("GetOpenFileNameW")(&dialog)) {
     return std::nullopt;
   }
   return path;

@@ -12,10 +12,9 @@ namespace win32 {
 // directory as it is. `filter` is pairs of a name and patterns, each ended by a
 // NUL, and one more NUL at the end. `initial` stands in the name box at first.
 //
-// Returns the full path in the system's ANSI code page; nothing when the user
-// cancelled, or when the dialog failed.
-std::optional<std::string> ChooseFile(HWND owner, const char* title, const char* filter,
-                                      const std::string& initial);
+// Returns the full path; nothing when the user cancelled, or when the dialog failed.
+std::optional<std::wstring> ChooseFile(HWND owner, const wchar_t* title, const wchar_t* filter,
+                                       const std::wstring& initial);
 
 // When ChooseFile() returned nothing: whether the dialog failed; otherwise the
 // user cancelled it.

@@ -8,33 +8,12 @@
 #include <utility>
 
 #include "win32/control_event.h"
+#include "win32/text.h"
 
 namespace win32 {
 namespace {
 
 FORMATETC FileListFormat() { return {CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL}; }
-
-// Nothing when the code page cannot hold all of `text`.
-std::optional<std::string> ToAnsi(const std::wstring& text) {
-  const bool isUtf8 = GetACP() == CP_UTF8;  // which holds everything, and takes no flags
-  BOOL lost = FALSE;
-  const auto convert = [&](char* out, int size) {
-    return WideCharToMultiByte(CP_ACP, isUtf8 ? 0 : WC_NO_BEST_FIT_CHARS, text.data(),
-                               static_cast<int>(text.size()), out, size, nullptr,
-                               isUtf8 ? nullptr : &lost);
-  };
-  std::string ansi(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
-  convert(ansi.data(), static_cast<int>(ansi.size()));
-  return lost ? std::nullopt : std::optional(std::move(ansi));
-}
-
-// Empty when the volume keeps no short names, or the file is not there.
-std::wstring ShortPath(const std::wstring& path) {
-  std::wstring shortPath(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
-  shortPath.resize(
-      GetShortPathNameW(path.c_str(), shortPath.data(), static_cast<DWORD>(shortPath.size())));
-  return shortPath;
-}
 
 DroppedFiles FilesIn(HDROP drop) {
   DroppedFiles files;
@@ -42,14 +21,8 @@ DroppedFiles FilesIn(HDROP drop) {
   for (UINT index = 0; index < count; ++index) {
     std::wstring path(DragQueryFileW(drop, index, nullptr, 0) + 1, L'\0');
     path.resize(DragQueryFileW(drop, index, path.data(), static_cast<UINT>(path.size())));
-    std::optional<std::string> ansi = ToAnsi(path);
-    if (!ansi) {
-      if (const std::wstring shortPath = ShortPath(path); !shortPath.empty()) {
-        ansi = ToAnsi(shortPath);
-      }
-    }
-    if (ansi) {
-      files.paths.push_back(*std::move(ansi));
+    if (std::optional<std::string> bytes = PathToBytes(path)) {
+      files.paths.push_back(*std::move(bytes));
     } else {
       files.refused.push_back(std::move(path));
     }

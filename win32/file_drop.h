@@ -9,10 +9,9 @@
 namespace win32 {
 
 struct DroppedFiles {
-  // Full paths in the system's ANSI code page, in the order of the data. A file
-  // whose path the code page cannot hold is here with its short (8.3) path.
+  // The bytes of the full paths (PathToBytes()), in the order of the data.
   std::vector<std::string> paths;
-  // Files that have no such path.
+  // Files whose paths have none.
   std::vector<std::wstring> refused;
 };
 

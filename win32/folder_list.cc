@@ -3,7 +3,6 @@
 #include <shellapi.h>
 
 #include <algorithm>
-#include <cstring>
 #include <optional>
 
 #include "win32/layout.h"
@@ -14,32 +13,29 @@ namespace {
 
 constexpr std::size_t kRootLength = 3;  // "C:\"
 
-bool HasDrive(const std::string& path) {
-  const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
-  return path.size() >= 2 && isLetter(path[0]) && path[1] == ':';
+bool HasDrive(const std::wstring& path) {
+  const auto isLetter = [](wchar_t c) {
+    return (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
+  };
+  return path.size() >= 2 && isLetter(path[0]) && path[1] == L':';
 }
 
-char UpperCase(char letter) {
-  return static_cast<char>(letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter);
-}
-
-// The second byte of a double-byte character may be that of a backslash.
-bool EndsWithBackslash(const std::string& path) {
-  return *CharPrevA(path.c_str(), path.c_str() + path.size()) == '\\';
+wchar_t UpperCase(wchar_t letter) {
+  return static_cast<wchar_t>(letter >= L'a' && letter <= L'z' ? letter - L'a' + L'A' : letter);
 }
 
 // Empty when Windows makes nothing of the path.
-std::string FullPath(const std::string& path) {
-  std::string full;
+std::wstring FullPath(const std::wstring& path) {
+  std::wstring full;
   for (DWORD length = MAX_PATH; length > full.size();) {
     full.resize(length);
-    length = GetFullPathNameA(path.c_str(), length, full.data(), nullptr);
+    length = GetFullPathNameW(path.c_str(), length, full.data(), nullptr);
     if (length <= full.size()) {
       full.resize(length);
       break;
     }
   }
-  while (full.size() > kRootLength && EndsWithBackslash(full)) {
+  while (full.size() > kRootLength && full.back() == L'\\') {
     full.pop_back();
   }
   if (HasDrive(full)) {
@@ -48,55 +44,48 @@ std::string FullPath(const std::string& path) {
   return full;
 }
 
-std::string InFolder(const std::string& folder, const std::string& name) {
-  return EndsWithBackslash(folder) ? folder + name : folder + "\\" + name;
+std::wstring InFolder(const std::wstring& folder, const std::wstring& name) {
+  return folder.ends_with(L'\\') ? folder + name : folder + L"\\" + name;
 }
 
 struct CloseSearch {
   void operator()(HANDLE search) const { FindClose(search); }
 };
 
-// The name by which a program of this code page can open the folder.
-const char* OpenableName(const WIN32_FIND_DATAA& found) {
-  const bool isLossy = std::strchr(found.cFileName, '?') != nullptr;
-  return isLossy && found.cAlternateFileName[0] != '\0' ? found.cAlternateFileName
-                                                        : found.cFileName;
-}
-
-bool ComesBefore(const std::string& a, const std::string& b) {
+bool ComesBefore(const std::wstring& a, const std::wstring& b) {
   const int order =
-      CompareStringA(LOCALE_USER_DEFAULT, NORM_IGNORECASE, a.c_str(), -1, b.c_str(), -1);
+      CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, a.c_str(), -1, b.c_str(), -1);
   return order == CSTR_EQUAL ? a < b : order == CSTR_LESS_THAN;
 }
 
 // The names of the folders in a folder, sorted; nothing when it cannot be read.
-std::optional<std::vector<std::string>> FoldersIn(const std::string& folder) {
-  WIN32_FIND_DATAA found{};
-  const HANDLE handle = FindFirstFileA(InFolder(folder, "*").c_str(), &found);
+std::optional<std::vector<std::wstring>> FoldersIn(const std::wstring& folder) {
+  WIN32_FIND_DATAW found{};
+  const HANDLE handle = FindFirstFileW(InFolder(folder, L"*").c_str(), &found);
   if (handle == INVALID_HANDLE_VALUE) {
     // A root, unlike other folders, may hold nothing at all.
     if (GetLastError() == ERROR_FILE_NOT_FOUND) {
-      return std::vector<std::string>{};
+      return std::vector<std::wstring>{};
     }
     return std::nullopt;
   }
   const UniqueHandle<HANDLE, CloseSearch> search(handle);
-  std::vector<std::string> names;
+  std::vector<std::wstring> names;
   do {
-    const std::string name = OpenableName(found);
-    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && name != "." && name != "..") {
+    const std::wstring name = found.cFileName;
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && name != L"." && name != L"..") {
       names.push_back(name);
     }
-  } while (FindNextFileA(search.get(), &found));
+  } while (FindNextFileW(search.get(), &found));
   std::sort(names.begin(), names.end(), ComesBefore);
   return names;
 }
 
 // The shell's icon for folders in general: no folder is looked at.
 UniqueIcon FolderIcon(UINT openFlag) {
-  SHFILEINFOA info{};
+  SHFILEINFOW info{};
   const DWORD_PTR answer =
-      SHGetFileInfoA("folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof info,
+      SHGetFileInfoW(L"folder", FILE_ATTRIBUTE_DIRECTORY, &info, sizeof info,
                      SHGFI_USEFILEATTRIBUTES | SHGFI_ICON | SHGFI_SMALLICON | openFlag);
   return UniqueIcon(answer != 0 ? info.hIcon : nullptr);
 }
@@ -104,39 +93,39 @@ UniqueIcon FolderIcon(UINT openFlag) {
 }  // namespace
 
 void FillDriveList(HWND combo) {
-  const std::string selected = SelectedDrive(combo);
-  SendMessageA(combo, CB_RESETCONTENT, 0, 0);
+  const std::wstring selected = SelectedDrive(combo);
+  SendMessageW(combo, CB_RESETCONTENT, 0, 0);
   const DWORD drives = GetLogicalDrives();
   for (int number = 0; number < 26; ++number) {
     if ((drives >> number & 1U) != 0) {
-      const char name[] = {static_cast<char>('A' + number), ':', '\0'};
-      SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name));
+      const wchar_t name[] = {static_cast<wchar_t>(L'A' + number), L':', L'\0'};
+      SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name));
     }
   }
   SelectDrive(combo, selected);
 }
 
-std::string SelectedDrive(HWND combo) {
-  const LRESULT row = SendMessageA(combo, CB_GETCURSEL, 0, 0);
+std::wstring SelectedDrive(HWND combo) {
+  const LRESULT row = SendMessageW(combo, CB_GETCURSEL, 0, 0);
   if (row == CB_ERR) {
     return {};
   }
-  char name[8] = "";  // all rows are two characters long
-  SendMessageA(combo, CB_GETLBTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(name));
+  wchar_t name[8] = L"";  // all rows are two characters long
+  SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(name));
   return name;
 }
 
-bool SelectDrive(HWND combo, const std::string& path) {
+bool SelectDrive(HWND combo, const std::wstring& path) {
   if (!HasDrive(path)) {
     return false;
   }
-  const std::string drive = path.substr(0, 2);
-  const LRESULT row = SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+  const std::wstring drive = path.substr(0, 2);
+  const LRESULT row = SendMessageW(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                    reinterpret_cast<LPARAM>(drive.c_str()));
   if (row == CB_ERR) {
     return false;
   }
-  SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+  SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
   return true;
 }
 
@@ -148,24 +137,24 @@ void FolderList::Attach(HWND list) {
 void FolderList::Start() {
   openFolder_ = FolderIcon(SHGFI_OPENICON);
   closedFolder_ = FolderIcon(0);
-  if (!SetPath(FullPath("."))) {
-    char windows[MAX_PATH] = "";
-    GetWindowsDirectoryA(windows, sizeof windows);
-    SetPath(std::string(windows).substr(0, kRootLength));
+  if (!SetPath(FullPath(L"."))) {
+    wchar_t windows[MAX_PATH] = L"";
+    GetWindowsDirectoryW(windows, MAX_PATH);
+    SetPath(std::wstring(windows).substr(0, kRootLength));
   }
 }
 
-bool FolderList::SetPath(const std::string& path) {
+bool FolderList::SetPath(const std::wstring& path) {
   if (!HasDrive(path)) {
     return false;
   }
-  std::string full = FullPath(path);
+  std::wstring full = FullPath(path);
   // Not even with a drive in front is everything a folder on it: "C:\con" is
   // the console.
   if (!HasDrive(full)) {
     return false;
   }
-  std::optional<std::vector<std::string>> names = FoldersIn(full);
+  std::optional<std::vector<std::wstring>> names = FoldersIn(full);
   if (!names && path.size() == 2) {
     // The drive's current folder is gone; the drive may still be there.
     full.resize(kRootLength);
@@ -180,41 +169,37 @@ bool FolderList::SetPath(const std::string& path) {
 }
 
 bool FolderList::OpenSelected() {
-  const int row = static_cast<int>(SendMessageA(list_, LB_GETCURSEL, 0, 0));
+  const int row = static_cast<int>(SendMessageW(list_, LB_GETCURSEL, 0, 0));
   return row >= 0 && SetPath(PathOf(row));
 }
 
-std::string FolderList::PathOf(int row) const {
+std::wstring FolderList::PathOf(int row) const {
   if (row <= CurrentRow()) {
     return path_.substr(0, ends_[static_cast<std::size_t>(row)]);
   }
   return InFolder(path_, ListText(list_, row));
 }
 
-void FolderList::Show(const std::vector<std::string>& names) {
-  std::vector<std::string> rows{path_.substr(0, kRootLength)};
+void FolderList::Show(const std::vector<std::wstring>& names) {
+  std::vector<std::wstring> rows{path_.substr(0, kRootLength)};
   ends_ = {kRootLength};
-  const char* const start = path_.c_str();
-  for (const char* from = start + kRootLength; *from != '\0';) {
-    const char* end = from;
-    while (*end != '\0' && *end != '\\') {
-      end = CharNextA(end);
-    }
-    rows.emplace_back(from, end);
-    ends_.push_back(static_cast<std::size_t>(end - start));
-    from = *end == '\0' ? end : end + 1;
+  for (std::size_t from = kRootLength; from < path_.size();) {
+    const std::size_t end = std::min(path_.find(L'\\', from), path_.size());
+    rows.push_back(path_.substr(from, end - from));
+    ends_.push_back(end);
+    from = end + 1;
   }
   rows.insert(rows.end(), names.begin(), names.end());
 
-  SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
-  SendMessageA(list_, LB_RESETCONTENT, 0, 0);
-  for (const std::string& row : rows) {
-    SendMessageA(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.c_str()));
+  SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+  SendMessageW(list_, LB_RESETCONTENT, 0, 0);
+  for (const std::wstring& row : rows) {
+    SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.c_str()));
   }
-  SendMessageA(list_, LB_SETCURSEL, static_cast<WPARAM>(CurrentRow()), 0);
+  SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(CurrentRow()), 0);
   // The current folder with its parent, and below them as much as fits.
-  SendMessageA(list_, LB_SETTOPINDEX, static_cast<WPARAM>(std::max(CurrentRow() - 1, 0)), 0);
-  SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+  SendMessageW(list_, LB_SETTOPINDEX, static_cast<WPARAM>(std::max(CurrentRow() - 1, 0)), 0);
+  SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
   FitToFont();
 }
 
@@ -230,22 +215,22 @@ int FolderList::TextLeft(int row) const { return IconLeft(row) + IconSize() + Ic
 void FolderList::FitToFont() {
   const WindowDc dc(list_);
   const SelectedObject selected(dc.get(),
-                                reinterpret_cast<HGDIOBJ>(SendMessageA(list_, WM_GETFONT, 0, 0)));
-  TEXTMETRICA metrics{};
-  GetTextMetricsA(dc.get(), &metrics);
+                                reinterpret_cast<HGDIOBJ>(SendMessageW(list_, WM_GETFONT, 0, 0)));
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(dc.get(), &metrics);
   const int height = std::max<int>(metrics.tmHeight, IconSize()) + IconSize() / 8;
-  SendMessageA(list_, LB_SETITEMHEIGHT, 0, height);
+  SendMessageW(list_, LB_SETITEMHEIGHT, 0, height);
 
   // A list box scrolls sideways only as far as it is told.
   int widest = 0;
-  const int count = static_cast<int>(SendMessageA(list_, LB_GETCOUNT, 0, 0));
+  const int count = static_cast<int>(SendMessageW(list_, LB_GETCOUNT, 0, 0));
   for (int row = 0; row < count; ++row) {
-    const std::string name = ListText(list_, row);
+    const std::wstring name = ListText(list_, row);
     SIZE extent{};
-    GetTextExtentPoint32A(dc.get(), name.c_str(), static_cast<int>(name.size()), &extent);
+    GetTextExtentPoint32W(dc.get(), name.c_str(), static_cast<int>(name.size()), &extent);
     widest = std::max(widest, TextLeft(row) + static_cast<int>(extent.cx) + IconSize() / 4);
   }
-  SendMessageA(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
+  SendMessageW(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
   InvalidateRect(list_, nullptr, TRUE);
 }
 
@@ -260,10 +245,10 @@ void FolderList::Draw(const DRAWITEMSTRUCT& item) const {
                IconSize(), IconSize(), 0, nullptr, DI_NORMAL);
     SetTextColor(item.hDC, GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     SetBkMode(item.hDC, TRANSPARENT);
-    const std::string name = ListText(list_, row);
+    const std::wstring name = ListText(list_, row);
     RECT text = item.rcItem;
     text.left += TextLeft(row);
-    DrawTextA(item.hDC, name.c_str(), static_cast<int>(name.size()), &text,
+    DrawTextW(item.hDC, name.c_str(), static_cast<int>(name.size()), &text,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP);
   }
   if ((item.itemState & ODS_FOCUS) != 0 && (item.itemState & ODS_NOFOCUSRECT) == 0) {

@@ -17,11 +17,11 @@ namespace win32 {
 void FillDriveList(HWND combo);
 
 // The drive that is selected, as "C:"; empty for none.
-std::string SelectedDrive(HWND combo);
+std::wstring SelectedDrive(HWND combo);
 
 // Selects the drive of `path`, without telling the window. False, with the
 // selection as it was, when the path names none that is in the list.
-bool SelectDrive(HWND combo, const std::string& path);
+bool SelectDrive(HWND combo, const std::wstring& path);
 
 // A list box that shows where one is in the folders of a drive: the folders
 // down to the current one, each a step further in, all of them open, and the
@@ -40,12 +40,12 @@ class FolderList {
 
   // With drive, and without a trailing backslash but for a root: "C:\",
   // "C:\Windows". Empty while the list is.
-  const std::string& Path() const { return path_; }
+  const std::wstring& Path() const { return path_; }
 
   // Goes to a folder, or with a drive alone ("C:") to the current folder of
   // that drive. False, with everything as it was, when it cannot be listed or
   // is on no drive.
-  bool SetPath(const std::string& path);
+  bool SetPath(const std::wstring& path);
 
   // Goes to the folder of the selected row, which reads it anew when it is the
   // current one. False as above, and when none is selected.
@@ -58,14 +58,14 @@ class FolderList {
 
  private:
   int CurrentRow() const { return static_cast<int>(ends_.size()) - 1; }
-  std::string PathOf(int row) const;
-  void Show(const std::vector<std::string>& names);
+  std::wstring PathOf(int row) const;
+  void Show(const std::vector<std::wstring>& names);
   int IconSize() const;
   int IconLeft(int row) const;  // from the left edge of the row, in pixels
   int TextLeft(int row) const;
 
   HWND list_ = nullptr;
-  std::string path_;
+  std::wstring path_;
   // Where in the path the folder of each row ends, down to the current one.
   std::vector<std::size_t> ends_;
   UniqueIcon openFolder_;

@@ -16,14 +16,14 @@ namespace {
 // One of the dialog's combo boxes, and whether the user has changed it.
 struct Box {
   int id;
-  std::string first = {};  // what it said at first
+  std::wstring first = {};  // what it said at first
   bool changed = false;
 
   HWND In(HWND dialog) const { return GetDlgItem(dialog, id); }
 };
 
 struct FontDialog {
-  const char* title = nullptr;
+  const wchar_t* title = nullptr;
   Box face{cmb1};
   Box style{cmb2};
   Box size{cmb3};
@@ -63,9 +63,9 @@ LRESULT CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wide, LPARAM 
 // The first message to it comes when the dialog has been filled.
 UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM, LPARAM data) {
   if (message == WM_INITDIALOG) {
-    const LPARAM given = reinterpret_cast<const CHOOSEFONTA*>(data)->lCustData;
+    const LPARAM given = reinterpret_cast<const CHOOSEFONTW*>(data)->lCustData;
     auto* const state = reinterpret_cast<FontDialog*>(given);
-    SetWindowTextA(dialog, state->title);
+    SetWindowTextW(dialog, state->title);
     for (Box* box : {&state->face, &state->style, &state->size}) {
       box->first = WindowText(box->In(dialog));
     }
@@ -76,9 +76,9 @@ UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM, LPARAM data) {
 
 }  // namespace
 
-void ChooseScreenFont(HWND owner, const char* title, FontDescription& font) {
+void ChooseScreenFont(HWND owner, const wchar_t* title, FontDescription& font) {
   FontDialog state{title};
-  LOGFONTA face{};
+  LOGFONTW face{};
   // The dialog reckons with the DPI of the screen as a whole.
   const int dpi = GetDeviceCaps(WindowDc(nullptr).get(), LOGPIXELSY);
   face.lfHeight = -std::lround(font.points * dpi / 72);
@@ -86,14 +86,14 @@ void ChooseScreenFont(HWND owner, const char* title, FontDescription& font) {
   face.lfItalic = font.italic;
   face.lfCharSet = DEFAULT_CHARSET;
   font.name.copy(face.lfFaceName, LF_FACESIZE - 1);
-  CHOOSEFONTA dialog{};
+  CHOOSEFONTW dialog{};
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = owner;
   dialog.lpLogFont = &face;
   dialog.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_ENABLEHOOK;
   dialog.lCustData = reinterpret_cast<LPARAM>(&state);
   dialog.lpfnHook = Hook;
-  if (!DialogFunction<decltype(ChooseFontA)>("ChooseFontA")(&dialog)) {
+  if (!DialogFunction<decltype(ChooseFontW)>("ChooseFontW")(&dialog)) {
     return;
   }
   if (state.face.changed) {

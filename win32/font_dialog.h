@@ -9,7 +9,7 @@ namespace win32 {
 
 // A font as the user names it, whether or not this machine has it.
 struct FontDescription {
-  std::string name;
+  std::wstring name;
   double points = 0;
   bool bold = false;
   bool italic = false;
@@ -19,7 +19,7 @@ struct FontDescription {
 // `font`. What the user does not touch stays as it was, also where the dialog
 // cannot show it: a size between two whole points, a face that this machine
 // does not have. After a cancel nothing has changed.
-void ChooseScreenFont(HWND owner, const char* title, FontDescription& font);
+void ChooseScreenFont(HWND owner, const wchar_t* title, FontDescription& font);
 
 }  // namespace win32
 

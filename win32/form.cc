@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -12,23 +11,24 @@
 #include "win32/message_box.h"
 #include "win32/picture_box.h"
 #include "win32/scroll_bar.h"
+#include "win32/text.h"
 
 namespace win32 {
 namespace {
 
-constexpr const char* kFormProperty = "CorvalisForm";
+constexpr const wchar_t* kFormProperty = L"CorvalisForm";
 
 void RegisterFormClass(const FormPlan& plan) {
-  WNDCLASSA windowClass{};
-  windowClass.lpfnWndProc = DefDlgProcA;
+  WNDCLASSW windowClass{};
+  windowClass.lpfnWndProc = DefDlgProcW;
   windowClass.cbWndExtra = DLGWINDOWEXTRA;
-  windowClass.hInstance = GetModuleHandleA(nullptr);
-  windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // the arrow
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
   if (plan.iconId != 0) {
-    windowClass.hIcon = LoadIconA(windowClass.hInstance, MAKEINTRESOURCEA(plan.iconId));
+    windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(plan.iconId));
   }
   windowClass.lpszClassName = plan.windowClass;
-  RegisterClassA(&windowClass);  // fails harmlessly when that was done before
+  RegisterClassW(&windowClass);  // fails harmlessly when that was done before
 }
 
 // The template of a dialog box without controls: its header, no menu, the
@@ -42,7 +42,7 @@ std::vector<WORD> DialogTemplate(const FormPlan& plan) {
   const WORD* words = reinterpret_cast<const WORD*>(&header);
   std::vector<WORD> bytes(words, words + sizeof header / sizeof(WORD));
   bytes.push_back(0);
-  for (const std::string_view text : {plan.windowClass, plan.caption}) {
+  for (const std::wstring_view text : {plan.windowClass, plan.caption}) {
     bytes.insert(bytes.end(), text.begin(), text.end());
     bytes.push_back(0);
   }
@@ -50,16 +50,18 @@ std::vector<WORD> DialogTemplate(const FormPlan& plan) {
 }
 
 bool IsPictureBox(const ControlRow& row) {
-  return (row.style & SS_TYPEMASK) == SS_OWNERDRAW && row.windowClass == std::string_view("Static");
+  return (row.style & SS_TYPEMASK) == SS_OWNERDRAW &&
+         row.windowClass == std::wstring_view(L"Static");
 }
 
 bool IsGroupBox(const ControlRow& row) {
-  return (row.style & BS_TYPEMASK) == BS_GROUPBOX && row.windowClass == std::string_view("Button");
+  return (row.style & BS_TYPEMASK) == BS_GROUPBOX &&
+         row.windowClass == std::wstring_view(L"Button");
 }
 
 DWORD ExtendedStyleOf(const ControlRow& row) {
-  const bool isSunken = row.windowClass == std::string_view("ListBox") ||
-                        row.windowClass == std::string_view("Edit") || IsPictureBox(row);
+  const bool isSunken = row.windowClass == std::wstring_view(L"ListBox") ||
+                        row.windowClass == std::wstring_view(L"Edit") || IsPictureBox(row);
   return isSunken ? WS_EX_CLIENTEDGE : 0;
 }
 
@@ -71,8 +73,8 @@ SIZE FrameSize(DWORD style, DWORD extendedStyle) {
 }
 
 SIZE FrameSize(HWND window) {
-  return FrameSize(static_cast<DWORD>(GetWindowLongPtrA(window, GWL_STYLE)),
-                   static_cast<DWORD>(GetWindowLongPtrA(window, GWL_EXSTYLE)));
+  return FrameSize(static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)),
+                   static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)));
 }
 
 SIZE ClientSize(HWND window) {
@@ -86,7 +88,7 @@ SIZE ClientSize(HWND window) {
 Form::Form(const FormPlan& plan, HWND owner, unsigned pages) : plan_(plan), shownPages_(pages) {
   RegisterFormClass(plan);
   const std::vector<WORD> dialog = DialogTemplate(plan);
-  window_ = CreateDialogIndirectParamA(GetModuleHandleA(nullptr),
+  window_ = CreateDialogIndirectParamW(GetModuleHandleW(nullptr),
                                        reinterpret_cast<const DLGTEMPLATE*>(dialog.data()), owner,
                                        Procedure, 0);
   if (window_ == nullptr) {
@@ -96,7 +98,7 @@ Form::Form(const FormPlan& plan, HWND owner, unsigned pages) : plan_(plan), show
   // its own layout does that.
   using BehaviorFunction = BOOL WINAPI(HWND, UINT, UINT);
   if (const auto setBehavior = reinterpret_cast<BehaviorFunction*>(reinterpret_cast<void*>(
-          GetProcAddress(GetModuleHandleA("user32.dll"), "SetDialogDpiChangeBehavior")))) {
+          GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetDialogDpiChangeBehavior")))) {
     constexpr UINT kDisableAll = 1;
     setBehavior(window_, kDisableAll, kDisableAll);
   }
@@ -106,20 +108,20 @@ Form::Form(const FormPlan& plan, HWND owner, unsigned pages) : plan_(plan), show
   AddToolTips();
   AddAccessibleNames();
   // From here on messages come to the form.
-  SetPropA(window_, kFormProperty, this);
+  SetPropW(window_, kFormProperty, this);
 }
 
 Form::~Form() { Close(); }
 
 void Form::Close() {
   if (window_ != nullptr) {
-    RemovePropA(window_, kFormProperty);
+    RemovePropW(window_, kFormProperty);
     accessibleNames_.Clear();
     DestroyWindow(std::exchange(window_, nullptr));
   }
 }
 
-Form* Form::Of(HWND window) { return static_cast<Form*>(GetPropA(window, kFormProperty)); }
+Form* Form::Of(HWND window) { return static_cast<Form*>(GetPropW(window, kFormProperty)); }
 
 RECT Form::PlaceOf(const ControlRow& row, const Layout& layout) const {
   RECT rect = layout.Rect(row.place, row.anchors, arrangedFor_);
@@ -138,12 +140,12 @@ void Form::CreateControls() {
   const Layout layout(font_.get(), plan_.size);
   const auto create = [&](const ControlRow& row) {
     const RECT rect = PlaceOf(row, layout);
-    const HWND control = CreateWindowExA(
+    const HWND control = CreateWindowExW(
         ExtendedStyleOf(row), row.windowClass, row.text,
         row.style | WS_CHILD | (IsVisible(row) ? WS_VISIBLE : 0), rect.left, rect.top,
         rect.right - rect.left, rect.bottom - rect.top, window_,
-        reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)), GetModuleHandleA(nullptr), nullptr);
-    SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+        reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)), GetModuleHandleW(nullptr), nullptr);
+    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
   };
   // Group boxes come last, which is behind what they frame: a drag from another
   // process finds nothing through them.
@@ -157,19 +159,19 @@ void Form::CreateControls() {
 }
 
 void Form::AddToolTips() {
-  toolTips_ = CreateWindowExA(0, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0,
-                              window_, nullptr, GetModuleHandleA(nullptr), nullptr);
+  toolTips_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0,
+                              window_, nullptr, GetModuleHandleW(nullptr), nullptr);
   for (const ControlRow& row : plan_.controls) {
     if (row.toolTip != nullptr) {
-      TTTOOLINFOA tool{};
+      TTTOOLINFOW tool{};
       tool.cbSize = sizeof tool;
       // Not TTF_SUBCLASS: that would look at each message to the control, and a
       // list box gets one for every row.
       tool.uFlags = TTF_IDISHWND;
       tool.hwnd = window_;
       tool.uId = reinterpret_cast<UINT_PTR>(Control(row.id));
-      tool.lpszText = const_cast<char*>(row.toolTip);
-      SendMessageA(toolTips_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+      tool.lpszText = const_cast<wchar_t*>(row.toolTip);
+      SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     }
   }
 }
@@ -186,7 +188,7 @@ void Form::AddAccessibleNames() {
 void Form::UseMessageFont() {
   UniqueFont font = MessageFont(DpiOf(window_));
   for (const ControlRow& row : plan_.controls) {
-    SendMessageA(Control(row.id), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    SendMessageW(Control(row.id), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
   }
   font_ = std::move(font);
   OnFontChanged();
@@ -200,7 +202,7 @@ void Form::SizeToPlan() {
   if (const HWND owner = GetWindow(window_, GW_OWNER)) {
     GetWindowRect(owner, &around);
   } else {
-    SystemParametersInfoA(SPI_GETWORKAREA, 0, &around, 0);
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
   }
   const int width = client.cx + frame.cx;
   const int height = client.cy + frame.cy;
@@ -235,26 +237,26 @@ void Form::ShowPages(unsigned pages) {
   // A hidden control would keep the focus, and the keyboard lead nowhere.
   const HWND focus = GetFocus();
   if (focus != nullptr && IsChild(window_, focus) && !IsWindowVisible(focus)) {
-    SendMessageA(window_, WM_NEXTDLGCTL, 0, FALSE);
+    SendMessageW(window_, WM_NEXTDLGCTL, 0, FALSE);
   }
 }
 
 void Form::SetPicture(int id, HICON icon) {
-  SendMessageA(Control(id), STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+  SendMessageW(Control(id), STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
 }
 
 void Form::FocusOn(int id) {
-  SendMessageA(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
+  SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
 }
 
 // The dialog manager draws the button that has the focus as the default one and
 // then may not know which to undo, so all of them are told.
 void Form::SetDefaultButton(int id) {
-  SendMessageA(window_, DM_SETDEFID, static_cast<WPARAM>(id), 0);
+  SendMessageW(window_, DM_SETDEFID, static_cast<WPARAM>(id), 0);
   for (const ControlRow& row : plan_.controls) {
-    if (row.windowClass == std::string_view("Button") &&
+    if (row.windowClass == std::wstring_view(L"Button") &&
         (row.style & BS_TYPEMASK) == BS_PUSHBUTTON) {
-      SendMessageA(Control(row.id), BM_SETSTYLE, row.id == id ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON,
+      SendMessageW(Control(row.id), BM_SETSTYLE, row.id == id ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON,
                    TRUE);
     }
   }
@@ -286,7 +288,7 @@ INT_PTR Form::Handle(UINT message, WPARAM wide, LPARAM data) {
   LRESULT result = 0;
   if (OnMessage(message, wide, data, result)) {
     if (window_ != nullptr) {
-      SetWindowLongPtrA(window_, DWLP_MSGRESULT, result);
+      SetWindowLongPtrW(window_, DWLP_MSGRESULT, result);
     }
     return TRUE;
   }
@@ -335,9 +337,9 @@ INT_PTR Form::Handle(UINT message, WPARAM wide, LPARAM data) {
     case WM_SYSCOLORCHANGE:
       // Windows tells top-level windows only; common controls keep the colours.
       for (const ControlRow& row : plan_.controls) {
-        SendMessageA(Control(row.id), message, wide, data);
+        SendMessageW(Control(row.id), message, wide, data);
       }
-      SendMessageA(toolTips_, message, wide, data);
+      SendMessageW(toolTips_, message, wide, data);
       OnColoursChanged();
       return TRUE;
     case WM_SETTINGCHANGE:
@@ -364,7 +366,7 @@ bool DispatchToForm(MSG& message) {
     return false;
   }
   if (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) {
-    SendMessageA(form->toolTips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+    SendMessageW(form->toolTips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
   }
   if (message.message == WM_KEYDOWN || message.message == WM_KEYUP || message.message == WM_CHAR) {
     try {
@@ -376,22 +378,23 @@ bool DispatchToForm(MSG& message) {
       return true;
     }
   }
-  return IsDialogMessageA(window, &message) != FALSE;
+  return IsDialogMessageW(window, &message) != FALSE;
 }
 
 int RunMessageLoop() {
   MSG message;
-  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
     if (!DispatchToForm(message)) {
       TranslateMessage(&message);
-      DispatchMessageA(&message);
+      DispatchMessageW(&message);
     }
   }
   return static_cast<int>(message.wParam);
 }
 
 void EndAfterFailure(HWND owner, const std::exception& failure) {
-  ShowError(owner, failure.what());
+  const auto* text = dynamic_cast<const TextFailure*>(&failure);
+  ShowError(owner, text != nullptr ? text->text() : ToText(failure.what()));
   PostQuitMessage(EXIT_FAILURE);
 }
 

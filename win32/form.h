@@ -17,13 +17,13 @@ namespace win32 {
 // readers too.
 struct ControlRow {
   int id = 0;
-  const char* windowClass = "";
-  const char* text = "";
+  const wchar_t* windowClass = L"";
+  const wchar_t* text = L"";
   DWORD style = 0;  // besides WS_CHILD
   Place place{};
   unsigned anchors = 0;  // Anchor flags
   unsigned pages = 0;    // which of the window's pages show it, one bit each
-  const char* toolTip = nullptr;
+  const wchar_t* toolTip = nullptr;
   // For screen readers, where no label does: see AccessibleNames.
   const wchar_t* accessibleName = nullptr;
 };
@@ -32,8 +32,8 @@ struct ControlRow {
 inline constexpr unsigned kEveryPage = ~0U;
 
 struct FormPlan {
-  const char* windowClass;  // registered on first use
-  const char* caption;
+  const wchar_t* windowClass;  // registered on first use
+  const wchar_t* caption;
   DWORD style;
   SIZE size;   // of the client area, the least one of a sizable window, in dialog units
   int iconId;  // of the window's icon among the resources; 0 for none

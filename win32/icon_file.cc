@@ -5,9 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 #include "win32/handles.h"
+#include "win32/text.h"
 
 namespace win32 {
 namespace {
@@ -244,24 +246,24 @@ struct Unmap {
 };
 using UniqueView = UniqueHandle<void*, Unmap>;
 
-HANDLE OpenToRead(const char* path) {
-  return CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+HANDLE OpenToRead(const wchar_t* path) {
+  return CreateFileW(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                      nullptr, OPEN_EXISTING, 0, nullptr);
 }
 
 // As ExtractIconA() finds it; INVALID_HANDLE_VALUE when there is none.
-HANDLE OpenWhereFound(const std::string& path) {
-  if (path.rfind("\\\\", 0) == 0) {
+HANDLE OpenWhereFound(const std::wstring& path) {
+  if (path.starts_with(L"\\\\")) {
     return OpenToRead(path.c_str());  // a server that does not answer is asked once
   }
-  if (path.find(":\\") == 1) {
+  if (path.find(L":\\") == 1) {
     if (const HANDLE file = OpenToRead(path.c_str()); file != INVALID_HANDLE_VALUE) {
       return file;
     }
   }
-  for (const char* extension : {static_cast<const char*>(nullptr), ".exe"}) {
-    char found[MAX_PATH];
-    const DWORD length = SearchPathA(nullptr, path.c_str(), extension, MAX_PATH, found, nullptr);
+  for (const wchar_t* extension : {static_cast<const wchar_t*>(nullptr), L".exe"}) {
+    wchar_t found[MAX_PATH];
+    const DWORD length = SearchPathW(nullptr, path.c_str(), extension, MAX_PATH, found, nullptr);
     if (length > 0 && length < MAX_PATH) {
       return OpenToRead(found);
     }
@@ -272,14 +274,14 @@ HANDLE OpenWhereFound(const std::string& path) {
 }  // namespace
 
 bool IsSoundIconFile(const std::string& path) {
-  const HANDLE opened = OpenWhereFound(path);
+  const HANDLE opened = OpenWhereFound(ToText(path));
   const UniqueKernelHandle file(opened == INVALID_HANDLE_VALUE ? nullptr : opened);
   LARGE_INTEGER size{};
   if (!file || !GetFileSizeEx(file.get(), &size)) {
     return true;
   }
   const UniqueKernelHandle mapping(
-      CreateFileMappingA(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
+      CreateFileMappingW(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
   const UniqueView view(mapping ? MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0) : nullptr);
   if (!view) {
     return true;

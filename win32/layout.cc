@@ -1,6 +1,7 @@
 #include "win32/layout.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace win32 {
 namespace {
@@ -9,20 +10,20 @@ namespace {
 template <typename Function>
 Function* User32Function(const char* name) {
   return reinterpret_cast<Function*>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("user32.dll"), name)));
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));
 }
 
 // The average width and the height of the font's characters, as the dialog
 // manager measures them.
 SIZE BaseUnits(HFONT font) {
-  static constexpr char kLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-  constexpr int kCount = sizeof kLetters - 1;
+  static constexpr wchar_t kLetters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+  constexpr int kCount = static_cast<int>(std::size(kLetters)) - 1;
   const WindowDc dc(nullptr);
   const SelectedObject selected(dc.get(), font);
   SIZE extent{};
-  GetTextExtentPoint32A(dc.get(), kLetters, kCount, &extent);
-  TEXTMETRICA metrics{};
-  GetTextMetricsA(dc.get(), &metrics);
+  GetTextExtentPoint32W(dc.get(), kLetters, kCount, &extent);
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(dc.get(), &metrics);
   return {(extent.cx / (kCount / 2) + 1) / 2, metrics.tmHeight};
 }
 
@@ -40,7 +41,6 @@ UINT DpiOf(HWND window) {
 }
 
 UniqueFont MessageFont(UINT dpi) {
-  // The wide function: the one for several DPIs has no ANSI twin.
   using ParametersFunction = BOOL WINAPI(UINT, UINT, void*, UINT, UINT);
   static const auto parametersForDpi =
       User32Function<ParametersFunction>("SystemParametersInfoForDpi");
@@ -83,11 +83,11 @@ void MatchHeight(HWND combo, HWND beside) {
     return;
   }
   constexpr auto kClosedBox = static_cast<WPARAM>(-1);
-  LRESULT wanted = SendMessageA(combo, CB_GETITEMHEIGHT, kClosedBox, 0);
+  LRESULT wanted = SendMessageW(combo, CB_GETITEMHEIGHT, kClosedBox, 0);
   // Twice: Wine adds two pixels to what it is told.
   for (int i = 0; i < 2; ++i) {
     wanted += height(beside) - height(combo);
-    SendMessageA(combo, CB_SETITEMHEIGHT, kClosedBox, wanted);
+    SendMessageW(combo, CB_SETITEMHEIGHT, kClosedBox, wanted);
   }
 }
 

@@ -7,19 +7,17 @@
 
 namespace win32 {
 
-// The program's message boxes. `owner` may be nullptr. Texts are in the
-// system's ANSI code page; a line ends with a single CR or LF.
+// The program's message boxes. `owner` may be nullptr. A line ends with a single
+// CR or LF.
 
-// Title "Error!" and an OK button. The wide one is for naming a file whose name
-// the code page cannot hold.
-void ShowError(HWND owner, const std::string& text);
+// Title "Error!" and an OK button.
 void ShowError(HWND owner, const std::wstring& text);
 
 // Title "Query?" and the buttons Yes and No; true for Yes.
-bool AskYesOrNo(HWND owner, const std::string& text);
+bool AskYesOrNo(HWND owner, const std::wstring& text);
 
 // An OK button.
-void ShowInformation(HWND owner, const std::string& text, const std::string& title);
+void ShowInformation(HWND owner, const std::wstring& text, const std::wstring& title);
 
 }  // namespace win32
 

@@ -33,7 +33,7 @@ LRESULT CALLBACK KeyProcedure(HWND box, UINT message, WPARAM wide, LPARAM data, 
     case WM_KEYDOWN: {
       const bool isHeldDown = (data & 1 << 30) != 0;
       if ((wide == VK_SPACE || wide == VK_RETURN) && !isHeldDown) {
-        SendMessageA(GetParent(box), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(box), STN_CLICKED),
+        SendMessageW(GetParent(box), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(box), STN_CLICKED),
                      reinterpret_cast<LPARAM>(box));
       }
       return 0;
@@ -98,7 +98,7 @@ void PictureBox::Paint(const DRAWITEMSTRUCT& item) const {
   BitBlt(item.hDC, item.rcItem.left, item.rcItem.top, size.cx, size.cy,
          Canvas(bitmap_.get()).dc.get(), 0, 0, SRCCOPY);
   // Until a key leads somewhere, Windows hides where the focus is.
-  const LRESULT hidden = SendMessageA(control_, WM_QUERYUISTATE, 0, 0);
+  const LRESULT hidden = SendMessageW(control_, WM_QUERYUISTATE, 0, 0);
   if (GetFocus() == control_ && (hidden & UISF_HIDEFOCUS) == 0) {
     DrawFocusRect(item.hDC, &item.rcItem);
   }

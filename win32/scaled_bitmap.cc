@@ -4,10 +4,10 @@ namespace win32 {
 
 UniqueBitmap LoadScaledBitmap(int resourceId, SIZE size) {
   const UniqueBitmap source(
-      static_cast<HBITMAP>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(resourceId),
+      static_cast<HBITMAP>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(resourceId),
                                       IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
   BITMAP info{};
-  GetObjectA(source.get(), sizeof info, &info);
+  GetObjectW(source.get(), sizeof info, &info);
   const WindowDc screen(nullptr);
   UniqueBitmap scaled(CreateCompatibleBitmap(screen.get(), size.cx, size.cy));
   const UniqueMemoryDc from(CreateCompatibleDC(screen.get()));

@@ -8,7 +8,7 @@ bool MoveScrollBar(HWND bar, UINT request, int position) {
   SCROLLINFO info{};
   info.cbSize = sizeof info;
   info.fMask = SIF_ALL;
-  SendMessageA(bar, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(&info));
+  SendMessageW(bar, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(&info));
   const int page = std::max(static_cast<int>(info.nPage), 1);
   int wanted = info.nPos;
   switch (request) {
@@ -45,7 +45,7 @@ bool MoveScrollBar(HWND bar, UINT request, int position) {
   if (wanted == info.nPos && !ends) {
     return false;
   }
-  SendMessageA(bar, SBM_SETPOS, static_cast<WPARAM>(wanted), TRUE);
+  SendMessageW(bar, SBM_SETPOS, static_cast<WPARAM>(wanted), TRUE);
   return true;
 }
 

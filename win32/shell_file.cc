@@ -4,6 +4,8 @@
 
 #include <cstring>
 
+#include "win32/text.h"
+
 namespace win32 {
 namespace {
 
@@ -26,6 +28,27 @@ ShellFile::ShellFile(const std::string& path) {
   displayName.assign(info.szDisplayName, strnlen(info.szDisplayName, sizeof info.szDisplayName));
   images = reinterpret_cast<HIMAGELIST>(answer);
   imageIndex = info.iIcon;
+}
+
+std::string ShellNameOf(const std::string& path) {
+  std::string name = ShellFile(path).displayName;
+  SHFILEINFOW info{};
+  SHGetFileInfoW(ToText(path).c_str(), 0, &info, sizeof info, SHGFI_DISPLAYNAME);
+  if (ToText(name) == info.szDisplayName) {
+    return name;
+  }
+  // The ANSI record has bytes for fewer characters, too.
+  return ToBytes(info.szDisplayName).value_or(LastPartOf(path));
+}
+
+// Byte by byte one would take the second half of a double-byte character for a
+// backslash.
+std::string LastPartOf(const std::string& path) {
+  std::wstring text = ToText(path);
+  while (text.ends_with(L'\\')) {
+    text.pop_back();
+  }
+  return ToBytes(text.substr(text.rfind(L'\\') + 1)).value_or(path);
 }
 
 }  // namespace win32

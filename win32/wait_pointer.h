@@ -10,7 +10,7 @@ namespace win32 {
 class WaitPointer {
  public:
   WaitPointer()
-      : former_(SetCursor(LoadCursorA(nullptr, MAKEINTRESOURCEA(32514)))) {}  // the hourglass
+      : former_(SetCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(32514)))) {}  // the hourglass
   WaitPointer(const WaitPointer&) = delete;
   WaitPointer& operator=(const WaitPointer&) = delete;
   ~WaitPointer() { SetCursor(former_); }

@@ -7,18 +7,18 @@
 
 namespace win32 {
 
-// The text of a window or control, in the system's ANSI code page.
-std::string WindowText(HWND window);
+// The text of a window or control.
+std::wstring WindowText(HWND window);
 
 // Sets it; an edit control reports the change to its parent as for typing.
-void SetText(HWND window, const std::string& text);
+void SetText(HWND window, const std::wstring& text);
 
 // The text of a list box row (0-based). Empty when there is no such row.
-std::string ListText(HWND list, int row);
+std::wstring ListText(HWND list, int row);
 
 // What Windows says about an error code of GetLastError(), without line ends
-// and full stop, in the system's ANSI code page.
-std::string ErrorText(DWORD error);
+// and full stop.
+std::wstring ErrorText(DWORD error);
 
 }  // namespace win32
 

@@ -10,24 +10,10 @@
 namespace editor {
 namespace {
 
-// Byte by byte one would take the second half of a double-byte character for a
-// backslash.
-std::string LastPart(const std::string& path) {
-  const char* name = path.c_str();
-  for (const char* c = name; *c != '\0'; c = CharNextA(c)) {
-    if (*c == '\\') {
-      name = c + 1;
-    }
-  }
-  return name;
-}
-
-// The name that the shell shows for a file. No file name holds a question mark:
-// one stands for a character that the code page cannot hold, in the long name of
-// a file that `path` names by its short one. Then the short one is shown.
+// Every entry has a name: one without would be a separator.
 std::string NameOf(const std::string& path) {
-  const std::string name = win32::ShellFile(path).displayName;
-  return name.find('?') == std::string::npos ? name : LastPart(path);
+  const std::string name = win32::ShellNameOf(path);
+  return name.empty() ? win32::LastPartOf(path) : name;
 }
 
 }  // namespace

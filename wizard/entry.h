@@ -9,7 +9,7 @@
 
 namespace wizard {
 
-// What the user says about an entry. The rest of it, its icon, is chosen
+// What the user says about an entry, in the bytes of the file. The rest of it, its icon, is chosen
 // elsewhere.
 struct Entry {
   std::string caption;

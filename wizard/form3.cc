@@ -12,6 +12,7 @@
 #include "win32/route.h"
 #include "win32/scaled_bitmap.h"
 #include "win32/shell_file.h"
+#include "win32/text.h"
 #include "win32/window_text.h"
 #include "wizard/target.h"
 
@@ -29,9 +30,9 @@ constexpr win32::Route<Form3> kRoutes[] = {
     {IDCANCEL, BN_CLICKED, &Form3::Command2Click},  // the Esc key
 };
 
-constexpr const char* kProgramFilter =
-    "Program Files\0*.com;*.exe;*.bat\0"
-    "All files\0*.*\0";
+constexpr const wchar_t* kProgramFilter =
+    L"Program Files\0*.com;*.exe;*.bat\0"
+    L"All files\0*.*\0";
 
 }  // namespace
 
@@ -44,15 +45,17 @@ Form3::Form3(editor::Form2& form2) : Form(kForm3Plan, form2.window(), kTargetPag
 
 void Form3::Fill(const menufile::MenuItemRecord& entry) {
   const auto fill = [this](int box, const menufile::Value& value) {
+    const std::string bytes = value.Text();
     // An empty text is what the box holds already: no change to report.
-    if (const std::string text = value.Text(); !text.empty()) {
-      win32::SetText(Control(box), text);
+    if (!bytes.empty()) {
+      win32::SetText(Control(box), win32::ToText(bytes));
     }
+    return win32::ShownBytes{bytes, Text(box)};
   };
-  fill(IDC_FORM3_TEXT1, entry.target);
-  fill(IDC_FORM3_TEXT2, entry.arguments);
-  fill(IDC_FORM3_TEXT3, entry.startIn);
-  fill(IDC_FORM3_TEXT4, entry.caption);
+  target_ = fill(IDC_FORM3_TEXT1, entry.target);
+  arguments_ = fill(IDC_FORM3_TEXT2, entry.arguments);
+  startIn_ = fill(IDC_FORM3_TEXT3, entry.startIn);
+  caption_ = fill(IDC_FORM3_TEXT4, entry.caption);
 }
 
 void Form3::Text1Change() {
@@ -64,27 +67,34 @@ void Form3::Text4Change() {
 }
 
 void Form3::Command3Click() {
-  const std::optional<std::string> file =
-      win32::ChooseFile(window(), "Select Program", kProgramFilter, "");
+  const std::optional<std::wstring> file =
+      win32::ChooseFile(window(), L"Select Program", kProgramFilter, L"");
   if (!file && win32::FileDialogFailed()) {
     return;
   }
   // Cancelling empties the box.
-  win32::SetText(Control(IDC_FORM3_TEXT1), file.value_or(""));
+  win32::SetText(Control(IDC_FORM3_TEXT1), file.value_or(L""));
 }
 
 void Form3::Command1Click() {
-  const std::string target = Text(IDC_FORM3_TEXT1);
-  if (!IsAcceptedTarget(target)) {
-    win32::ShowError(window(), "File " + target + " cannot be accessed. Please check the path.");
+  const std::wstring typed = Text(IDC_FORM3_TEXT1);
+  const std::optional<std::string> target = Target();
+  if (!target || !IsAcceptedTarget(typed)) {
+    win32::ShowError(window(), L"File " + typed + L" cannot be accessed. Please check the path.");
     return;
+  }
+  // What the entry will hold may have short names in it.
+  if (!target_.IsShownBy(typed)) {
+    if (const std::wstring text = win32::ToText(*target); text != typed) {
+      win32::SetText(Control(IDC_FORM3_TEXT1), text);
+    }
   }
   ShowPages(kNamePage);
   win32::SetText(Control(IDC_FORM3_LABEL1), kNamePrompt);
   SetDefaultButton(IDC_FORM3_COMMAND5);
   EnableWindow(Control(IDC_FORM3_COMMAND4), TRUE);
   if (!editedRow_) {
-    win32::SetText(Control(IDC_FORM3_TEXT4), win32::ShellFile(target).displayName);
+    win32::SetText(Control(IDC_FORM3_TEXT4), win32::ToText(win32::ShellNameOf(*target)));
   }
   Text4Change();
   FocusOn(IDC_FORM3_TEXT4);
@@ -101,11 +111,15 @@ void Form3::Command4Click() {
 }
 
 void Form3::Command5Click() {
+  const std::optional<Entry> entry = TypedEntry();
+  if (!entry) {
+    return;
+  }
   try {
     if (editedRow_) {
-      ChangeEntry(*editedRow_, TypedEntry());
+      ChangeEntry(*editedRow_, *entry);
     } else {
-      AddEntry(TypedEntry());
+      AddEntry(*entry);
     }
   } catch (const menufile::Failure&) {
     return;  // nothing is told; the wizard stays open
@@ -124,15 +138,37 @@ void Form3::OnArranged() {
   RECT area{};
   GetClientRect(picture, &area);
   win32::UniqueBitmap banner = win32::LoadScaledBitmap(IDB_WIZARD, {area.right, area.bottom});
-  SendMessageA(picture, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(banner.get()));
+  SendMessageW(picture, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(banner.get()));
   banner_ = std::move(banner);
 }
 
-std::string Form3::Text(int id) const { return win32::WindowText(Control(id)); }
+std::wstring Form3::Text(int id) const { return win32::WindowText(Control(id)); }
 
-Entry Form3::TypedEntry() const {
-  return {Text(IDC_FORM3_TEXT4), Text(IDC_FORM3_TEXT1), Text(IDC_FORM3_TEXT2),
-          Text(IDC_FORM3_TEXT3)};
+std::optional<std::string> Form3::Target() const {
+  const std::wstring text = Text(IDC_FORM3_TEXT1);
+  return target_.IsShownBy(text) ? target_.bytes : win32::PathToBytes(text);
+}
+
+std::optional<Entry> Form3::TypedEntry() const {
+  const struct {
+    const wchar_t* name;
+    int box;
+    std::optional<std::string> bytes;
+  } fields[] = {
+      {L"name", IDC_FORM3_TEXT4, caption_.BytesOf(Text(IDC_FORM3_TEXT4))},
+      {L"target", IDC_FORM3_TEXT1, Target()},
+      {L"command line", IDC_FORM3_TEXT2, arguments_.BytesOf(Text(IDC_FORM3_TEXT2))},
+      {L"start in folder", IDC_FORM3_TEXT3, startIn_.BytesOf(Text(IDC_FORM3_TEXT3))},
+  };
+  for (const auto& field : fields) {
+    if (!field.bytes) {
+      win32::ShowError(window(), std::wstring(L"The ") + field.name + L" " + Text(field.box) +
+                                     L" cannot be saved. It has characters that a menu file "
+                                     L"cannot hold.");
+      return std::nullopt;
+    }
+  }
+  return Entry{*fields[0].bytes, *fields[1].bytes, *fields[2].bytes, *fields[3].bytes};
 }
 
 void Form3::AddEntry(const Entry& entry) {

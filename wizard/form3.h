@@ -10,6 +10,7 @@
 #include "menufile/records.h"
 #include "win32/form.h"
 #include "win32/handles.h"
+#include "win32/text.h"
 #include "wizard/entry.h"
 
 namespace wizard {
@@ -42,24 +43,33 @@ class Form3 final : public win32::Form {
   void OnClose() override;
   void OnArranged() override;
 
-  std::string Text(int id) const;
-  Entry TypedEntry() const;
+  std::wstring Text(int id) const;
+  // With short names where the code page needs them.
+  std::optional<std::string> Target() const;
+  // Nothing, after a message, when a menu file cannot hold what one of the boxes
+  // says.
+  std::optional<Entry> TypedEntry() const;
   // What Finish does to the file and to the list. Both throw menufile::Failure.
   void AddEntry(const Entry& entry);
   void ChangeEntry(int row, const Entry& entry);
 
   editor::Form2& form2_;
   std::optional<int> editedRow_;
+  // What the menu file has for the boxes.
+  win32::ShownBytes target_;
+  win32::ShownBytes arguments_;
+  win32::ShownBytes startIn_;
+  win32::ShownBytes caption_;
   win32::UniqueBitmap banner_;
 };
 
 // Which controls are shown, as bits.
 enum Page : unsigned { kTargetPage = 1, kNamePage = 2 };
 
-inline constexpr const char* kTargetPrompt =
-    "Type the full path of the item you want to create a shortcut to. Or search for the item by "
-    "clicking Browse.";
-inline constexpr const char* kNamePrompt = "Type a friendly name for your shortcut.";
+inline constexpr const wchar_t* kTargetPrompt =
+    L"Type the full path of the item you want to create a shortcut to. Or search for the item by "
+    L"clicking Browse.";
+inline constexpr const wchar_t* kNamePrompt = L"Type a friendly name for your shortcut.";
 
 // The plan of the window's controls.
 extern const win32::FormPlan kForm3Plan;

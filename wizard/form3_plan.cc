@@ -19,12 +19,12 @@ constexpr DWORD kEdit = ES_AUTOHSCROLL | WS_TABSTOP;
 constexpr SIZE kSize{331, 223};
 
 constexpr ControlRow kControls[] = {
-    {IDC_FORM3_PICTURE1, "Static", "", kBitmap, {0, 0, 109, 193}, kTopLeft, kEveryPage},
-    {IDC_FORM3_LABEL1, "Static", kTargetPrompt, kLabel, {123, 14, 194, 28}, kTopLeft, kEveryPage},
+    {IDC_FORM3_PICTURE1, L"Static", L"", kBitmap, {0, 0, 109, 193}, kTopLeft, kEveryPage},
+    {IDC_FORM3_LABEL1, L"Static", kTargetPrompt, kLabel, {123, 14, 194, 28}, kTopLeft, kEveryPage},
     // The prompt of both pages could stand right before only one of these.
     {IDC_FORM3_TEXT4,
-     "Edit",
-     "",
+     L"Edit",
+     L"",
      kEdit,
      {123, 46, 194, 13},
      kTopLeft,
@@ -32,38 +32,44 @@ constexpr ControlRow kControls[] = {
      nullptr,
      L"Name of the shortcut"},
     {IDC_FORM3_TEXT1,
-     "Edit",
-     "",
+     L"Edit",
+     L"",
      kEdit,
      {123, 46, 194, 13},
      kTopLeft,
      kTargetPage,
      nullptr,
      L"Full path of the item"},
-    {IDC_FORM3_COMMAND3, "Button", "Browse...", kButton, {249, 65, 68, 15}, kTopLeft, kTargetPage},
+    {IDC_FORM3_COMMAND3,
+     L"Button",
+     L"Browse...",
+     kButton,
+     {249, 65, 68, 15},
+     kTopLeft,
+     kTargetPage},
     {IDC_FORM3_LABEL2,
-     "Static",
-     "Additional Command Line Arguments",
+     L"Static",
+     L"Additional Command Line Arguments",
      kLabel,
      {123, 98, 194, 9},
      kTopLeft,
      kTargetPage},
-    {IDC_FORM3_TEXT2, "Edit", "", kEdit, {123, 109, 194, 13}, kTopLeft, kTargetPage},
-    {IDC_FORM3_LABEL3, "Static", "Start in", kLabel, {123, 134, 194, 9}, kTopLeft, kTargetPage},
-    {IDC_FORM3_TEXT3, "Edit", "", kEdit, {123, 145, 194, 13}, kTopLeft, kTargetPage},
+    {IDC_FORM3_TEXT2, L"Edit", L"", kEdit, {123, 109, 194, 13}, kTopLeft, kTargetPage},
+    {IDC_FORM3_LABEL3, L"Static", L"Start in", kLabel, {123, 134, 194, 9}, kTopLeft, kTargetPage},
+    {IDC_FORM3_TEXT3, L"Edit", L"", kEdit, {123, 145, 194, 13}, kTopLeft, kTargetPage},
 
-    {IDC_FORM3_LINE, "Static", "", kLine, {0, 193, 331, 1}, kTopLeft, kEveryPage},
-    {IDC_FORM3_COMMAND4, "Button", "< Back", kButton, {113, 201, 66, 15}, kTopLeft, kEveryPage},
-    {IDC_FORM3_COMMAND1, "Button", "Next >", kButton, {179, 201, 66, 15}, kTopLeft, kTargetPage},
-    {IDC_FORM3_COMMAND5, "Button", "Finish", kButton, {179, 201, 66, 15}, kTopLeft, kNamePage},
-    {IDC_FORM3_COMMAND2, "Button", "Cancel", kButton, {251, 201, 66, 15}, kTopLeft, kEveryPage},
+    {IDC_FORM3_LINE, L"Static", L"", kLine, {0, 193, 331, 1}, kTopLeft, kEveryPage},
+    {IDC_FORM3_COMMAND4, L"Button", L"< Back", kButton, {113, 201, 66, 15}, kTopLeft, kEveryPage},
+    {IDC_FORM3_COMMAND1, L"Button", L"Next >", kButton, {179, 201, 66, 15}, kTopLeft, kTargetPage},
+    {IDC_FORM3_COMMAND5, L"Button", L"Finish", kButton, {179, 201, 66, 15}, kTopLeft, kNamePage},
+    {IDC_FORM3_COMMAND2, L"Button", L"Cancel", kButton, {251, 201, 66, 15}, kTopLeft, kEveryPage},
 };
 
 }  // namespace
 
 const win32::FormPlan kForm3Plan = {
-    "Form3", "New Shortcut",       WS_POPUP | WS_CAPTION | WS_SYSMENU,
-    kSize,   IDI_APPLICATION_ICON, kControls,
+    L"Form3", L"New Shortcut",      WS_POPUP | WS_CAPTION | WS_SYSMENU,
+    kSize,    IDI_APPLICATION_ICON, kControls,
 };
 
 }  // namespace wizard

@@ -8,7 +8,7 @@ namespace wizard {
 // Whether an entry may have this target: an address by one of six protocols,
 // told by its first characters as they are, or whatever a listing of files
 // finds.
-bool IsAcceptedTarget(const std::string& target);
+bool IsAcceptedTarget(const std::wstring& target);
 
 }  // namespace wizard
 

@@ -171,7 +171,7 @@ TEST_F(ControlsTest, AreWhatTheyAreToBe) {
       EXPECT_EQ(GetWindowLongA(control, GWL_STYLE) & BS_TYPEMASK, expected.type);
     }
     if (expected.caption != kAny) {
-      EXPECT_EQ(win32::WindowText(control), expected.caption);
+      EXPECT_EQ(WindowBytes(control), expected.caption);
     }
     EXPECT_EQ(ToolTip(expected.id), expected.toolTip);
   }

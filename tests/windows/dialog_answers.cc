@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "win32/window_text.h"
+#include "tests/windows/window_bytes.h"
 
 namespace {
 
@@ -19,8 +19,7 @@ BOOL CALLBACK AddButton(HWND control, LPARAM box) {
   char name[16] = "";
   GetClassNameA(control, name, sizeof name);
   if (std::string(name) == "Button") {
-    reinterpret_cast<ShownBox*>(box)->buttons.push_back(
-        WithoutAmpersand(win32::WindowText(control)));
+    reinterpret_cast<ShownBox*>(box)->buttons.push_back(WithoutAmpersand(WindowBytes(control)));
   }
   return TRUE;
 }
@@ -85,7 +84,7 @@ void DialogAnswers::Handle(HWND dialog) {
     drive(dialog);
     return;
   }
-  ShownBox box{win32::WindowText(dialog), win32::WindowText(message), {}};
+  ShownBox box{WindowBytes(dialog), WindowBytes(message), {}};
   EnumChildWindows(dialog, AddButton, reinterpret_cast<LPARAM>(&box));
   shown_.push_back(box);
   int button = GetDlgItem(dialog, IDOK) != nullptr ? IDOK : IDNO;

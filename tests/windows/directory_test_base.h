@@ -5,6 +5,8 @@
 
 #include "tests/windows/drives.h"
 #include "tests/windows/form2_test_base.h"
+#include "win32/folder_list.h"
+#include "win32/text.h"
 
 // The editor window on directory-pointer menus.
 class DirectoryTest : public Form2Test {
@@ -25,7 +27,9 @@ class DirectoryTest : public Form2Test {
   // What the page shows.
   std::string Path() { return Text(IDC_FORM2_TEXT7); }
   std::string Pattern() { return Text(IDC_FORM2_TEXT8); }
-  std::string Drive() { return win32::SelectedDrive(Control(IDC_FORM2_DRIVE1)); }
+  std::string Drive() {
+    return win32::ToBytes(win32::SelectedDrive(Control(IDC_FORM2_DRIVE1))).value();
+  }
   // "1" or "0" for Display Folders, Display Hidden Files and Hide file
   // extentions, in the order of the window.
   std::string Checks() {
@@ -48,7 +52,7 @@ class DirectoryTest : public Form2Test {
     const int selected = static_cast<int>(SendMessageA(list, LB_GETCURSEL, 0, 0));
     std::string path;
     for (int row = 0; row <= selected; ++row) {
-      path += (row > 1 ? "\\" : "") + win32::ListText(list, row);
+      path += (row > 1 ? "\\" : "") + RowBytes(list, row);
     }
     return path;
   }
@@ -61,7 +65,7 @@ class DirectoryTest : public Form2Test {
   // What the user does.
   void ChooseDrive(const std::string& drive) {
     const HWND combo = Control(IDC_FORM2_DRIVE1);
-    ASSERT_TRUE(win32::SelectDrive(combo, drive));
+    ASSERT_TRUE(win32::SelectDrive(combo, win32::ToText(drive)));
     Notify(IDC_FORM2_DRIVE1, CBN_SELCHANGE);
   }
   void Notify(int id, int code) {

@@ -37,7 +37,7 @@ struct DrawnRow {
 TEST_F(FolderListDrawingTest, DrawsEachFolderAStepFurtherIn) {
   Make("first");
   Make("second");
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   const int current = Selected();
   int former = -1;
   for (int row = 0; row <= current + 1; ++row) {
@@ -63,7 +63,7 @@ TEST_F(FolderListDrawingTest, DrawsTheFocusWhereThereIsNoRow) {
 TEST_F(FolderListDrawingTest, ScrollsSidewaysToTheEndOfTheLongestName) {
   const LRESULT before = SendMessageA(list_, LB_GETHORIZONTALEXTENT, 0, 0);
   Make(std::string(150, 'W'));
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   const LRESULT after = SendMessageA(list_, LB_GETHORIZONTALEXTENT, 0, 0);
   EXPECT_GT(after, before + 500);
   const DrawnRow drawn(folders, list_, 0, 0);
@@ -81,7 +81,7 @@ TEST_F(FolderListDrawingTest, RowsAreHighEnoughForTheFontAndTheIcon) {
 
 TEST_F(FolderListDrawingTest, TypingANameFindsItsRow) {
   Make("zebra");
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   SendMessageA(list_, WM_CHAR, 'z', 0);
   EXPECT_EQ(ListRows()[static_cast<std::size_t>(Selected())], "zebra");
 }

@@ -12,43 +12,43 @@ TEST_F(FolderListDrivesTest, ListsTheDrivesThatThereAre) {
   }
   EXPECT_EQ(Drives(), expected);
   EXPECT_NE(std::find(expected.begin(), expected.end(), "C:"), expected.end());
-  EXPECT_EQ(win32::SelectedDrive(combo_), "");
+  EXPECT_EQ(Drive(), "");
 }
 
 TEST_F(FolderListDrivesTest, SelectsTheDriveOfAPath) {
   win32::FillDriveList(combo_);
-  EXPECT_TRUE(win32::SelectDrive(combo_, "c:\\no\\such folder"));
-  EXPECT_EQ(win32::SelectedDrive(combo_), "C:");
+  EXPECT_TRUE(SelectDrive("c:\\no\\such folder"));
+  EXPECT_EQ(Drive(), "C:");
   for (const char* path : {"", "\\", "folder", "K:\\", "\\\\server\\share", "1:", "C"}) {
-    EXPECT_FALSE(win32::SelectDrive(combo_, path)) << path;
-    EXPECT_EQ(win32::SelectedDrive(combo_), "C:") << path;
+    EXPECT_FALSE(SelectDrive(path)) << path;
+    EXPECT_EQ(Drive(), "C:") << path;
   }
 }
 
 TEST_F(FolderListDrivesTest, DrivesComeAndGo) {
   win32::FillDriveList(combo_);
-  win32::SelectDrive(combo_, "C:");
+  SelectDrive("C:");
   const Names before = Drives();
   EmptyDrive drive("Q:");
   ASSERT_TRUE(drive.made());
   win32::FillDriveList(combo_);
   EXPECT_EQ(Drives().size(), before.size() + 1);
-  EXPECT_EQ(win32::SelectedDrive(combo_), "C:");
-  EXPECT_TRUE(win32::SelectDrive(combo_, "Q:\\"));
+  EXPECT_EQ(Drive(), "C:");
+  EXPECT_TRUE(SelectDrive("Q:\\"));
 
   drive.Remove();
   win32::FillDriveList(combo_);
   EXPECT_EQ(Drives(), before);
-  EXPECT_EQ(win32::SelectedDrive(combo_), "");
+  EXPECT_EQ(Drive(), "");
 }
 
 TEST_F(FolderListDrivesTest, AnEmptyDriveIsNotEntered) {
   const EmptyDrive drive("Q:");
   ASSERT_TRUE(drive.made());
-  EXPECT_FALSE(folders.SetPath("Q:"));
-  EXPECT_FALSE(folders.SetPath("Q:\\"));
-  EXPECT_FALSE(folders.SetPath("Q:\\folder"));
-  EXPECT_EQ(folders.Path(), folder());
+  EXPECT_FALSE(SetPath("Q:"));
+  EXPECT_FALSE(SetPath("Q:\\"));
+  EXPECT_FALSE(SetPath("Q:\\folder"));
+  EXPECT_EQ(Path(), folder());
   EXPECT_EQ(ListRows(), RowsDownTo(folder()));
   EXPECT_TRUE(answers.Shown().empty());
 }

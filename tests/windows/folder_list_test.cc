@@ -15,7 +15,7 @@ class LockedFolder {
 };
 
 TEST_F(FolderListTest, StartsAtTheCurrentDirectory) {
-  EXPECT_EQ(folders.Path(), folder());
+  EXPECT_EQ(Path(), folder());
   EXPECT_EQ(ListRows(), RowsDownTo(folder()));
   EXPECT_EQ(Selected(), static_cast<int>(RowsDownTo(folder()).size()) - 1);
 }
@@ -27,15 +27,15 @@ TEST_F(FolderListTest, ShowsTheFoldersInsideSortedWhateverTheirAttributes) {
   WriteBytes(PathOf("a file"), "x");
   SetFileAttributesA(PathOf("hidden").c_str(), FILE_ATTRIBUTE_HIDDEN);
   SetFileAttributesA(PathOf("system").c_str(), FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN);
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   EXPECT_EQ(RowsBelow(folder()), (Names{"a", "b", "B2", "C", "hidden", "system"}));
   EXPECT_EQ(ListRows()[static_cast<std::size_t>(Selected())],
             folder().substr(folder().rfind('\\') + 1));
 }
 
 TEST_F(FolderListTest, ARootIsOneRowAndItsFolders) {
-  ASSERT_TRUE(folders.SetPath("C:\\"));
-  EXPECT_EQ(folders.Path(), "C:\\");
+  ASSERT_TRUE(SetPath("C:\\"));
+  EXPECT_EQ(Path(), "C:\\");
   const Names rows = ListRows();
   EXPECT_EQ(rows[0], "C:\\");
   EXPECT_EQ(Selected(), 0);
@@ -49,18 +49,18 @@ TEST_F(FolderListTest, BringsAPathIntoItsUsualForm) {
   Make("one");
   for (const std::string& path : {PathOf("one\\"), PathOf("one\\\\"), PathOf("one\\."),
                                   PathOf("one\\..\\one"), folder() + "/one/"}) {
-    ASSERT_TRUE(folders.SetPath("C:\\"));
-    EXPECT_TRUE(folders.SetPath(path)) << path;
-    EXPECT_EQ(folders.Path(), PathOf("one")) << path;
+    ASSERT_TRUE(SetPath("C:\\"));
+    EXPECT_TRUE(SetPath(path)) << path;
+    EXPECT_EQ(Path(), PathOf("one")) << path;
   }
-  EXPECT_TRUE(folders.SetPath("c:\\"));
-  EXPECT_EQ(folders.Path(), "C:\\");
+  EXPECT_TRUE(SetPath("c:\\"));
+  EXPECT_EQ(Path(), "C:\\");
 }
 
 TEST_F(FolderListTest, ADriveAloneIsItsCurrentFolder) {
-  ASSERT_TRUE(folders.SetPath("C:\\"));
-  EXPECT_TRUE(folders.SetPath(folder().substr(0, 2)));
-  EXPECT_EQ(folders.Path(), folder());
+  ASSERT_TRUE(SetPath("C:\\"));
+  EXPECT_TRUE(SetPath(folder().substr(0, 2)));
+  EXPECT_EQ(Path(), folder());
 
   const std::string other = OtherDrive();
   ASSERT_NE(other, "") << "there is one drive only";
@@ -68,25 +68,25 @@ TEST_F(FolderListTest, ADriveAloneIsItsCurrentFolder) {
   ASSERT_NE(inside, "");
   {
     const CurrentFolderOfDrive current(other, inside);
-    EXPECT_TRUE(folders.SetPath(other));
-    EXPECT_EQ(folders.Path(), inside);
+    EXPECT_TRUE(SetPath(other));
+    EXPECT_EQ(Path(), inside);
   }
-  EXPECT_TRUE(folders.SetPath(other));
-  EXPECT_EQ(folders.Path(), other + "\\");
+  EXPECT_TRUE(SetPath(other));
+  EXPECT_EQ(Path(), other + "\\");
 }
 
 TEST_F(FolderListTest, ADriveWhoseCurrentFolderIsGoneShowsItsRoot) {
   const std::string other = OtherDrive();
   ASSERT_NE(other, "") << "there is one drive only";
   const CurrentFolderOfDrive current(other, other + "\\no such folder");
-  EXPECT_TRUE(folders.SetPath(other));
-  EXPECT_EQ(folders.Path(), other + "\\");
+  EXPECT_TRUE(SetPath(other));
+  EXPECT_EQ(Path(), other + "\\");
 }
 
 TEST_F(FolderListTest, WhatCannotBeListedLeavesEverythingAsItWas) {
   Make("sub");
   WriteBytes(PathOf("file"), "x");
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   Select("sub");
   const Names rows = ListRows();
   const int selected = Selected();
@@ -112,8 +112,8 @@ TEST_F(FolderListTest, WhatCannotBeListedLeavesEverythingAsItWas) {
                                   PathOf("<>|"),
                                   PathOf(std::string(300, 'x')),
                                   PathOf(std::string(40000, 'y'))}) {
-    EXPECT_FALSE(folders.SetPath(path)) << path;
-    EXPECT_EQ(folders.Path(), folder()) << path;
+    EXPECT_FALSE(SetPath(path)) << path;
+    EXPECT_EQ(Path(), folder()) << path;
     EXPECT_EQ(ListRows(), rows) << path;
     EXPECT_EQ(Selected(), selected) << path;
   }
@@ -121,11 +121,11 @@ TEST_F(FolderListTest, WhatCannotBeListedLeavesEverythingAsItWas) {
 
 TEST_F(FolderListTest, AFolderThatMayNotBeReadStaysClosed) {
   Make("locked");
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   const LockedFolder lock(PathOf("locked"));
   Select("locked");
   EXPECT_FALSE(folders.OpenSelected());
-  EXPECT_EQ(folders.Path(), folder());
+  EXPECT_EQ(Path(), folder());
   EXPECT_EQ(RowsBelow(folder()), Names{"locked"});
 }
 
@@ -133,21 +133,21 @@ TEST_F(FolderListTest, OpensWhatIsSelected) {
   Make("one");
   Make("one\\two");
   Make("one\\three");
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   Select("one");
   ASSERT_TRUE(folders.OpenSelected());
-  EXPECT_EQ(folders.Path(), PathOf("one"));
+  EXPECT_EQ(Path(), PathOf("one"));
   EXPECT_EQ(RowsBelow(PathOf("one")), (Names{"three", "two"}));
   Select("two");
   ASSERT_TRUE(folders.OpenSelected());
-  EXPECT_EQ(folders.Path(), PathOf("one\\two"));
+  EXPECT_EQ(Path(), PathOf("one\\two"));
   EXPECT_EQ(ListRows(), RowsDownTo(PathOf("one\\two")));
   Select("one");
   ASSERT_TRUE(folders.OpenSelected());
-  EXPECT_EQ(folders.Path(), PathOf("one"));
+  EXPECT_EQ(Path(), PathOf("one"));
   SendMessageA(list_, LB_SETCURSEL, 0, 0);
   ASSERT_TRUE(folders.OpenSelected());
-  EXPECT_EQ(folders.Path(), folder().substr(0, 3));
+  EXPECT_EQ(Path(), folder().substr(0, 3));
   SendMessageA(list_, LB_SETCURSEL, static_cast<WPARAM>(-1), 0);
   EXPECT_FALSE(folders.OpenSelected());
 }
@@ -157,15 +157,15 @@ TEST_F(FolderListTest, EveryFolderOnTheWayCanBeOpened) {
   std::string path = rows[0];
   for (std::size_t row = 1; row < rows.size(); ++row) {
     path += (row == 1 ? "" : "\\") + rows[row];
-    ASSERT_TRUE(folders.SetPath(folder()));
+    ASSERT_TRUE(SetPath(folder()));
     SendMessageA(list_, LB_SETCURSEL, row, 0);
     EXPECT_TRUE(folders.OpenSelected());
-    EXPECT_EQ(folders.Path(), path);
+    EXPECT_EQ(Path(), path);
   }
 }
 
 TEST_F(FolderListTest, OpeningTheCurrentFolderReadsItAnew) {
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   EXPECT_EQ(RowsBelow(folder()), Names{});
   Make("new");
   ASSERT_TRUE(folders.OpenSelected());
@@ -174,22 +174,22 @@ TEST_F(FolderListTest, OpeningTheCurrentFolderReadsItAnew) {
 
 TEST_F(FolderListTest, AFolderThatIsGoneMeanwhileStaysClosed) {
   Make("gone");
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   RemoveDirectoryA(PathOf("gone").c_str());
   Select("gone");
   EXPECT_FALSE(folders.OpenSelected());
-  EXPECT_EQ(folders.Path(), folder());
+  EXPECT_EQ(Path(), folder());
 }
 
 TEST_F(FolderListTest, TheWayUpIsOpenWhenTheCurrentFolderIsGone) {
   Make("gone");
-  ASSERT_TRUE(folders.SetPath(PathOf("gone")));
+  ASSERT_TRUE(SetPath(PathOf("gone")));
   RemoveDirectoryA(PathOf("gone").c_str());
   EXPECT_FALSE(folders.OpenSelected());
-  EXPECT_EQ(folders.Path(), PathOf("gone"));
+  EXPECT_EQ(Path(), PathOf("gone"));
   Select(folder().substr(folder().rfind('\\') + 1));
   EXPECT_TRUE(folders.OpenSelected());
-  EXPECT_EQ(folders.Path(), folder());
+  EXPECT_EQ(Path(), folder());
   EXPECT_EQ(RowsBelow(folder()), Names{});
 }
 
@@ -199,24 +199,27 @@ TEST_F(FolderListTest, OddNamesAreShownAndOpened) {
                     std::string(200, 'n')};
   for (const std::string& name : names) {
     Make(name);
-    ASSERT_TRUE(folders.SetPath(folder()));
+    ASSERT_TRUE(SetPath(folder()));
     Select(name);
     EXPECT_TRUE(folders.OpenSelected()) << name;
-    EXPECT_EQ(folders.Path(), PathOf(name));
+    EXPECT_EQ(Path(), PathOf(name));
     EXPECT_EQ(ListRows().back(), name);
     RemoveDirectoryA(PathOf(name).c_str());
   }
 }
 
-TEST_F(FolderListTest, ANameOutsideTheCodePageIsShownByItsShortOne) {
-  const std::wstring wide = std::wstring(folder().begin(), folder().end()) + L"\\\u65E5\u672C";
+TEST_F(FolderListTest, ANameOutsideTheCodePageIsShownAndOpened) {
+  const std::wstring name = L"\u65E5\u672C\u0141";
+  const std::wstring wide = win32::ToText(folder()) + L"\\" + name;
   ASSERT_TRUE(CreateDirectoryW(wide.c_str(), nullptr));
   ASSERT_TRUE(CreateDirectoryW((wide + L"\\inside").c_str(), nullptr));
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   ASSERT_EQ(RowsBelow(folder()).size(), 1U);
-  EXPECT_EQ(RowsBelow(folder())[0].find('?'), std::string::npos);
-  Select(RowsBelow(folder())[0]);
+  const int row = static_cast<int>(ListRows().size()) - 1;
+  EXPECT_EQ(win32::ListText(list_, row), name);
+  SendMessageA(list_, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
   ASSERT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(folders.Path(), wide);
   EXPECT_EQ(ListRows().back(), "inside");
 }
 
@@ -227,21 +230,21 @@ TEST_F(FolderListTest, GoesDownAsFarAsPathsMayBeLong) {
     wide += L"\\" + std::wstring(name.begin(), name.end());
     ASSERT_TRUE(CreateDirectoryW(wide.c_str(), nullptr));
   }
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   int opened = 0;
   for (;; ++opened) {
-    const std::string before = folders.Path();
+    const std::string before = Path();
     SendMessageA(list_, LB_SETCURSEL,
                  static_cast<WPARAM>(SendMessageA(list_, LB_GETCOUNT, 0, 0) - 1), 0);
-    if (!folders.OpenSelected() || folders.Path() == before) {
+    if (!folders.OpenSelected() || Path() == before) {
       break;
     }
-    EXPECT_EQ(folders.Path(), before + "\\" + name);
+    EXPECT_EQ(Path(), before + "\\" + name);
   }
   EXPECT_GE(opened, 1);
-  EXPECT_LT(folders.Path().size(), 1000U);
+  EXPECT_LT(Path().size(), 1000U);
   // And it goes on as before.
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   EXPECT_EQ(RowsBelow(folder()), Names{name});
   while (wide.size() > folder().size() + 4) {
     RemoveDirectoryW(wide.c_str());
@@ -253,7 +256,7 @@ TEST_F(FolderListTest, ManyFoldersAreAllThere) {
   for (int number = 0; number < 1000; ++number) {
     Make("folder " + std::to_string(number));
   }
-  ASSERT_TRUE(folders.SetPath(folder()));
+  ASSERT_TRUE(SetPath(folder()));
   EXPECT_EQ(RowsBelow(folder()).size(), 1000U);
 }
 

@@ -8,6 +8,8 @@
 #include "tests/windows/drives.h"
 #include "tests/windows/form2_test_base.h"
 #include "win32/folder_list.h"
+#include "win32/text.h"
+#include "win32/window_text.h"
 
 using Names = std::vector<std::string>;
 
@@ -38,11 +40,18 @@ class FolderListTest : public Form2Test {
     ASSERT_TRUE(CreateDirectoryA(PathOf(name).c_str(), nullptr));
   }
 
+  bool SetPath(const std::string& path) { return folders.SetPath(win32::ToText(path)); }
+  std::string Path() const { return win32::ToBytes(folders.Path()).value(); }
+  bool SelectDrive(const std::string& path) {
+    return win32::SelectDrive(combo_, win32::ToText(path));
+  }
+  std::string Drive() const { return win32::ToBytes(win32::SelectedDrive(combo_)).value(); }
+
   Names ListRows() const {
     Names rows;
     const int count = static_cast<int>(SendMessageA(list_, LB_GETCOUNT, 0, 0));
     for (int row = 0; row < count; ++row) {
-      rows.push_back(win32::ListText(list_, row));
+      rows.push_back(RowBytes(list_, row));
     }
     return rows;
   }

@@ -32,7 +32,7 @@ bool Form2Test::Open(const std::string& menuBytes) {
 }
 
 bool Form2Test::Load() {
-  form_ = std::make_unique<editor::Form2>("\"" + MenuPath() + "\"", *files);
+  form_ = std::make_unique<editor::Form2>(MenuPath(), *files);
   return form_->Load();
 }
 
@@ -76,7 +76,7 @@ void Form2Test::RunMessages() {
 std::vector<std::string> Form2Test::Rows() {
   std::vector<std::string> rows;
   for (int row = 0; row < form_->items().Count(); ++row) {
-    rows.push_back(win32::ListText(Control(IDC_FORM2_LIST1), row));
+    rows.push_back(RowBytes(Control(IDC_FORM2_LIST1), row));
   }
   return rows;
 }

@@ -14,7 +14,7 @@
 #include "resources/resource.h"
 #include "tests/windows/dialog_answers.h"
 #include "tests/windows/menu_bytes.h"
-#include "win32/window_text.h"
+#include "tests/windows/window_bytes.h"
 
 // Opens the editor window, hidden, on a menu file in a temporary folder, which
 // is the current directory of the test.
@@ -42,7 +42,7 @@ class Form2Test : public ::testing::Test {
   int SelectedRow();
   bool IsVisible(int id);  // as if the window were shown
   bool IsEnabled(int id) { return IsWindowEnabled(Control(id)) != FALSE; }
-  std::string Text(int id) { return win32::WindowText(Control(id)); }
+  std::string Text(int id) { return WindowBytes(Control(id)); }
   bool IsChecked(int id);
 
   std::vector<editor::HiddenRow> HiddenRows();  // as many as there are rows

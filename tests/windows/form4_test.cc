@@ -20,7 +20,7 @@ TEST_F(Form4Test, ChangeIconWantsASelectedEntryWithATarget) {
 
 TEST_F(Form4Test, OpensOnTheIconOfTheEntryAndDisablesTheEditor) {
   OpenForItem(twelve, "5");
-  EXPECT_EQ(win32::WindowText(Form4()), "Select Icon");
+  EXPECT_EQ(WindowBytes(Form4()), "Select Icon");
   EXPECT_TRUE(IsWindowVisible(Form4()));
   EXPECT_FALSE(IsEditorEnabled());
   EXPECT_EQ(Label(), "12 Icons");
@@ -28,9 +28,9 @@ TEST_F(Form4Test, OpensOnTheIconOfTheEntryAndDisablesTheEditor) {
   EXPECT_EQ(LastPosition(bar()), 11);
   EXPECT_EQ(Position(bar()), 5);
   EXPECT_EQ(Preview(), Showing(colours[5]));
-  EXPECT_EQ(win32::WindowText(Form4Control(IDC_FORM4_COMMAND1)), "OK");
-  EXPECT_EQ(win32::WindowText(Form4Control(IDC_FORM4_COMMAND2)), "Select Icon Library");
-  EXPECT_EQ(win32::WindowText(Form4Control(IDC_FORM4_COMMAND3)), "Cancel");
+  EXPECT_EQ(WindowBytes(Form4Control(IDC_FORM4_COMMAND1)), "OK");
+  EXPECT_EQ(WindowBytes(Form4Control(IDC_FORM4_COMMAND2)), "Select Icon Library");
+  EXPECT_EQ(WindowBytes(Form4Control(IDC_FORM4_COMMAND3)), "Cancel");
 }
 
 TEST_F(Form4Test, OpensOnTheTargetWhereNoIconFileIsGiven) {

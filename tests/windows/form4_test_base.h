@@ -39,7 +39,7 @@ class Form4TestBase : public IconTest {
   }
 
   HWND bar() { return Form4Control(IDC_FORM4_HSCROLL1); }
-  std::string Label() { return win32::WindowText(Form4Control(IDC_FORM4_LABEL1)); }
+  std::string Label() { return WindowBytes(Form4Control(IDC_FORM4_LABEL1)); }
   std::vector<COLORREF> Preview() { return Painted(Form4Control(IDC_FORM4_PICTURE1)); }
   bool IsEditorEnabled() { return IsWindowEnabled(form().window()) != FALSE; }
 

@@ -56,8 +56,7 @@ void IconTest::DriveFileDialog(HWND dialog, const std::optional<std::string>& pa
     name = GetDlgItem(dialog, cmb13);
   }
   const HWND filters = GetDlgItem(dialog, cmb1);
-  fileDialogs_.push_back(
-      {win32::WindowText(dialog), win32::WindowText(name), win32::WindowText(filters)});
+  fileDialogs_.push_back({WindowBytes(dialog), WindowBytes(name), WindowBytes(filters)});
   if (path) {
     SetWindowTextA(name, path->c_str());
   }

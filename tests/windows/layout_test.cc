@@ -121,7 +121,7 @@ TEST_F(LayoutTest, EveryTextHasRoom) {
   VisitAll([](const std::string& page, HWND window) {
     SCOPED_TRACE(page);
     for (const HWND control : Shown(window)) {
-      const std::string text = win32::WindowText(control);
+      const std::string text = WindowBytes(control);
       const std::string name = Class(control);
       if (text.empty()) {
         continue;
@@ -187,7 +187,7 @@ TEST_F(LayoutTest, TheTabsStandOnTheFrameOfTheirPage) {
     }
     // A frame's upper line runs through the middle of where a text would be.
     for (const HWND control : Shown(window)) {
-      if (IsFrame(control) && win32::WindowText(control).empty()) {
+      if (IsFrame(control) && WindowBytes(control).empty()) {
         const int line = Place(control).top + TextSize(control, "X", 0).cy / 2;
         EXPECT_GT(line, Place(tabs).bottom) << page;
         EXPECT_LE(line, Place(tabs).bottom + Scaled(3)) << page;

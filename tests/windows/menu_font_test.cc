@@ -25,10 +25,10 @@ class MenuFontTest : public AppearanceTestBase {
   void ChangeFont(
       int button, const std::function<void(HWND)>& drive = [](HWND) {}) {
     answers.OnDialog([this, button, drive](HWND dialog) {
-      title = win32::WindowText(dialog);
-      size = win32::WindowText(GetDlgItem(dialog, kSize));
-      face = win32::WindowText(GetDlgItem(dialog, kFace));
-      style = win32::WindowText(GetDlgItem(dialog, kStyle));
+      title = WindowBytes(dialog);
+      size = WindowBytes(GetDlgItem(dialog, kSize));
+      face = WindowBytes(GetDlgItem(dialog, kFace));
+      style = WindowBytes(GetDlgItem(dialog, kStyle));
       drive(dialog);
       PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
     });
@@ -110,7 +110,7 @@ TEST_F(MenuFontTest, TheFirstFaceOfTheListCanBeChosenForOneThatIsLacking) {
   std::string first;
   ChangeFont(IDOK, [&](HWND dialog) {
     Select(dialog, kFace, 0);
-    first = win32::WindowText(GetDlgItem(dialog, kFace));
+    first = WindowBytes(GetDlgItem(dialog, kFace));
   });
   ASSERT_FALSE(first.empty());
   EXPECT_EQ(SavedLine(), "0,\"" + first + "\",8.25,0,0\r\n");

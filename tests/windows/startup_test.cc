@@ -189,7 +189,7 @@ TEST_F(StartUpTest, TheFirstTabIsSelected) {
     captions.push_back(text);
   }
   EXPECT_EQ(captions, (Names{"Contents", "Appearance", "About"}));
-  EXPECT_EQ(win32::WindowText(form().window()), "Corvalis Edit");
+  EXPECT_EQ(WindowBytes(form().window()), "Corvalis Edit");
 }
 
 }  // namespace

@@ -155,7 +155,7 @@ TEST_F(WizardTargetTest, BrowseTakesTheChosenFile) {
   std::string title;
   std::vector<std::string> filters;
   answers.OnDialog([&](HWND dialog) {
-    title = win32::WindowText(dialog);
+    title = WindowBytes(dialog);
     const HWND types = GetDlgItem(dialog, 0x470);  // the list of file types
     for (int row = 0; row < SendMessageA(types, CB_GETCOUNT, 0, 0); ++row) {
       char text[256] = "";
@@ -164,8 +164,8 @@ TEST_F(WizardTargetTest, BrowseTakesTheChosenFile) {
     }
     HWND name = GetDlgItem(dialog, 0x47C);  // the name box with a list, or without
     name = name != nullptr ? name : GetDlgItem(dialog, 0x480);
-    EXPECT_EQ(win32::WindowText(name), "");
-    win32::SetText(name, PathOf("chosen.exe"));
+    EXPECT_EQ(WindowBytes(name), "");
+    SetWindowTextA(name, PathOf("chosen.exe").c_str());
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
   });
   TypeWizard(kTarget, "something else");
@@ -182,7 +182,7 @@ TEST_F(WizardTargetTest, BrowseInAnotherFolderKeepsTheCurrentDirectory) {
   answers.OnDialog([&](HWND dialog) {
     HWND name = GetDlgItem(dialog, 0x47C);
     name = name != nullptr ? name : GetDlgItem(dialog, 0x480);
-    win32::SetText(name, "C:\\windows\\notepad.exe");
+    SetWindowTextA(name, "C:\\windows\\notepad.exe");
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
   });
   const std::string before = CurrentFolder();

@@ -32,7 +32,7 @@ class WizardTest : public WizardTestBase {
 TEST_F(WizardTest, OpensEmptyOnItsFirstPage) {
   OpenAdd();
   ExpectTargetPage(kNext);
-  EXPECT_EQ(win32::WindowText(Wizard()), "New Shortcut");
+  EXPECT_EQ(WindowBytes(Wizard()), "New Shortcut");
   for (const int box : {kTarget, kArguments, kStartIn, kName}) {
     EXPECT_EQ(WizardText(box), "");
   }

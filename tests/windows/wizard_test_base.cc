@@ -55,7 +55,7 @@ void WizardTestBase::Key(HWND control, int key) {
   RunMessages();
 }
 
-std::string WizardTestBase::WizardText(int id) { return win32::WindowText(WizardControl(id)); }
+std::string WizardTestBase::WizardText(int id) { return WindowBytes(WizardControl(id)); }
 
 int WizardTestBase::DefaultButton() {
   const LRESULT answer = SendMessageA(Wizard(), DM_GETDEFID, 0, 0);

@@ -1,0 +1,78 @@
+#include "win32/text.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "win32/handles.h"
+
+namespace win32 {
+namespace {
+
+struct CloseSearch {
+  void operator()(HANDLE search) const { FindClose(search); }
+};
+
+constexpr std::wstring_view kSeparators = L"\\/";
+
+// Empty when there is no such file, or its volume keeps no short names.
+std::wstring ShortNameOf(const std::wstring& path, std::wstring_view name) {
+  // The last three are wildcards of an older kind.
+  if (name.find_first_of(L"*?\"<>") != std::wstring_view::npos) {
+    return {};
+  }
+  WIN32_FIND_DATAW found{};
+  const HANDLE handle = FindFirstFileW(path.c_str(), &found);
+  if (handle == INVALID_HANDLE_VALUE) {
+    return {};
+  }
+  const UniqueHandle<HANDLE, CloseSearch> search(handle);
+  return found.cAlternateFileName;
+}
+
+}  // namespace
+
+std::wstring ToText(std::string_view bytes) {
+  const auto convert = [&](wchar_t* out, int size) {
+    return MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()), out, size);
+  };
+  std::wstring text(static_cast<std::size_t>(convert(nullptr, 0)), L'\0');
+  convert(text.data(), static_cast<int>(text.size()));
+  return text;
+}
+
+// There and back again is the test that holds in every code page; the flags that
+// Windows has against replacing are not allowed in all of them.
+std::optional<std::string> ToBytes(std::wstring_view text) {
+  const auto convert = [&](char* out, int size) {
+    return WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), out, size,
+                               nullptr, nullptr);
+  };
+  std::string bytes(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+  convert(bytes.data(), static_cast<int>(bytes.size()));
+  return ToText(bytes) == text ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+std::optional<std::string> PathToBytes(std::wstring_view path) {
+  std::string bytes;
+  for (std::size_t from = 0; from < path.size();) {
+    const std::size_t end = std::min(path.find_first_of(kSeparators, from), path.size());
+    const std::wstring_view name = path.substr(from, end - from);
+    std::optional<std::string> part = ToBytes(name);
+    if (!part) {
+      const std::wstring shortName = ShortNameOf(std::wstring(path.substr(0, end)), name);
+      part = shortName.empty() ? std::nullopt : ToBytes(shortName);
+    }
+    if (!part) {
+      return std::nullopt;
+    }
+    bytes += *part;
+    if (end < path.size()) {
+      bytes += static_cast<char>(path[end]);
+    }
+    from = end + 1;
+  }
+  return bytes;
+}
+
+}  // namespace win32
