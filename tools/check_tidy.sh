@@ -3,7 +3,7 @@
 # program: with menufile/ as it is compiled for this machine, with the rest as
 # it is compiled for Windows. Needs build/native and build/windows configured.
 #
-#   tools/check_tidy.sh [SOURCE...]    these files alone
+#   tools/check_tidy.sh [FILE_OR_FOLDER...]    these alone
 set -eu -o pipefail
 cd "$(dirname "$0")/.."
 
@@ -18,13 +18,12 @@ windows_options=(
   --extra-arg=-Wno-unknown-warning-option
 )
 
-if [ $# -gt 0 ]; then
-  sources=("$@")
-else
-  mapfile -t sources < <(
-    find editor icons listedit menufile win32 wizard -name '*.cc' -o -name '*.cpp' | sort
-  )
-fi
+[ $# -gt 0 ] || set -- editor icons listedit menufile win32 wizard
+mapfile -t sources < <(find "$@" -name '*.cc' -o -name '*.cpp' | sort)
+[ ${#sources[@]} -gt 0 ] || {
+  echo "$0: no sources in $*" >&2
+  exit 1
+}
 native=() windows=()
 for source in "${sources[@]}"; do
   case $source in
@@ -38,7 +37,7 @@ tidy() {
   local -n files=$1
   shift
   [ ${#files[@]} -gt 0 ] || return 0
-  printf '%s\0' "${files[@]}" | xargs -0 -P 2 -n 1 clang-tidy --quiet "$@" 2>&1 |
+  printf '%s\0' "${files[@]}" | xargs -0 -n 1 clang-tidy --quiet "$@" 2>&1 |
     sed '/^[0-9]* warnings\{0,1\} \(generated\|treated as error\)/d'
 }
 

@@ -42,6 +42,13 @@ use_wine_prefix() {
     fail "$WINEPREFIX belongs to another user; remove $build_dir and try again"
 }
 
+# within_session NAME "$0" "$@": goes on with the script in a session of that
+# name, unless it runs in a session already, and works in its prefix.
+within_session() {
+  [ -n "${CORVALIS_WINE_SESSION:-}" ] || exec "$project_root/tools/wine_session.sh" "$@"
+  use_wine_prefix "$CORVALIS_WINE_SESSION"
+}
+
 # Makes the prefix of use_wine_prefix on its first use; some ten seconds.
 prepare_wine_prefix() {
   local ready=$WINEPREFIX/corvalis_ready

@@ -9,10 +9,7 @@
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 
-if [ -z "${CORVALIS_WINE_SESSION:-}" ]; then
-  exec "$project_root/tools/wine_session.sh" test "$0" "$@"
-fi
-use_wine_prefix "$CORVALIS_WINE_SESSION"
+within_session test "$0" "$@"
 
 # Wine's own services start with the first program, inherit its output and stay
 # for the session; a caller who reads to the end of a pipe would wait for them.
@@ -29,9 +26,11 @@ run_program() {
 }
 run_program "$@"
 # Once in a great while Wine ends at once, without a word, before the program
-# has begun. A test program that ran has said something.
+# has begun. A test program that ran has said something. The test "wine.starts"
+# counts how often that was.
 if [ "$status" -ne 0 ] && [ ! -s "$output" ]; then
-  echo "$(basename "$0"): the program did not begin (exit code $status); once more" >&2
+  echo "did not begin (exit code $status), started again: $*" |
+    tee -a "$build_dir/log/not_begun.log" >&2
   run_program "$@"
 fi
 rm -f "$output"

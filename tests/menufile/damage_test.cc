@@ -38,7 +38,7 @@ TEST(DamagedMenu, AnyByteAtEachOffset) {
     }
   }
   EXPECT_EQ((std::set<End>{End::Menu, End::Declined, End::Failed}), seen);
-  std::cout << cases << " damaged menus were read\n";
+  std::cout << "Counted: " << cases << " damaged menus were read\n";
 }
 
 TEST(DamagedMenu, AByteMissingOrTooManyAtEachOffset) {

@@ -311,8 +311,9 @@ class PrintTotals final : public testing::Environment {
  public:
   void TearDown() override {
     if (totals.cases > 0) {
-      std::cout << "faults: " << totals.cases << " cases were run, " << totals.lost
-                << " lost data; the next start finished " << totals.finished << " changes\n";
+      std::cout << "Counted: " << totals.cases << " faults in changes\n"
+                << "Counted: " << totals.lost << " changes that lost data by a fault\n"
+                << "Counted: " << totals.finished << " changes that the next start finished\n";
     }
   }
 };

@@ -100,8 +100,8 @@ TEST(LiteralRewrite, GivesTheSameBytes) {
     rewritten += comparison.failed ? 0 : 1;
   }
   EXPECT_GT(rewritten, 30000);
-  std::cout << kCases << " rewrites compared, " << kCases - static_cast<unsigned>(rewritten)
-            << " of them failing ones\n";
+  std::cout << "Counted: " << kCases << " rewrites compared, "
+            << kCases - static_cast<unsigned>(rewritten) << " of them failing ones\n";
 }
 
 }  // namespace

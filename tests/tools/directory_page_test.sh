@@ -1,14 +1,12 @@
 #!/bin/bash
 # The directory page of the finished program, driven by the keyboard: folders
 # opened with Enter, a path typed, Save Changes, and both changes of the menu
-# type. Wants to be run within a Wine session, with its display to itself:
-#
-#   tools/wine_session.sh test tests/tools/directory_page_test.sh
+# type. Wants the display to itself.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 . "$project_root/tools/x_windows.sh"
+within_session test "$0"
 
-use_wine_prefix "$CORVALIS_WINE_SESSION"
 pages=$build_dir/screenshots
 mkdir -p "$build_dir/test" "$pages"
 work=$(mktemp -d "$build_dir/test/directory.XXXXXX")

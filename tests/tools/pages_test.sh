@@ -1,12 +1,11 @@
 #!/bin/bash
 # Every page of the finished program, started with its menu's path in quotes:
 # each gets its picture, build/screenshots/page_*.png, and no two look alike.
-# Wants to be run within a Wine session, with its display to itself:
-#
-#   tools/wine_session.sh test tests/tools/pages_test.sh
+# Wants the display to itself.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 . "$project_root/tools/x_windows.sh"
+within_session test "$0"
 
 pages=$build_dir/screenshots
 mkdir -p "$build_dir/test" "$pages"

@@ -1,11 +1,11 @@
 #!/bin/bash
 # ./run's way from a Linux path to the editor's window, whatever characters the
-# path holds, and its exit code. Wants to be run within a Wine session, with its
-# display to itself:
-#
-#   tools/wine_session.sh test tests/tools/run_test.sh
+# path holds, and its exit code. Wants the display to itself.
 set -eu
-root=$(cd "$(dirname "$0")/../.." && pwd -P)
+. "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
+within_session test "$0"
+
+root=$project_root
 mkdir -p "$root/build/test"
 folder=$(mktemp -d "$root/build/test/run.XXXXXX")
 trap 'rm -rf "$folder"' EXIT
@@ -13,7 +13,7 @@ trap 'rm -rf "$folder"' EXIT
 # photograph MENUFILE: leaves the editor's exit code in "status".
 photograph() {
   status=0
-  "$root/tools/photograph_editor.sh" test "$1" "$folder/picture.png" >"$folder/log" 2>&1 ||
+  "$root/tools/photograph_editor.sh" "$CORVALIS_WINE_SESSION" "$1" "$folder/picture.png" >"$folder/log" 2>&1 ||
     status=$?
 }
 

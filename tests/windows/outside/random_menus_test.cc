@@ -163,7 +163,7 @@ TEST_F(RandomMenusTest, NoneCrashesOrHangsTheProgram) {
     std::printf("%5d %s\n", times, shown.empty() ? "FAULTS" : shown.c_str());
     count += times;
   }
-  std::printf("%d random menus opened (--seed=%llu)\n", count,
+  std::printf("Counted: %d random menus opened (--seed=%llu)\n", count,
               static_cast<unsigned long long>(outside::TestOptions().seed));
   std::fflush(stdout);
   EXPECT_EQ(count, outside::TestOptions().menus);

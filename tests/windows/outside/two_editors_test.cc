@@ -211,8 +211,8 @@ TEST_F(TwoEditorsTest, OnTwoMenusInOneFolder) {
     }
     ExpectNoScratchFile();
   }
-  std::printf("%d of %d changes failed because of the other editor (--seed=%llu)\n", failed,
-              2 * kRounds, static_cast<unsigned long long>(outside::TestOptions().seed));
+  std::printf("Counted: %d of %d changes failed because of the other editor (--seed=%llu)\n",
+              failed, 2 * kRounds, static_cast<unsigned long long>(outside::TestOptions().seed));
   EXPECT_LT(failed, kRounds + 1) << "one of the two can always write";
   CloseBoth(editors[0], editors[1]);
 }
@@ -249,7 +249,8 @@ TEST_F(TwoEditorsTest, OnOneMenu) {
     ExpectNoScratchFile();
   }
   std::printf(
-      "%d of %d changes failed because of the other editor, and %d times one asked whether "
+      "Counted: %d of %d changes failed because of the other editor, and %d times one asked "
+      "whether "
       "to convert what the other one was writing (--seed=%llu)\n",
       failed, 2 * kRounds, asked, static_cast<unsigned long long>(outside::TestOptions().seed));
   CloseBoth(editors[0], editors[1]);

@@ -1,13 +1,13 @@
 #!/bin/bash
 # Lets a fuzz target of build/fuzz look for bytes that break it:
 #
-#   tools/fuzz.sh TARGET SECONDS
+#   tests/tools/fuzz_test.sh TARGET SECONDS
 #
 # It starts from the corpus that is checked in and from what earlier runs found,
 # which build/fuzz/found keeps. An input that breaks it is left in
 # build/fuzz/broken.
 set -eu
-root=$(cd "$(dirname "$0")/.." && pwd -P)
+root=$(cd "$(dirname "$0")/../.." && pwd -P)
 target=$1 seconds=$2
 
 corpus=$root/tests/fuzz/corpus/${target#fuzz_}
