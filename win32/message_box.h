@@ -7,8 +7,8 @@
 
 namespace win32 {
 
-// The program's message boxes. `owner` may be nullptr. A line ends with a single
-// CR or LF.
+// The program's message boxes. `owner` may be nullptr; one that is hidden does not
+// own the box. A line ends with a single CR or LF.
 
 // Title "Error!" and an OK button.
 void ShowError(HWND owner, const std::wstring& text);

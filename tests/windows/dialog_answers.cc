@@ -1,5 +1,7 @@
 #include "tests/windows/dialog_answers.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -36,6 +38,8 @@ DialogAnswers::DialogAnswers()
 DialogAnswers::~DialogAnswers() {
   UnhookWindowsHookEx(hook_);
   current_ = nullptr;
+  EXPECT_TRUE(answers_.empty()) << answers_.size() << " message boxes did not come";
+  EXPECT_TRUE(drives_.empty()) << drives_.size() << " dialogs did not come";
 }
 
 void DialogAnswers::Answer(std::vector<int> buttons) {
@@ -85,6 +89,8 @@ void DialogAnswers::Handle(HWND dialog) {
     return;
   }
   ShownBox box{WindowBytes(dialog), WindowBytes(message), {}};
+  const HWND owner = GetWindow(dialog, GW_OWNER);
+  box.owner = owner != nullptr && !IsWindowEnabled(owner) ? owner : nullptr;
   EnumChildWindows(dialog, AddButton, reinterpret_cast<LPARAM>(&box));
   shown_.push_back(box);
   int button = GetDlgItem(dialog, IDOK) != nullptr ? IDOK : IDNO;

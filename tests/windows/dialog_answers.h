@@ -13,12 +13,14 @@ struct ShownBox {
   std::string title;
   std::string text;
   std::vector<std::string> buttons;  // captions, without "&"
+  HWND owner = nullptr;              // which was disabled meanwhile; nullptr for none
 };
 
 // Answers the modal boxes and dialogs that the code under test opens on this
 // thread while this object lives: message boxes in the order of the answers
 // given, common dialogs by what OnDialog() was given. A box that no answer is
-// left for is closed with its first button and recorded all the same.
+// left for is closed with its first button and recorded all the same. An answer
+// that no box came for is a failure of the test.
 class DialogAnswers {
  public:
   DialogAnswers();

@@ -37,6 +37,8 @@ class StartUpTest : public Form2Test {
                 "Would you like to update the file?");
       EXPECT_EQ(box.title, "Query?");
       EXPECT_EQ(box.buttons, (Names{"Yes", "No"}));
+      // The window is not shown yet: what belongs to it is not in the task bar.
+      EXPECT_EQ(box.owner, nullptr);
     }
   }
   static std::string DefaultPicture() {
