@@ -7,7 +7,9 @@
 
 #include "editor/command_line.h"
 #include "editor/form2.h"
+#include "editor/start_folder.h"
 #include "editor/windows_files.h"
+#include "win32/text.h"
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
   // A drive without a disk is an error to handle, not a box to click away.
@@ -18,8 +20,10 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
 
   int exitCode = EXIT_FAILURE;
   try {
+    const std::string menuPath = editor::MenuFilePath(editor::Arguments());
+    editor::LeaveFolderThatTakesNoFile(win32::ToText(menuPath));
     editor::WindowsFileSystem files;
-    editor::Form2 window(editor::MenuFilePath(editor::Arguments()), files);
+    editor::Form2 window(menuPath, files);
     if (window.Load()) {
       ShowWindow(window.window(), show);
       exitCode = win32::RunMessageLoop();

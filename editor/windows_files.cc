@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "menufile/failure.h"
+#include "win32/current_folder.h"
 #include "win32/handles.h"
 #include "win32/text.h"
 #include "win32/window_text.h"
@@ -26,6 +27,60 @@ constexpr std::size_t kMostBytes = 64U << 20;
   throw Failure(
       path, doing,
       win32::ToBytes(win32::ErrorText(error)).value_or("Windows error " + std::to_string(error)));
+}
+
+// An indexer, a virus scanner or a cloud folder looks at a file as soon as it has
+// changed, and lets go of it within moments.
+constexpr DWORD kPatience = 500;  // milliseconds
+constexpr DWORD kPause = 20;
+
+// True if access is denied for good: to a folder, to a file that is read-only, or
+// where no file can be made at all. A file that somebody is deleting is denied,
+// too, until it is gone.
+bool IsDeniedForGood(const std::string& path) {
+  const std::wstring text = win32::ToText(path);
+  const DWORD attributes = GetFileAttributesW(text.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES &&
+      (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+    return true;
+  }
+  return !win32::TakesNewFile(win32::FolderOf(text));
+}
+
+// True if a moment later there may be another answer than this error.
+bool MayPass(DWORD error, const std::string& path) {
+  switch (error) {
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_DELETE_PENDING:
+    case ERROR_USER_MAPPED_FILE:
+      return true;
+    case ERROR_ACCESS_DENIED:
+      return !IsDeniedForGood(path);
+    default:
+      return false;
+  }
+}
+
+// Tries an operation on the file at `path` again while another program is in its
+// way, for half a second at most. `operation` returns false after SetLastError(),
+// and so does this.
+template <typename Operation>
+bool TryFor(const std::string& path, Operation operation) {
+  const ULONGLONG start = GetTickCount64();
+  std::optional<DWORD> passing;  // an error that was found to pass
+  while (!operation()) {
+    const DWORD error = GetLastError();
+    if (passing != error && MayPass(error, path)) {
+      passing = error;
+    }
+    if (passing != error || GetTickCount64() - start >= kPatience) {
+      SetLastError(error);
+      return false;
+    }
+    Sleep(kPause);
+  }
+  return true;
 }
 
 class WindowsFile final : public menufile::File {
@@ -63,7 +118,7 @@ class WindowsFile final : public menufile::File {
 
   void Truncate(std::uint64_t size) override {
     MoveTo(size, "write the file");
-    if (!SetEndOfFile(handle_)) {
+    if (!TryFor(path_, [this] { return SetEndOfFile(handle_) != FALSE; })) {
       Fail(path_, "write the file");
     }
     position_ = size;
@@ -139,18 +194,22 @@ std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path,
     SetLastError(ERROR_ACCESS_DENIED);
     Fail(path, "write the file");
   }
-  const HANDLE handle = CreateFileW(
-      win32::ToText(path).c_str(), GENERIC_READ | (reading ? 0 : GENERIC_WRITE),
-      FILE_SHARE_READ | (reading ? FILE_SHARE_WRITE | FILE_SHARE_DELETE : 0), nullptr,
-      mode == OpenMode::Create ? OPEN_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) {
+  HANDLE handle = INVALID_HANDLE_VALUE;
+  const auto open = [&] {
+    handle = CreateFileW(win32::ToText(path).c_str(), GENERIC_READ | (reading ? 0 : GENERIC_WRITE),
+                         FILE_SHARE_READ | (reading ? FILE_SHARE_WRITE | FILE_SHARE_DELETE : 0),
+                         nullptr, mode == OpenMode::Create ? OPEN_ALWAYS : OPEN_EXISTING,
+                         FILE_ATTRIBUTE_NORMAL, nullptr);
+    return handle != INVALID_HANDLE_VALUE;
+  };
+  if (!TryFor(path, open)) {
     Fail(path, reading ? "open the file" : "write the file");
   }
   return std::make_unique<WindowsFile>(path, handle);
 }
 
 void WindowsFileSystem::Remove(const std::string& path) {
-  if (!DeleteFileW(win32::ToText(path).c_str())) {
+  if (!TryFor(path, [&] { return DeleteFileW(win32::ToText(path).c_str()) != FALSE; })) {
     Fail(path, "delete the file");
   }
 }

@@ -1,0 +1,145 @@
+// Files that another program holds: for a moment, as an indexer or a virus scanner
+// does, or for long.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <thread>
+
+#include "menufile/failure.h"
+#include "tests/windows/list_test_base.h"
+#include "win32/handles.h"
+
+using menufile::OpenMode;
+using testing_menus::ItemLine;
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds kMoment{300};
+
+// Lets go of what it holds after a while, on a thread of its own.
+class Holder {
+ public:
+  Holder(std::function<void()> letGo, milliseconds time)
+      : thread_([letGo = std::move(letGo), time] {
+          std::this_thread::sleep_for(time);
+          letGo();
+        }) {}
+  ~Holder() { thread_.join(); }
+
+ private:
+  std::thread thread_;
+};
+
+milliseconds TimeOf(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now() - start);
+}
+
+HANDLE OpenToHold(const std::string& path, DWORD share, DWORD flags = 0) {
+  const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, share,
+                                  nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL | flags, nullptr);
+  EXPECT_NE(file, INVALID_HANDLE_VALUE) << path;
+  return file;
+}
+
+}  // namespace
+
+class BusyFilesTest : public ListTest {
+ public:
+  // Holds the file at path_ in a way of its own; what lets go of it.
+  using Hold = std::function<void()> (BusyFilesTest::*)();
+
+  std::function<void()> HoldForReaders() {
+    const HANDLE file = OpenToHold(path_, FILE_SHARE_READ);
+    return [file] { CloseHandle(file); };
+  }
+  std::function<void()> HoldAMapping() {
+    const HANDLE file = OpenToHold(path_, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+    const HANDLE mapping = CreateFileMappingA(file, nullptr, PAGE_READONLY, 0, 0, nullptr);
+    void* const view = MapViewOfFile(mapping, FILE_MAP_READ, 0, 0, 0);
+    EXPECT_NE(view, nullptr);
+    return [=] {
+      UnmapViewOfFile(view);
+      CloseHandle(mapping);
+      CloseHandle(file);
+    };
+  }
+  // It is deleted, but not gone until the last one closes it.
+  std::function<void()> HoldDeleted() {
+    const HANDLE file = OpenToHold(path_, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+    EXPECT_TRUE(DeleteFileA(path_.c_str()));
+    return [file] { CloseHandle(file); };
+  }
+
+  void OpenToChange() { windowsFiles.Open(path_, OpenMode::Change); }
+  void Create() { windowsFiles.Open(path_, OpenMode::Create); }
+  void Empty() { windowsFiles.Open(path_, OpenMode::Change)->Truncate(0); }
+  void Remove() { windowsFiles.Remove(path_); }
+
+ protected:
+  const std::string path_ = PathOf("file");
+};
+
+TEST_F(BusyFilesTest, AreTriedAgainForHalfASecond) {
+  const struct {
+    const char* name;
+    Hold hold;
+    void (BusyFilesTest::*work)();
+  } cases[] = {
+      {"opening", &BusyFilesTest::HoldForReaders, &BusyFilesTest::OpenToChange},
+      {"making", &BusyFilesTest::HoldForReaders, &BusyFilesTest::Create},
+      {"emptying", &BusyFilesTest::HoldAMapping, &BusyFilesTest::Empty},
+      {"deleting", &BusyFilesTest::HoldForReaders, &BusyFilesTest::Remove},
+      {"making one that is being deleted", &BusyFilesTest::HoldDeleted, &BusyFilesTest::Create},
+  };
+  for (const auto& [name, hold, work] : cases) {
+    SCOPED_TRACE(name);
+    WriteBytes(path_, "some bytes");
+    {
+      const Holder holder((this->*hold)(), kMoment);
+      EXPECT_NO_THROW((this->*work)());
+    }
+    WriteBytes(path_, "some bytes");
+    const std::function<void()> letGo = (this->*hold)();
+    const milliseconds time = TimeOf([&] { EXPECT_THROW((this->*work)(), menufile::Failure); });
+    EXPECT_GE(time, milliseconds(450));
+    EXPECT_LT(time, milliseconds(1500));
+    letGo();
+  }
+}
+
+// Waiting would not help: the file is read-only, it is a folder, or no file can
+// be made where it is to be.
+TEST_F(BusyFilesTest, AreNotWaitedForWhereAccessIsDeniedForGood) {
+  WriteBytes(PathOf("read-only"), "");
+  MakeReadOnly(PathOf("read-only"));
+  for (const std::string& path : {PathOf("read-only"), folder(), std::string("Z:\\proc\\none")}) {
+    const milliseconds time = TimeOf([&] {
+      EXPECT_THROW(windowsFiles.Open(path, OpenMode::Create), menufile::Failure) << path;
+      EXPECT_THROW(windowsFiles.Remove(path), menufile::Failure) << path;
+    });
+    EXPECT_LT(time, milliseconds(400)) << path;
+  }
+  MakeWritable(PathOf("read-only"));
+}
+
+TEST_F(BusyFilesTest, AChangeIsMadeWhileSomebodyHoldsAFileForAMoment) {
+  const std::string a = ItemLine("A", "news:a");
+  const std::string b = ItemLine("B", "news:b");
+  for (const char* name : {"test.menu", "temporaryfile"}) {
+    SCOPED_TRACE(name);
+    ASSERT_TRUE(OpenLines({a, b}));
+    SelectRow(0);
+    {
+      const HANDLE file = OpenToHold(PathOf(name), FILE_SHARE_READ);
+      const Holder holder([file] { CloseHandle(file); }, kMoment);
+      Press(IDC_FORM2_COMMAND8);
+    }
+    ExpectSettled({b, a});
+  }
+}
