@@ -43,7 +43,7 @@ class DropTest : public WizardTestBase {
     } else {
       EXPECT_EQ(Target()->Drop(data, 0, point, &effects.drop), S_OK);
     }
-    data->Release();
+    EXPECT_EQ(data->Release(), 0U) << "somebody still refers to the data";
     return effects;
   }
 
@@ -249,6 +249,8 @@ TEST_F(DropTest, ADiskThatGetsFullKeepsWholeLinesAlone) {
 
 TEST_F(DropTest, TheTargetGoesWithTheWindow) {
   ASSERT_TRUE(OpenLines({}));
+  DragFiles({"C:\\windows\\notepad.exe"});
+  Drag(DragData::Text(L"no file"));
   const HWND list = Control(IDC_FORM2_LIST1);
   IDropTarget* const target = Target();
   ASSERT_NE(target, nullptr);

@@ -40,12 +40,13 @@ BOOL CALLBACK FindWindowOf(HWND window, LPARAM data) {
 
 }  // namespace
 
-EditorProcess::EditorProcess(const std::string& arguments, const std::string& folder) {
-  std::string commandLine = "\"" + ProgramPath() + "\" " + arguments;
+EditorProcess::EditorProcess(const std::string& arguments, const std::string& folder,
+                             const std::string& name) {
+  std::string commandLine = (name.empty() ? "\"" + ProgramPath() + "\"" : name) + " " + arguments;
   STARTUPINFOA startup{};
   startup.cb = sizeof startup;
-  CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(),
-                 &startup, &process_);
+  CreateProcessA(ProgramPath().c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                 folder.c_str(), &startup, &process_);
 }
 
 EditorProcess::~EditorProcess() {

@@ -10,8 +10,10 @@
 class EditorProcess {
  public:
   // `arguments` stand on the command line as they are, behind the program's
-  // name. `folder` is the current directory of the program.
-  EditorProcess(const std::string& arguments, const std::string& folder);
+  // name. `folder` is the current directory of the program. The program's name
+  // is its path in double quotes, unless there is another one.
+  EditorProcess(const std::string& arguments, const std::string& folder,
+                const std::string& name = "");
   EditorProcess(const EditorProcess&) = delete;
   EditorProcess& operator=(const EditorProcess&) = delete;
   ~EditorProcess();

@@ -81,6 +81,16 @@ TEST_F(ProgramTest, WhateverStandsAroundThePathIsDropped) {
   }
 }
 
+// As a shell starts it that was given no more than that.
+TEST_F(ProgramTest, TheProgramsNameMayStandWithoutQuotes) {
+  WriteBytes(MenuPath(), menu);
+  for (const char* name :
+       {"CorvalisEdit.exe", "C:\\menus\\CorvalisEdit", "\"Corvalis Edit.exe\""}) {
+    const EditorProcess editor(" \t" + Quoted(), folder(), name);
+    EXPECT_EQ(EditorProcess::ClassOf(editor.WaitForWindow()), "Form2") << name;
+  }
+}
+
 TEST_F(ProgramTest, ARelativePathIsOneInTheCurrentDirectory) {
   WriteBytes(MenuPath(), menu);
   const EditorProcess editor("\"test.menu\"", folder());

@@ -127,3 +127,22 @@ TEST_F(SeparatorTest, DrawsTenThousandRowsOnceAndStaysWhereItWas) {
   EXPECT_EQ(Rows()[5000], kSeparatorRow);
   EXPECT_EQ(SendMessageA(list, LB_GETTOPINDEX, 0, 0), 4995);
 }
+
+TEST_F(SeparatorTest, ANoToConvertingEndsTheProgram) {
+  ASSERT_TRUE(OpenLines({kA}));
+  ShowWindow(form().window(), SW_SHOW);
+  const HWND window = form().window();
+  const std::string other = "no menu any more";
+  WriteBytes(MenuPath(), other);
+  MakeReadOnly(MenuPath());  // so that the separator is not written either
+  SelectRow(0);
+  answers.Answer({IDNO});
+  SendMessageA(Control(kSeparator), BM_CLICK, 0, 0);
+  MakeWritable(MenuPath());
+  ASSERT_EQ(answers.Shown().size(), 1U);
+  EXPECT_EQ(answers.Shown()[0].title, "Query?");
+  EXPECT_EQ(answers.Shown()[0].owner, window);
+  EXPECT_TRUE(TakeQuit());
+  EXPECT_FALSE(IsWindow(window));
+  EXPECT_EQ(MenuBytes(), other);
+}

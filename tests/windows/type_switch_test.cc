@@ -71,6 +71,18 @@ TEST_F(TypeSwitchTest, ToADirectoryPointerNotAfterANo) {
   EXPECT_EQ(form().items().Hidden(2).text, icon);
 }
 
+TEST_F(TypeSwitchTest, BothQuestionsBelongToTheWindow) {
+  answers.Answer({IDNO, IDNO});
+  for (const auto& [menu, button] : {std::pair{someEntries, IDC_FORM2_COMMAND13},
+                                     std::pair{DirectoryMenu(Line("C:\\")), IDC_FORM2_COMMAND14}}) {
+    ASSERT_TRUE(Open(menu));
+    ShowWindow(form().window(), SW_SHOW);
+    Press(button);
+    ASSERT_FALSE(answers.Shown().empty());
+    EXPECT_EQ(answers.Shown().back().owner, form().window());
+  }
+}
+
 TEST_F(TypeSwitchTest, OneEntryIsEnoughForTheQuestion) {
   answers.Answer({IDNO});
   ASSERT_TRUE(Open(UserDefinedMenu({kSeparatorLine})));

@@ -1,4 +1,9 @@
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <functional>
+#include <optional>
 
 #include "tests/windows/wizard_test_base.h"
 
@@ -199,6 +204,55 @@ TEST_F(WizardTest, EveryWayOutGivesTheEditorBackAndWritesNothing) {
   }
 }
 
+// Else Windows would activate some other program's window when the wizard goes.
+TEST_F(WizardTest, TheEditorIsEnabledBeforeTheWizardGoes) {
+  OpenAdd();
+  struct Seen {
+    HWND editor;
+    std::optional<bool> enabled;
+  } seen{form().window(), {}};
+  const auto watch = [](HWND window, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
+                        DWORD_PTR context) -> LRESULT {
+    if (message == WM_DESTROY) {
+      Seen& what = *reinterpret_cast<Seen*>(context);
+      what.enabled = IsWindowEnabled(what.editor) != FALSE;
+    }
+    return DefSubclassProc(window, message, wide, data);
+  };
+  SetWindowSubclass(Wizard(), watch, 1, reinterpret_cast<DWORD_PTR>(&seen));
+  PressWizard(kCancel);
+  EXPECT_EQ(seen.enabled, true);
+}
+
+// Its end would bring the editor there by itself only if it had been there.
+TEST_F(WizardTest, TheEditorComesToTheFrontThoughTheWizardWasNotThere) {
+  OpenAdd();
+  ExpectFront(Wizard());
+  SetForegroundWindow(GetDesktopWindow());
+  ExpectFront(GetDesktopWindow());
+  PressWizard(kCancel);
+  ExpectClosed();
+}
+
+TEST_F(WizardTest, CancelAfterAFinishThatFailedGivesTheEditorBack) {
+  for (const bool edits : {false, true}) {
+    if (edits) {
+      OpenEdit(0);
+    } else {
+      OpenAdd();
+    }
+    MakeReadOnly(MenuPath());
+    Finish("news:x", "X");
+    MakeWritable(MenuPath());
+    ExpectNamePage();
+    EXPECT_FALSE(IsWindowEnabled(form().window()));
+    PressWizard(kCancel);
+    ExpectClosed();
+    EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", kSeparatorRow}));
+  }
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
 TEST_F(WizardTest, EachOpeningStartsAnew) {
   OpenEdit(0);
   TypeWizard(kTarget, "news:edited");
@@ -267,6 +321,11 @@ TEST_F(WizardTest, EditOfASeparatorIsEmpty) {
     EXPECT_EQ(WizardText(box), "");
   }
   EXPECT_FALSE(IsWizardEnabled(kNext));
+  // A name is asked for as for any other entry.
+  TypeWizard(kTarget, "news:x");
+  PressWizard(kNext);
+  ExpectNamePage();
+  EXPECT_FALSE(IsWizardEnabled(kFinish));
 }
 
 TEST_F(WizardTest, EditWithoutASelectionDoesNothing) {
