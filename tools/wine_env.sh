@@ -16,7 +16,8 @@ fail() {
 use_wine_prefix() {
   export WINEPREFIX=$build_dir/wine/$1
   export WINEARCH=win64
-  export WINEDEBUG=-all
+  # CORVALIS_WINEDEBUG=+listbox, say, asks Wine for a channel of its traces.
+  export WINEDEBUG=${CORVALIS_WINEDEBUG:--all}
   # Neither Mono nor Gecko is wanted (Wine would offer to download them), and
   # no entries in the menus of the person's own desktop.
   export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe='
