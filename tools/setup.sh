@@ -2,13 +2,13 @@
 # Installs the Debian packages that a script needs and this machine lacks; asks
 # nobody and no network when none is missing:
 #
-#   tools/setup.sh run|test|bench
+#   tools/setup.sh run|test|bench|bare
 set -eu
 
 case ${1:-} in
-  run | test | bench) ;;
+  run | test | bench | bare) ;;
   *)
-    echo "usage: $0 run|test|bench" >&2
+    echo "usage: $0 run|test|bench|bare" >&2
     exit 2
     ;;
 esac
