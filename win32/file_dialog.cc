@@ -4,6 +4,7 @@
 
 #include <iterator>
 
+#include "win32/current_folder.h"
 #include "win32/dialog_library.h"
 
 namespace win32 {
@@ -21,6 +22,8 @@ std::optional<std::wstring> ChooseFile(HWND owner, const wchar_t* title, const w
   dialog.nMaxFile = static_cast<DWORD>(std::size(path));
   dialog.lpstrTitle = title;
   dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
+  // The flag alone does not hold: Windows says that this dialog takes no notice.
+  const CurrentFolderKept kept;
   if (!DialogFunction<decltype(GetOpenFileNameW)>("GetOpenFileNameW")(&dialog)) {
     return std::nullopt;
   }

@@ -191,6 +191,51 @@ TEST_F(WizardTargetTest, BrowseInAnotherFolderKeepsTheCurrentDirectory) {
   EXPECT_EQ(CurrentFolder(), before);
 }
 
+// The dialog makes the folder that the user enters the current one.
+TEST_F(WizardTargetTest, EnteringAFolderInBrowseKeepsTheCurrentDirectory) {
+  ASSERT_TRUE(CreateDirectoryA(PathOf("inside").c_str(), nullptr));
+  WriteBytes(PathOf("inside\\chosen.exe"), "");
+  for (const UINT button : {IDOK, IDCANCEL}) {
+    SCOPED_TRACE(button);
+    bool entered = false;
+    answers.OnDialog([&](HWND dialog) {
+      HWND name = GetDlgItem(dialog, 0x47C);
+      name = name != nullptr ? name : GetDlgItem(dialog, 0x480);
+      SetWindowTextA(name, PathOf("inside").c_str());
+      SendMessageA(dialog, WM_COMMAND, IDOK, 0);
+      entered = IsWindow(dialog) != FALSE;  // it stays open, on that folder
+      SetWindowTextA(name, "chosen.exe");
+      PostMessageA(dialog, WM_COMMAND, button, 0);
+    });
+    const std::string before = CurrentFolder();
+    PressWizard(kBrowse);
+    EXPECT_TRUE(entered);
+    EXPECT_EQ(WizardText(kTarget), button == IDOK ? PathOf("inside\\chosen.exe") : "");
+    EXPECT_EQ(CurrentFolder(), before);
+  }
+}
+
+TEST_F(WizardTargetTest, ABrowseDialogThatFailsChangesNothing) {
+  TypeWizard(kTarget, "C:\\windows\\notepad.exe");
+  const std::string before = CurrentFolder();
+  answers.OnDialog([](HWND dialog) {
+    // What the library of the dialogs says of its last call is asked for when this
+    // one has gone: the printing dialog fails without its record.
+    using PrintDialog = BOOL WINAPI(void*);
+    const auto print = reinterpret_cast<PrintDialog*>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("comdlg32.dll"), "PrintDlgA")));
+    EXPECT_FALSE(print(nullptr));
+    PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+  });
+  PressWizard(kBrowse);
+  ASSERT_NE(Wizard(), nullptr);
+  EXPECT_EQ(WizardText(kTarget), "C:\\windows\\notepad.exe");
+  EXPECT_TRUE(IsWizardEnabled(kNext));
+  EXPECT_TRUE(IsWindowEnabled(Wizard()));
+  EXPECT_EQ(CurrentFolder(), before);
+  EXPECT_TRUE(answers.Shown().empty());
+}
+
 TEST_F(WizardTargetTest, CancellingBrowseEmptiesTheBox) {
   TypeWizard(kTarget, "C:\\windows\\notepad.exe");
   answers.OnDialog([](HWND dialog) { PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0); });
