@@ -25,7 +25,6 @@ constexpr win32::Route<Form2> kRoutes[] = {
     {IDC_FORM2_LIST1, LBN_SELCHANGE, &Form2::List1Click},
     {IDC_FORM2_LIST1, LBN_DBLCLK, &Form2::Command3Click},
     {IDC_FORM2_LIST1, win32::kFilesDropped, &Form2::List1Drop},
-    {IDC_FORM2_LIST1, win32::kFilesRefused, &Form2::List1DropRefused},
     {IDC_FORM2_COMMAND2, BN_CLICKED, &Form2::Command2Click},
     {IDC_FORM2_COMMAND3, BN_CLICKED, &Form2::Command3Click},
     {IDC_FORM2_COMMAND7, BN_CLICKED, &Form2::Command7Click},
@@ -147,6 +146,17 @@ void Form2::RewriteList(menufile::RecordRule rule) {
 menufile::MenuAppender Form2::OpenToAppend() {
   FinishOwnChange();
   return {files_, MenuFilePath()};
+}
+
+std::optional<menufile::MenuItemRecord> Form2::ReadEntry(int row, std::string& bytes) {
+  try {
+    FinishOwnChange();
+    bytes = files_.Open(MenuFilePath(), menufile::OpenMode::Read)->ReadAll();
+    return menufile::ReadMenuItem(bytes, MenuFilePath(), static_cast<std::size_t>(row));
+  } catch (const menufile::Failure& failure) {
+    win32::ShowError(window(), win32::ToText(failure.what()));
+    return std::nullopt;
+  }
 }
 
 // The next change would take the cut file for the menu, and delete the scratch

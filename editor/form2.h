@@ -5,8 +5,10 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "editor/item_list.h"
 #include "menufile/append.h"
@@ -65,6 +67,10 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void RewriteList(menufile::RecordRule rule);
   menufile::MenuAppender OpenToAppend();
 
+  // The record of a row's entry as the menu file has it, borrowed from `bytes`.
+  // Nothing, after a message, when the file can no longer be read.
+  std::optional<menufile::MenuItemRecord> ReadEntry(int row, std::string& bytes);
+
   // Shows a window that this one has made, which is owned from here on.
   void ShowChild(std::unique_ptr<win32::Form> child);
   // The same, and disables this one while the child is open.
@@ -101,7 +107,6 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void Command2Click();  // Add
   void Command3Click();  // Edit
   void List1Drop();
-  void List1DropRefused();
 
   // icons/
   void ChangeItemIcon();              // Command11
@@ -126,6 +131,8 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   bool ConfirmUpgrade() override;
   void ShowAppearance(const menufile::AppearanceRecord& appearance) override;
   void AppendItem(std::size_t row, const menufile::MenuItemRecord& item) override;
+  // wizard/drop.cc
+  void AddDropped(const std::vector<std::string>& paths);
   // editor/directory_page.cc
   void ShowDirectoryPointer(const menufile::DirectoryPointerRecord& directory) override;
   void CreateDirectoryPage();

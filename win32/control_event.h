@@ -12,7 +12,6 @@ enum ControlEvent : UINT {
   kScrolled,              // a scroll bar control has moved, or scrolling it has ended
   kEnterPressed,          // in a list box made to report it (ReportEnter())
   kFilesDropped,          // on a control that accepts them (FileDrop)
-  kFilesRefused,          // some of those, for their names
 };
 
 // What carries one to the form: the control's id and a ControlEvent are the

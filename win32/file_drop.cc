@@ -15,19 +15,13 @@ namespace {
 
 FORMATETC FileListFormat() { return {CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL}; }
 
-DroppedFiles FilesIn(HDROP drop) {
-  DroppedFiles files;
+void AppendPathsIn(HDROP drop, std::vector<std::wstring>& paths) {
   const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
   for (UINT index = 0; index < count; ++index) {
     std::wstring path(DragQueryFileW(drop, index, nullptr, 0) + 1, L'\0');
     path.resize(DragQueryFileW(drop, index, path.data(), static_cast<UINT>(path.size())));
-    if (std::optional<std::string> bytes = PathToBytes(path)) {
-      files.paths.push_back(*std::move(bytes));
-    } else {
-      files.refused.push_back(std::move(path));
-    }
+    paths.push_back(std::move(path));
   }
-  return files;
 }
 
 }  // namespace
@@ -81,21 +75,15 @@ class FileDrop::Target final : public IDropTarget {
       return S_OK;
     }
     try {
-      owner_.files_ = FilesIn(static_cast<HDROP>(medium.hGlobal));
+      AppendPathsIn(static_cast<HDROP>(medium.hGlobal), owner_.paths_);
     } catch (const std::exception&) {  // must not reach OLE
-      owner_.files_ = {};
       *effect = DROPEFFECT_NONE;
     }
     ReleaseStgMedium(&medium);
     if (*effect == DROPEFFECT_MOVE) {
       *effect = DROPEFFECT_NONE;  // else the source would delete the files
     }
-    const HWND control = owner_.control_;
-    const bool someRefused = !owner_.files_.refused.empty();
-    Report(control, kFilesDropped);
-    if (someRefused) {
-      ReportLater(control, kFilesRefused);
-    }
+    ReportLater(owner_.control_, kFilesDropped);
     return S_OK;
   }
 
@@ -117,6 +105,18 @@ class FileDrop::Target final : public IDropTarget {
   ULONG references_ = 1;
   bool holdsFiles_ = false;
 };
+
+DroppedFiles FileDrop::Take() {
+  DroppedFiles files;
+  for (std::wstring& path : std::exchange(paths_, {})) {
+    if (std::optional<std::string> bytes = PathToBytes(path)) {
+      files.paths.push_back(*std::move(bytes));
+    } else {
+      files.refused.push_back(std::move(path));
+    }
+  }
+  return files;
+}
 
 void FileDrop::Attach(HWND control) {
   control_ = control;

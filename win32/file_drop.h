@@ -25,20 +25,20 @@ class FileDrop {
   FileDrop& operator=(const FileDrop&) = delete;
   ~FileDrop() { Detach(); }
 
-  // The control's form is told of a drop by kFilesDropped while the source
-  // still waits, and by kFilesRefused once it has gone on.
+  // The control's form is told of a drop by kFilesDropped, once the source has gone
+  // on: it waits for the end of the drop, and nobody could use it meanwhile.
   void Attach(HWND control);
   // Due before the control is destroyed.
   void Detach();
 
-  // Of the last drop.
-  const DroppedFiles& Files() const { return files_; }
+  // Hands over what was dropped since the last call.
+  DroppedFiles Take();
 
  private:
   class Target;
 
   HWND control_ = nullptr;
-  DroppedFiles files_;
+  std::vector<std::wstring> paths_;
 };
 
 }  // namespace win32

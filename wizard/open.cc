@@ -1,9 +1,9 @@
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
 #include "editor/form2.h"
-#include "menufile/loader.h"
 #include "wizard/form3.h"
 
 namespace editor {
@@ -15,14 +15,16 @@ void Form2::Command3Click() {
   if (row < 0) {
     return;
   }
+  std::string bytes;
+  const std::optional<menufile::MenuItemRecord> entry = ReadEntry(row, bytes);
+  if (!entry) {
+    return;
+  }
   auto child = std::make_unique<wizard::Form3>(*this);
   wizard::Form3& form3 = *child;
   ShowChild(std::move(child));
   form3.EditRow(row);
-  FinishOwnChange();
-  const std::string path = MenuFilePath();
-  const std::string bytes = files_.Open(path, menufile::OpenMode::Read)->ReadAll();
-  form3.Fill(menufile::ReadMenuItem(bytes, path, static_cast<std::size_t>(row)));
+  form3.Fill(*entry);
   EnableWindow(window(), FALSE);
 }
 

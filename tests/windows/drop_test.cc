@@ -1,3 +1,7 @@
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include "tests/windows/drag_data.h"
 #include "tests/windows/faulty_files.h"
 #include "tests/windows/wizard_test_base.h"
@@ -29,9 +33,16 @@ class DropTest : public WizardTestBase {
     return static_cast<IDropTarget*>(GetPropA(Control(IDC_FORM2_LIST1), "OleDropTargetInterface"));
   }
 
-  // What OLE does while the data is dragged over the list and dropped there.
-  // The data is released.
+  // What OLE does while the data is dragged over the list and dropped there, and
+  // what the program does once the source has gone on. The data is released.
   Effects Drag(DragData* data, DWORD allowed = kCopyMoveLink) {
+    const Effects effects = DragAlone(data, allowed);
+    RunMessages();
+    return effects;
+  }
+
+  // The first of these alone.
+  Effects DragAlone(DragData* data, DWORD allowed = kCopyMoveLink) {
     Effects effects{allowed, allowed, allowed};
     const POINTL point{};
     EXPECT_EQ(Target()->DragEnter(data, MK_LBUTTON, point, &effects.enter), S_OK);
@@ -48,11 +59,14 @@ class DropTest : public WizardTestBase {
   }
 
   Effects DragFiles(const std::vector<std::string>& paths, DWORD allowed = kCopyMoveLink) {
+    return Drag(FileData(paths), allowed);
+  }
+  static DragData* FileData(const std::vector<std::string>& paths) {
     std::vector<std::wstring> wide;
     for (const std::string& path : paths) {
       wide.push_back(Wide(path));
     }
-    return Drag(DragData::Files(wide), allowed);
+    return DragData::Files(wide);
   }
 
   static constexpr Effects kCopied{DROPEFFECT_COPY, DROPEFFECT_COPY, DROPEFFECT_COPY};
@@ -77,6 +91,20 @@ TEST_F(DropTest, AFileAndAFolderInTheirOrder) {
   Press(IDC_FORM2_COMMAND4);
   ExpectSettled(
       {kA, ItemLine("a folder", PathOf("a folder")), ItemLine("z file.txt", PathOf("z file.txt"))});
+}
+
+// The source waits for the end of the drop, so that only takes the list.
+TEST_F(DropTest, TheSourceDoesNotWaitForTheAdding) {
+  ASSERT_TRUE(OpenLines({kA}));
+  const std::string line = ItemLine("notepad.exe", "C:\\windows\\notepad.exe");
+  for (int drop = 0; drop < 2; ++drop) {
+    EXPECT_EQ(DragAlone(FileData({"C:\\windows\\notepad.exe"})), kCopied);
+    ExpectSettled({kA});
+    EXPECT_EQ(Rows().size(), 1U);
+  }
+  RunMessages();
+  ExpectSettled({kA, line, line});
+  EXPECT_EQ(Rows().size(), 3U);
 }
 
 // A drag from another process does not see through a window that passes the
@@ -158,7 +186,20 @@ TEST_F(DropTest, SeveralHundredFiles) {
     lines.push_back(ItemLine(name, PathOf(name)));
   }
   ASSERT_TRUE(OpenLines({kA}));
+  // The pointer while rows are added.
+  HCURSOR pointer = nullptr;
+  const auto watch = [](HWND window, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
+                        DWORD_PTR context) -> LRESULT {
+    if (message == LB_INSERTSTRING) {
+      *reinterpret_cast<HCURSOR*>(context) = GetCursor();
+    }
+    return DefSubclassProc(window, message, wide, data);
+  };
+  SetWindowSubclass(Control(IDC_FORM2_LIST1), watch, 1, reinterpret_cast<DWORD_PTR>(&pointer));
   EXPECT_EQ(DragFiles(paths), kCopied);
+  RemoveWindowSubclass(Control(IDC_FORM2_LIST1), watch, 1);
+  EXPECT_EQ(pointer, LoadCursorA(nullptr, MAKEINTRESOURCEA(32514)));  // the hourglass
+  EXPECT_NE(GetCursor(), pointer);
   ExpectSettled(lines);
   const std::vector<RowState> state = State();
   ASSERT_EQ(state.size(), 501U);
@@ -195,9 +236,6 @@ TEST_F(DropTest, WithoutAShortNameAMessageNamesTheFile) {
   WriteBytes(PathOf("behind"), "");
   ASSERT_TRUE(OpenLines({}));
   EXPECT_EQ(Drag(DragData::Files({Wide(PathOf("before")), path, Wide(PathOf("behind"))})), kCopied);
-  // The source has gone on before the message comes.
-  EXPECT_TRUE(answers.Shown().empty());
-  RunMessages();
   ASSERT_EQ(answers.Shown().size(), 1U);
   EXPECT_EQ(answers.Shown()[0].title, "Error!");
   EXPECT_EQ(answers.Shown()[0].text,
@@ -209,6 +247,24 @@ TEST_F(DropTest, WithoutAShortNameAMessageNamesTheFile) {
   EXPECT_EQ(Rows(), (std::vector<std::string>{"before", "behind"}));
 }
 
+TEST_F(DropTest, OneMessageNamesSeveralFiles) {
+  std::vector<std::wstring> paths;
+  std::string names;
+  for (int number = 0; number < 14; ++number) {
+    const std::string name = "\\" + std::to_string(number) + " ";
+    paths.push_back(Wide(PathOf("")) + Wide(name) + L"\x65e5.txt");
+    names += number < 12 ? "\n" + PathOf("") + name + "?.txt" : "";
+  }
+  ASSERT_TRUE(OpenLines({kA}));
+  Drag(DragData::Files(paths));
+  ASSERT_EQ(answers.Shown().size(), 1U);
+  EXPECT_EQ(answers.Shown()[0].text,
+            "These files cannot be added. Their names have characters that a menu file cannot "
+            "hold.\n" +
+                names + "\n2 more");
+  EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA}));
+}
+
 TEST_F(DropTest, NamesInTheCodePageStay) {
   const std::wstring path = Wide(PathOf("")) + L"caf\x00e9 \x20ac.txt";
   CloseHandle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
@@ -217,19 +273,22 @@ TEST_F(DropTest, NamesInTheCodePageStay) {
   ExpectSettled({ItemLine("caf\xE9 \x80.txt", PathOf("caf\xE9 \x80.txt"))});
 }
 
-TEST_F(DropTest, AFileThatCannotBeWrittenEndsTheProgramAndKeepsTheMenu) {
+TEST_F(DropTest, AMenuThatCannotBeWrittenIsNamedAndTheProgramGoesOn) {
   FaultyFiles faulty(windowsFiles);
   files = &faulty;
   ASSERT_TRUE(OpenLines({kA}));
   faulty.unwritable = {"test.menu"};
-  DragFiles({"C:\\windows\\notepad.exe"});
+  DragFiles({"C:\\windows\\notepad.exe", "C:\\windows\\regedit.exe"});
   ASSERT_EQ(answers.Shown().size(), 1U);
   EXPECT_EQ(answers.Shown()[0].title, "Error!");
   EXPECT_EQ(answers.Shown()[0].text,
             "Cannot write the file:\n" + MenuPath() + "\n\nAccess is denied.");
-  EXPECT_TRUE(TakeQuit());
+  EXPECT_FALSE(TakeQuit());
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA}));
   EXPECT_EQ(Rows(), std::vector<std::string>{"Alpha"});
+  faulty.unwritable.clear();
+  DragFiles({"C:\\windows\\notepad.exe"});
+  EXPECT_EQ(Rows().size(), 2U);
 }
 
 TEST_F(DropTest, ADiskThatGetsFullKeepsWholeLinesAlone) {
@@ -244,7 +303,7 @@ TEST_F(DropTest, ADiskThatGetsFullKeepsWholeLinesAlone) {
   EXPECT_EQ(answers.Shown().size(), 1U);
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA, ItemLine("one", PathOf("one"))}));
   EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", "one"}));
-  EXPECT_TRUE(TakeQuit());
+  EXPECT_FALSE(TakeQuit());
 }
 
 TEST_F(DropTest, TheTargetGoesWithTheWindow) {

@@ -174,22 +174,6 @@ TEST_F(Form4Test, CancelEscAndTheCloseBoxWriteNothing) {
   }
 }
 
-TEST_F(Form4Test, ReadingAMenuThatIsGoneOrCutShortEndsTheProgram) {
-  const std::string menu = Menu(Item(two, "1"));
-  ASSERT_TRUE(Open(menu));
-  WriteBytes(MenuPath(), menu.substr(0, menu.find("\"Item\"") + 20));
-  ChangeIcon(1);
-  ASSERT_EQ(answers.Shown().size(), 1U);
-  EXPECT_EQ(answers.Shown()[0].title, "Error!");
-  EXPECT_NE(answers.Shown()[0].text.find(MenuPath()), std::string::npos);
-  EXPECT_EQ(Form4(), nullptr);
-  EXPECT_EQ(ExitCode(), EXIT_FAILURE);
-  ASSERT_TRUE(DeleteFileA(MenuPath().c_str()));
-  ChangeIcon(1);
-  EXPECT_EQ(answers.Shown().size(), 2U);
-  EXPECT_EQ(ExitCode(), EXIT_FAILURE);
-}
-
 TEST_F(Form4Test, AThousandChoicesLeaveNoHandlesBehind) {
   OpenForItem(twelve, "0");
   const auto round = [&](int i) {

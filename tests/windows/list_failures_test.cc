@@ -229,25 +229,39 @@ TEST_F(ListFailuresTest, FinishWithTheMenuFileGoneMakesNone) {
   }
 }
 
-TEST_F(ListFailuresTest, EditWithTheMenuFileGoneEndsTheProgram) {
-  ASSERT_TRUE(OpenLines({kA}));
-  SelectRow(0);
-  DeleteFileA(MenuPath().c_str());
-  SendMessageA(Control(IDC_FORM2_COMMAND3), BM_CLICK, 0, 0);
-  ASSERT_EQ(answers.Shown().size(), 1U);
-  EXPECT_EQ(answers.Shown()[0].title, "Error!");
-  EXPECT_TRUE(answers.Shown()[0].text.starts_with("Cannot open the file:\n" + MenuPath()));
-  EXPECT_TRUE(TakeQuit());
-}
-
-TEST_F(ListFailuresTest, EditOfAnEntryThatTheFileLacksEndsTheProgram) {
-  ASSERT_TRUE(OpenLines({kA, kB}));
-  SelectRow(1);
-  WriteBytes(MenuPath(), testing_menus::UserDefinedMenu({kA}));
-  SendMessageA(Control(IDC_FORM2_COMMAND3), BM_CLICK, 0, 0);
-  ASSERT_EQ(answers.Shown().size(), 1U);
-  EXPECT_TRUE(answers.Shown()[0].text.starts_with("Cannot read entry 2, field caption"));
-  EXPECT_TRUE(TakeQuit());
+// Edit and Change Icon read the menu file first.
+TEST_F(ListFailuresTest, AnEntryThatCannotBeReadIsNamedAndTheProgramGoesOn) {
+  const std::function<void()> lacksTheEntry = [this] {
+    WriteBytes(MenuPath(), testing_menus::UserDefinedMenu({kA}));
+  };
+  const std::function<void()> isGone = [this] { DeleteFileA(MenuPath().c_str()); };
+  const std::pair<std::function<void()>, std::string> cases[] = {
+      {lacksTheEntry, "Cannot read entry 2, field caption"},
+      {isGone, "Cannot open the file:\n" + MenuPath()}};
+  for (const auto& [breakIt, message] : cases) {
+    for (const int button : {IDC_FORM2_COMMAND3, IDC_FORM2_COMMAND11}) {
+      SCOPED_TRACE(button);
+      ASSERT_TRUE(OpenLines({kA, kB}));
+      ShowWindow(form().window(), SW_SHOW);
+      const std::size_t shown = answers.Shown().size();
+      SelectRow(1);
+      breakIt();
+      Press(button);
+      ASSERT_EQ(answers.Shown().size(), shown + 1);
+      EXPECT_EQ(answers.Shown().back().title, "Error!");
+      EXPECT_TRUE(answers.Shown().back().text.starts_with(message));
+      EXPECT_NE(answers.Shown().back().text.find(MenuPath()), std::string::npos);
+      EXPECT_EQ(answers.Shown().back().owner, form().window());
+      EXPECT_EQ(GetWindow(form().window(), GW_ENABLEDPOPUP), nullptr) << "a child is open";
+      EXPECT_EQ(Wizard(), nullptr);
+      EXPECT_TRUE(IsWindowEnabled(form().window()));
+      EXPECT_FALSE(TakeQuit());
+      // The next time it is there again.
+      WriteBytes(MenuPath(), testing_menus::UserDefinedMenu({kA, kB}));
+      Press(button);
+      EXPECT_FALSE(IsWindowEnabled(form().window()));
+    }
+  }
 }
 
 // The disk gets full while the menu file itself is being written: the scratch

@@ -223,9 +223,11 @@ TEST_F(ListKeysTest, TheMenuIsGreyedAsTheSelectionHasIt) {
 }
 
 TEST_F(ListKeysTest, ARightClickSelectsItsRowAndACommandIsMade) {
+  Show({kA, IconLine("B", "C:\\windows"), kC});
+  OpenMenu(OnScreen(PointIn(1)));
+  EXPECT_EQ(SelectedRow(), 1);
+  EXPECT_FALSE(PreviewIsClear());
   Show({kA, kB, kC});
-  SelectRow(2);
-  const std::string preview = form().iconic1().BitmapFile();
   const OpenedMenu menu = OpenMenu(OnScreen(PointIn(1)), 3);
   EXPECT_EQ(SelectedRow(), 0);
   ExpectSettled({kB, kA, kC});
