@@ -1,12 +1,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "editor/form2.h"
 #include "menufile/failure.h"
 #include "resources/resource.h"
 #include "win32/message_box.h"
 #include "win32/text.h"
+#include "win32/wait_pointer.h"
 #include "win32/window_text.h"
 
 namespace editor {
@@ -55,23 +57,38 @@ void Form2::CreateDirectoryPage() {
   SendMessageW(Control(IDC_FORM2_TEXT8), EM_SETLIMITTEXT, 0, 0);
 }
 
-// Not at start-up: most menus are lists, and asking for drives and folders may
-// take longer than all the rest.
-void Form2::FillDirectoryPage() {
+void Form2::StartDirectoryPage() {
+  if (dir1_.Path().empty()) {
+    dir1_.Start();
+    win32::FillDriveList(Control(IDC_FORM2_DRIVE1));
+    ShowDrive(dir1_.Path());
+  }
+}
+
+bool Form2::ShowDrive(const std::wstring& path) {
   const HWND drive1 = Control(IDC_FORM2_DRIVE1);
-  dir1_.Start();
-  win32::FillDriveList(drive1);
-  win32::SelectDrive(drive1, dir1_.Path());
+  if (win32::IsOnServer(path)) {
+    SendMessageW(drive1, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+  } else {
+    win32::SelectDrive(drive1, path);
+  }
+  const std::wstring former = std::exchange(drive_, win32::SelectedDrive(drive1));
+  return drive_ != former;
 }
 
 void Form2::ShowDirectoryPointer(const DirectoryPointerRecord& directory) {
+  StartDirectoryPage();
   ShowContents(kDirectoryPage);
   const std::string folderPath = directory.folderPath.Text();
   const std::wstring path = win32::ToText(folderPath);
-  // Neither list moves for a folder that is not there.
-  if (dir1_.SetPath(path)) {
-    win32::SelectDrive(Control(IDC_FORM2_DRIVE1), path);
-    Dir1Change();
+  dir1_.AlwaysList(path);
+  // To a folder on a server the list follows the box, below.
+  if (!win32::IsOnServer(path)) {
+    const bool isOtherDrive = ShowDrive(path);
+    // For a folder that is not there, the lists go to its drive at least.
+    if (dir1_.SetPath(path) || (isOtherDrive && dir1_.SetPath(drive_))) {
+      Dir1Change();
+    }
   }
   // A box that shows the path already does not change: an empty one stays so.
   if (const HWND text7 = Control(IDC_FORM2_TEXT7); win32::WindowText(text7) != path) {
@@ -93,7 +110,9 @@ void Form2::ShowDirectoryPointer(const DirectoryPointerRecord& directory) {
 void Form2::Drive1DropDown() { win32::FillDriveList(Control(IDC_FORM2_DRIVE1)); }
 
 void Form2::Drive1Change() {
-  if (dir1_.SetPath(win32::SelectedDrive(Control(IDC_FORM2_DRIVE1)))) {
+  const std::wstring drive = win32::SelectedDrive(Control(IDC_FORM2_DRIVE1));
+  // One that was chosen already has not changed.
+  if (std::exchange(drive_, drive) != drive && dir1_.SetPath(drive)) {
     Dir1Change();
   }
 }
@@ -109,6 +128,10 @@ void Form2::Dir1KeyPress() {
 void Form2::Text7Change() {
   const HWND text7 = Control(IDC_FORM2_TEXT7);
   if (win32::WindowText(text7).ends_with(L'\\')) {
+    // While the user types, each key would have a server looked for.
+    if (GetFocus() != text7) {
+      FollowServerPath();
+    }
     return;
   }
   DWORD first = 0;
@@ -119,6 +142,20 @@ void Form2::Text7Change() {
   // This comes back here with nothing left to do.
   SendMessageW(text7, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"\\"));
   SendMessageW(text7, EM_SETSEL, first, static_cast<LPARAM>(last));
+}
+
+void Form2::Text7LostFocus() { FollowServerPath(); }
+
+void Form2::FollowServerPath() {
+  const std::wstring path = win32::WindowText(Control(IDC_FORM2_TEXT7));
+  const bool isThere = path == dir1_.Path() || path == dir1_.Path() + L"\\";
+  if (std::exchange(followedPath_, path) == path || isThere || !win32::IsOnServer(path)) {
+    return;
+  }
+  const win32::WaitPointer wait;
+  if (dir1_.SetPath(path)) {
+    ShowDrive(path);
+  }
 }
 
 bool Form2::RewriteSilently(const MenuChange& change) {

@@ -39,6 +39,7 @@ constexpr win32::Route<Form2> kRoutes[] = {
     {IDC_FORM2_DIR1, LBN_DBLCLK, &Form2::Dir1KeyPress},
     {IDC_FORM2_DIR1, win32::kEnterPressed, &Form2::Dir1KeyPress},
     {IDC_FORM2_TEXT7, EN_CHANGE, &Form2::Text7Change},
+    {IDC_FORM2_TEXT7, EN_KILLFOCUS, &Form2::Text7LostFocus},
     {IDC_FORM2_COMMAND15, BN_CLICKED, &Form2::Command15Click},
     {IDC_FORM2_COMMAND14, BN_CLICKED, &Form2::Command14Click},
 
@@ -105,6 +106,11 @@ bool Form2::Load() {
   }
   if (!LoadMenuFile()) {
     return false;
+  }
+  // A page that the menu has not filled shows where its lists begin.
+  if (contents_ != kDirectoryPage) {
+    StartDirectoryPage();
+    Dir1Change();
   }
   ShowIconAt();
   SelectTab(0);
@@ -209,9 +215,6 @@ void Form2::SelectTab(int tab) {
 }
 
 void Form2::ShowContents(Page page) {
-  if (page == kDirectoryPage && dir1_.Path().empty()) {
-    FillDirectoryPage();
-  }
   contents_ = page;
   SSTab1Change();
 }

@@ -93,6 +93,7 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void Dir1Change();
   void Dir1KeyPress();  // Enter, or a double-click
   void Text7Change();
+  void Text7LostFocus();
   void Command15Click();  // Save Changes
   void Command13Click();  // Change Menu Type, to a directory pointer
   void Command14Click();  // Change Menu Type, to a user-defined list
@@ -136,7 +137,14 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   // editor/directory_page.cc
   void ShowDirectoryPointer(const menufile::DirectoryPointerRecord& directory) override;
   void CreateDirectoryPage();
-  void FillDirectoryPage();
+  // Lets the lists of the page begin where they begin, unless they have.
+  void StartDirectoryPage();
+  // Shows the drive of a path in the drive list; none for a path on a server. False
+  // if that is the drive shown already, or if it is not there.
+  bool ShowDrive(const std::wstring& path);
+  // Lets the folder list go to the folder on a server that the path box names, if it
+  // names one.
+  void FollowServerPath();
   // False when the rewrite failed, of which nobody is told.
   bool RewriteSilently(const menufile::MenuChange& change);
   // Shows the other page of the tab "Contents", from which the user came here.
@@ -165,6 +173,8 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   win32::FileDrop list1Drop_;
   win32::PictureBox iconic1_;
   win32::FolderList dir1_;
+  std::wstring drive_;         // that the drive list shows
+  std::wstring followedPath_;  // the last one that FollowServerPath() saw
   // What the menu file has for the boxes of the directory page.
   win32::ShownBytes folderPath_;
   win32::ShownBytes filePattern_;

@@ -3,7 +3,6 @@
 #include <shellapi.h>
 
 #include <algorithm>
-#include <optional>
 
 #include "win32/layout.h"
 #include "win32/window_text.h"
@@ -11,13 +10,27 @@
 namespace win32 {
 namespace {
 
-constexpr std::size_t kRootLength = 3;  // "C:\"
-
 bool HasDrive(const std::wstring& path) {
   const auto isLetter = [](wchar_t c) {
     return (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
   };
   return path.size() >= 2 && isLetter(path[0]) && path[1] == L':';
+}
+
+// The length of the root that a path begins with, "C:\" or "\\server\share\"; it
+// may lack its last backslash. 0 for none.
+std::size_t RootLength(const std::wstring& path) {
+  if (HasDrive(path)) {
+    return 3;
+  }
+  if (!path.starts_with(L"\\\\") || path.starts_with(L"\\\\?") || path.starts_with(L"\\\\.")) {
+    return 0;
+  }
+  const std::size_t share = path.find(L'\\', 2) + 1;
+  if (share == 0 || share == 3 || share == path.size() || path[share] == L'\\') {
+    return 0;
+  }
+  return std::min(path.find(L'\\', share), path.size()) + 1;
 }
 
 wchar_t UpperCase(wchar_t letter) {
@@ -35,8 +48,12 @@ std::wstring FullPath(const std::wstring& path) {
       break;
     }
   }
-  while (full.size() > kRootLength && full.back() == L'\\') {
+  const std::size_t root = RootLength(full);
+  while (full.size() > root && full.back() == L'\\') {
     full.pop_back();
+  }
+  if (root > 0 && full.size() == root - 1) {
+    full += L'\\';
   }
   if (HasDrive(full)) {
     full[0] = UpperCase(full[0]);
@@ -58,27 +75,20 @@ bool ComesBefore(const std::wstring& a, const std::wstring& b) {
   return order == CSTR_EQUAL ? a < b : order == CSTR_LESS_THAN;
 }
 
-// The names of the folders in a folder, sorted; nothing when it cannot be read.
-std::optional<std::vector<std::wstring>> FoldersIn(const std::wstring& folder) {
-  WIN32_FIND_DATAW found{};
-  const HANDLE handle = FindFirstFileW(InFolder(folder, L"*").c_str(), &found);
-  if (handle == INVALID_HANDLE_VALUE) {
-    // A root, unlike other folders, may hold nothing at all.
-    if (GetLastError() == ERROR_FILE_NOT_FOUND) {
-      return std::vector<std::wstring>{};
-    }
-    return std::nullopt;
+bool IsFolder(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// True if `path` is `folder` or leads through it.
+bool LeadsThrough(const std::wstring& path, const std::wstring& folder) {
+  if (path.size() < folder.size() ||
+      (path.size() > folder.size() && path[folder.size()] != L'\\')) {
+    return false;
   }
-  const UniqueHandle<HANDLE, CloseSearch> search(handle);
-  std::vector<std::wstring> names;
-  do {
-    const std::wstring name = found.cFileName;
-    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && name != L"." && name != L"..") {
-      names.push_back(name);
-    }
-  } while (FindNextFileW(search.get(), &found));
-  std::sort(names.begin(), names.end(), ComesBefore);
-  return names;
+  const int length = static_cast<int>(folder.size());
+  return CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, path.c_str(), length, folder.c_str(),
+                        length) == CSTR_EQUAL;
 }
 
 // The shell's icon for folders in general: no folder is looked at.
@@ -129,35 +139,35 @@ bool SelectDrive(HWND combo, const std::wstring& path) {
   return true;
 }
 
+bool IsOnServer(const std::wstring& path) { return !HasDrive(path) && RootLength(path) > 0; }
+
 void FolderList::Attach(HWND list) {
   list_ = list;
   FitToFont();
 }
 
 void FolderList::Start() {
-  openFolder_ = FolderIcon(SHGFI_OPENICON);
-  closedFolder_ = FolderIcon(0);
   if (!SetPath(FullPath(L"."))) {
     wchar_t windows[MAX_PATH] = L"";
     GetWindowsDirectoryW(windows, MAX_PATH);
-    SetPath(std::wstring(windows).substr(0, kRootLength));
+    SetPath(std::wstring(windows).substr(0, RootLength(windows)));
   }
 }
 
 bool FolderList::SetPath(const std::wstring& path) {
-  if (!HasDrive(path)) {
+  if (RootLength(path) == 0) {
     return false;
   }
   std::wstring full = FullPath(path);
   // Not even with a drive in front is everything a folder on it: "C:\con" is
   // the console.
-  if (!HasDrive(full)) {
+  if (RootLength(full) == 0) {
     return false;
   }
   std::optional<std::vector<std::wstring>> names = FoldersIn(full);
   if (!names && path.size() == 2) {
     // The drive's current folder is gone; the drive may still be there.
-    full.resize(kRootLength);
+    full.resize(RootLength(full));
     names = FoldersIn(full);
   }
   if (!names) {
@@ -166,6 +176,38 @@ bool FolderList::SetPath(const std::wstring& path) {
   path_ = full;
   Show(*names);
   return true;
+}
+
+bool FolderList::IsLeftOut(const WIN32_FIND_DATAW& found, const std::wstring& folder) const {
+  constexpr DWORD kOfTheSystem = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+  return (found.dwFileAttributes & kOfTheSystem) == kOfTheSystem &&
+         !LeadsThrough(alwaysListed_, InFolder(folder, found.cFileName));
+}
+
+// The names of the folders in a folder, sorted; nothing when there is none.
+std::optional<std::vector<std::wstring>> FolderList::FoldersIn(const std::wstring& folder) const {
+  WIN32_FIND_DATAW found{};
+  const HANDLE handle = FindFirstFileW(InFolder(folder, L"*").c_str(), &found);
+  if (handle == INVALID_HANDLE_VALUE) {
+    const DWORD error = GetLastError();
+    // A root, unlike other folders, may hold nothing at all; and a folder is one
+    // even if it may not be listed.
+    if (error == ERROR_FILE_NOT_FOUND || (error == ERROR_ACCESS_DENIED && IsFolder(folder))) {
+      return std::vector<std::wstring>{};
+    }
+    return std::nullopt;
+  }
+  const UniqueHandle<HANDLE, CloseSearch> search(handle);
+  std::vector<std::wstring> names;
+  do {
+    const std::wstring name = found.cFileName;
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && name != L"." && name != L".." &&
+        !IsLeftOut(found, folder)) {
+      names.push_back(name);
+    }
+  } while (FindNextFileW(search.get(), &found));
+  std::sort(names.begin(), names.end(), ComesBefore);
+  return names;
 }
 
 bool FolderList::OpenSelected() {
@@ -181,9 +223,10 @@ std::wstring FolderList::PathOf(int row) const {
 }
 
 void FolderList::Show(const std::vector<std::wstring>& names) {
-  std::vector<std::wstring> rows{path_.substr(0, kRootLength)};
-  ends_ = {kRootLength};
-  for (std::size_t from = kRootLength; from < path_.size();) {
+  const std::size_t root = RootLength(path_);
+  std::vector<std::wstring> rows{path_.substr(0, root)};
+  ends_ = {root};
+  for (std::size_t from = root; from < path_.size();) {
     const std::size_t end = std::min(path_.find(L'\\', from), path_.size());
     rows.push_back(path_.substr(from, end - from));
     ends_.push_back(end);
@@ -234,7 +277,11 @@ void FolderList::FitToFont() {
   InvalidateRect(list_, nullptr, TRUE);
 }
 
-void FolderList::Draw(const DRAWITEMSTRUCT& item) const {
+void FolderList::Draw(const DRAWITEMSTRUCT& item) {
+  if (!openFolder_) {
+    openFolder_ = FolderIcon(SHGFI_OPENICON);
+    closedFolder_ = FolderIcon(0);
+  }
   const bool isSelected = (item.itemState & ODS_SELECTED) != 0;
   FillRect(item.hDC, &item.rcItem, GetSysColorBrush(isSelected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
   const int row = static_cast<int>(item.itemID);

@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "tests/windows/directory_test_base.h"
 
 using testing_menus::DirectoryMenu;
@@ -66,12 +68,12 @@ TEST_F(DirectoryPageTest, ADriveThatIsNotThereLeavesBothListsWhereTheyWere) {
   }
 }
 
-TEST_F(DirectoryPageTest, AnEmptyDriveIsNoFolder) {
+TEST_F(DirectoryPageTest, AnEmptyDriveIsShownThoughItHasNoFolder) {
   const EmptyDrive drive("Q:");
   ASSERT_TRUE(drive.made());
   ASSERT_TRUE(Open(DirectoryMenu(Line("Q:\\menus"))));
   EXPECT_EQ(Path(), "Q:\\menus\\");
-  EXPECT_EQ(Drive(), folder().substr(0, 2));
+  EXPECT_EQ(Drive(), "Q:");
   EXPECT_EQ(ListPath(), folder());
   EXPECT_TRUE(answers.Shown().empty());
 }
@@ -86,13 +88,43 @@ TEST_F(DirectoryPageTest, GoesToAFolderOnAnotherDrive) {
   EXPECT_EQ(Path(), inside + "\\");
 }
 
-TEST_F(DirectoryPageTest, AFolderThatIsNotOnAnotherDriveLeavesBothListsWhereTheyWere) {
+TEST_F(DirectoryPageTest, ForAFolderThatIsNotThereTheListsGoToItsDrive) {
   const std::string other = OtherDrive();
   ASSERT_NE(other, "") << "there is one drive only";
+  const CurrentFolderOfDrive current(other, FolderInRoot(other));
   ASSERT_TRUE(Open(DirectoryMenu(Line(other + "\\no such folder"))));
-  EXPECT_EQ(Drive(), folder().substr(0, 2));
-  EXPECT_EQ(ListPath(), folder());
+  EXPECT_EQ(Drive(), other);
+  EXPECT_EQ(ListPath(), FolderInRoot(other));
   EXPECT_EQ(Path(), other + "\\no such folder\\");
+}
+
+// Wine finds servers in a folder of its own.
+TEST_F(DirectoryPageTest, TheListFollowsAPathOnAServer) {
+  char prefix[MAX_PATH] = "";
+  ASSERT_NE(GetEnvironmentVariableA("WINEPREFIX", prefix, MAX_PATH), 0U);
+  const std::string servers = "Z:" + std::string(prefix) + "/dosdevices/unc";
+  std::error_code failed;
+  std::filesystem::create_directories(servers + "/server/share/one", failed);
+  ASSERT_TRUE(Open(DirectoryMenu(Line("\\\\server\\share\\one"))));
+  EXPECT_EQ(ListPath(), "\\\\server\\share\\one");
+  EXPECT_EQ(Path(), "\\\\server\\share\\one\\");
+  EXPECT_EQ(Drive(), "");
+  ChooseDrive(folder().substr(0, 2));
+  EXPECT_EQ(ListPath(), folder());
+  // Typed, it is followed when the box is left: not each key is a server to look for.
+  ShowWindow(form().window(), SW_SHOW);
+  SetFocus(Control(IDC_FORM2_TEXT7));
+  Type(IDC_FORM2_TEXT7, "\\\\server\\share");
+  EXPECT_EQ(ListPath(), folder());
+  SetFocus(Control(IDC_FORM2_TEXT8));
+  EXPECT_EQ(ListPath(), "\\\\server\\share\\");
+  EXPECT_EQ(Path(), "\\\\server\\share\\");
+  // Set by another program, it is followed at once.
+  Type(IDC_FORM2_TEXT7, "\\\\server\\share\\one");
+  EXPECT_EQ(ListPath(), "\\\\server\\share\\one");
+  Type(IDC_FORM2_TEXT7, "\\\\server\\share\\none");
+  EXPECT_EQ(ListPath(), "\\\\server\\share\\one");
+  std::filesystem::remove_all(servers, failed);
 }
 
 TEST_F(DirectoryPageTest, AnEmptyPathStaysEmpty) {
@@ -116,15 +148,19 @@ TEST_F(DirectoryPageTest, LongAndOddTextsAreShownAsTheyAre) {
   EXPECT_EQ(Pattern(), std::string(40000, 'y'));
 }
 
-TEST_F(DirectoryPageTest, StartsAtTheCurrentFolderWhenFirstShown) {
+TEST_F(DirectoryPageTest, StandsAtTheCurrentFolderBeforeItIsShown) {
+  Make("sub");
   ASSERT_TRUE(Open(UserDefinedMenu({})));
   EXPECT_FALSE(ShowsDirectoryPage());
-  EXPECT_EQ(Path(), "");
+  EXPECT_EQ(Drive(), folder().substr(0, 2));
+  EXPECT_EQ(ListPath(), folder());
+  EXPECT_GE(RowOf("sub"), 0);
+  EXPECT_EQ(Path(), folder() + "\\");
   Press(IDC_FORM2_COMMAND13);
   EXPECT_TRUE(ShowsDirectoryPage());
   EXPECT_EQ(Drive(), folder().substr(0, 2));
   EXPECT_EQ(ListPath(), folder());
-  EXPECT_EQ(Path(), "");
+  EXPECT_EQ(Path(), folder() + "\\");
   EXPECT_EQ(Pattern(), "");
   EXPECT_EQ(Checks(), "000");
 }
@@ -142,6 +178,16 @@ TEST_F(DirectoryPageTest, AnotherDriveShowsItsCurrentFolder) {
   EXPECT_EQ(ListPath(), folder());
   EXPECT_EQ(Path(), folder() + "\\");
   EXPECT_EQ(MenuBytes(), menu);
+}
+
+TEST_F(DirectoryPageTest, ChoosingTheDriveThatIsChosenChangesNothing) {
+  const std::string path = folder().substr(0, 3);
+  ASSERT_TRUE(Open(DirectoryMenu(Line(path))));
+  ASSERT_EQ(ListPath(), path);  // not the current folder of the drive
+  Type(IDC_FORM2_TEXT7, "K:\\typed");
+  ChooseDrive(folder().substr(0, 2));
+  EXPECT_EQ(ListPath(), path);
+  EXPECT_EQ(Path(), "K:\\typed\\");
 }
 
 TEST_F(DirectoryPageTest, AnEmptyDriveLeavesFolderAndPath) {

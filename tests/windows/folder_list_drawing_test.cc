@@ -6,7 +6,7 @@ class FolderListDrawingTest : public FolderListTest {};
 
 // One row as the list draws it.
 struct DrawnRow {
-  DrawnRow(const win32::FolderList& folders, HWND list, int row, UINT state) {
+  DrawnRow(win32::FolderList& folders, HWND list, int row, UINT state) {
     const win32::WindowDc screen(nullptr);
     const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
     const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), 400, 24));

@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "tests/windows/folder_list_test_base.h"
 
 namespace {
@@ -20,17 +22,98 @@ TEST_F(FolderListTest, StartsAtTheCurrentDirectory) {
   EXPECT_EQ(Selected(), static_cast<int>(RowsDownTo(folder()).size()) - 1);
 }
 
-TEST_F(FolderListTest, ShowsTheFoldersInsideSortedWhateverTheirAttributes) {
+TEST_F(FolderListTest, ShowsTheFoldersInsideSorted) {
   for (const char* name : {"b", "C", "a", "hidden", "system", "B2"}) {
     Make(name);
   }
   WriteBytes(PathOf("a file"), "x");
   SetFileAttributesA(PathOf("hidden").c_str(), FILE_ATTRIBUTE_HIDDEN);
-  SetFileAttributesA(PathOf("system").c_str(), FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN);
+  SetFileAttributesA(PathOf("system").c_str(), FILE_ATTRIBUTE_SYSTEM);
   ASSERT_TRUE(SetPath(folder()));
   EXPECT_EQ(RowsBelow(folder()), (Names{"a", "b", "B2", "C", "hidden", "system"}));
   EXPECT_EQ(ListRows()[static_cast<std::size_t>(Selected())],
             folder().substr(folder().rfind('\\') + 1));
+}
+
+TEST_F(FolderListTest, LeavesOutHiddenFoldersOfTheSystemButOnTheWayToOne) {
+  Make("a");
+  Make("bin");
+  Make("bin\\of mine");
+  Make("binary");
+  for (const char* name : {"bin", "binary", "bin\\of mine"}) {
+    constexpr DWORD kBoth = FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN;
+    SetFileAttributesA(PathOf(name).c_str(), kBoth);
+    ASSERT_EQ(GetFileAttributesA(PathOf(name).c_str()) & kBoth, kBoth);
+  }
+  ASSERT_TRUE(SetPath(folder()));
+  EXPECT_EQ(RowsBelow(folder()), Names{"a"});
+  for (const char* path : {"BIN", "bin\\", "Bin\\of mine\\none"}) {
+    folders.AlwaysList(win32::ToText(PathOf(path)));
+    ASSERT_TRUE(SetPath(folder()));
+    EXPECT_EQ(RowsBelow(folder()), (Names{"a", "bin"})) << path;
+  }
+  Select("bin");
+  ASSERT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(RowsBelow(PathOf("bin")), Names{"of mine"});
+  for (const char* name : {"bin", "binary", "bin\\of mine"}) {
+    SetFileAttributesA(PathOf(name).c_str(), FILE_ATTRIBUTE_NORMAL);
+  }
+}
+
+// Linux does not let anybody list this one.
+TEST_F(FolderListTest, AFolderThatMayNotBeListedIsEmpty) {
+  EXPECT_TRUE(SetPath("Z:\\proc\\1\\map_files"));
+  EXPECT_EQ(ListRows(), (Names{"Z:\\", "proc", "1", "map_files"}));
+}
+
+// Wine finds servers in a folder of its own.
+TEST_F(FolderListTest, GoesToAServer) {
+  char prefix[MAX_PATH] = "";
+  ASSERT_NE(GetEnvironmentVariableA("WINEPREFIX", prefix, MAX_PATH), 0U);
+  const std::string servers = "Z:" + std::string(prefix) + "/dosdevices/unc";
+  std::error_code failed;
+  ASSERT_TRUE(std::filesystem::create_directories(servers + "/server/share/one/two", failed));
+  for (const std::string& path :
+       {std::string("\\\\server\\share\\one"), std::string("\\\\server\\share\\one\\\\")}) {
+    ASSERT_TRUE(SetPath("C:\\"));
+    EXPECT_TRUE(SetPath(path)) << path;
+    EXPECT_EQ(Path(), "\\\\server\\share\\one");
+    EXPECT_EQ(ListRows(), (Names{"\\\\server\\share\\", "one", "two"}));
+    EXPECT_EQ(Selected(), 1);
+  }
+  for (const char* path : {"\\\\server\\share", "\\\\server\\share\\"}) {
+    EXPECT_TRUE(SetPath(path)) << path;
+    EXPECT_EQ(ListRows(), (Names{"\\\\server\\share\\", "one"}));
+  }
+  Select("one");
+  ASSERT_TRUE(folders.OpenSelected());
+  Select("two");
+  ASSERT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(Path(), "\\\\server\\share\\one\\two");
+  SendMessageA(list_, LB_SETCURSEL, 0, 0);
+  ASSERT_TRUE(folders.OpenSelected());
+  EXPECT_EQ(Path(), "\\\\server\\share\\");
+  for (const char* path :
+       {"\\\\server", "\\\\server\\", "\\\\server\\\\x", "\\\\", "\\\\?\\C:\\"}) {
+    EXPECT_FALSE(SetPath(path)) << path;
+  }
+  std::filesystem::remove_all(servers, failed);
+}
+
+TEST_F(FolderListTest, ScrollsToItsFolder) {
+  std::string deep = folder();
+  for (int depth = 0; depth < 12; ++depth) {
+    deep += "\\d";
+    ASSERT_TRUE(CreateDirectoryA(deep.c_str(), nullptr));
+  }
+  for (int number = 0; number < 30; ++number) {
+    ASSERT_TRUE(CreateDirectoryA((deep + "\\" + std::to_string(number)).c_str(), nullptr));
+  }
+  ASSERT_TRUE(SetPath(deep));
+  // With its parent above it, and the first of its folders below.
+  EXPECT_EQ(SendMessageA(list_, LB_GETTOPINDEX, 0, 0), Selected() - 1);
+  SetPath("C:\\");
+  EXPECT_EQ(SendMessageA(list_, LB_GETTOPINDEX, 0, 0), 0);
 }
 
 TEST_F(FolderListTest, ARootIsOneRowAndItsFolders) {

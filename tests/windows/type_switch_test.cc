@@ -125,7 +125,7 @@ TEST_F(TypeSwitchTest, ThePageShowsWhatItShowedBefore) {
   Press(IDC_FORM2_COMMAND13);
   EXPECT_EQ(Drive(), folder().substr(0, 2));
   EXPECT_EQ(ListPath(), folder());
-  EXPECT_EQ(Path(), "");
+  EXPECT_EQ(Path(), folder() + "\\");
   EXPECT_EQ(Pattern(), "");
   EXPECT_EQ(Checks(), "000");
   EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));

@@ -135,7 +135,7 @@ std::optional<PreparedChange> Changes::Prepare(ChangeKind kind, const KnownMenu&
     case ChangeKind::ToList:
       after.isDirectory = false;
       after.directory.clear();
-      // With an empty path, as after a switch, there would be no question.
+      // With an empty path, as a menu may have it, there would be no question.
       Type(form2_, IDC_FORM2_TEXT7, "C:\\");
       return PrepareSwitch(std::move(after), IDC_FORM2_COMMAND14);
   }
