@@ -51,4 +51,15 @@ std::string MenuFilePath(std::wstring_view arguments) {
                            L"code page cannot use.");
 }
 
+std::wstring HintAtQuotes(std::wstring_view arguments) {
+  const bool isQuoted = arguments.size() > 1 && arguments.find(L'"', 1) == arguments.size() - 1 &&
+                        arguments.front() == L'"';
+  // Without a path that is what the message says.
+  if (isQuoted || arguments.size() < 2) {
+    return {};
+  }
+  return L"\n\nThe path of the menu file has to stand in double quotes, with nothing after it, "
+         L"as in CorvalisEdit.exe \"C:\\menus\\tools.menu\".";
+}
+
 }  // namespace editor

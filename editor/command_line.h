@@ -17,6 +17,11 @@ std::wstring Arguments();
 // characters, and win32::TextFailure when there are no bytes for the path.
 std::string MenuFilePath(std::wstring_view arguments);
 
+// What to add to the message when there is no menu file at that path: that it has
+// to stand in double quotes, if `arguments` are anything but one text in them.
+// Else nothing.
+std::wstring HintAtQuotes(std::wstring_view arguments);
+
 }  // namespace editor
 
 #endif  // CORVALIS_EDITOR_COMMAND_LINE_H_

@@ -4,14 +4,34 @@
 #include <ole2.h>
 
 #include <exception>
+#include <string>
 
 #include "editor/command_line.h"
 #include "editor/form2.h"
 #include "editor/start_folder.h"
 #include "editor/windows_files.h"
+#include "menufile/failure.h"
+#include "win32/message_box.h"
 #include "win32/text.h"
 
+namespace {
+
+// Libraries that are loaded by name come from the system's folder, not from the
+// program's or from the current one, where anybody may have put one. Windows 7
+// has this function only with an update.
+void LoadLibrariesFromTheSystemOnly() {
+  constexpr DWORD kSystemFolder = 0x800;  // LOAD_LIBRARY_SEARCH_SYSTEM32
+  using SetDirectories = BOOL WINAPI(DWORD);
+  if (const auto setDirectories = reinterpret_cast<SetDirectories*>(reinterpret_cast<void*>(
+          GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories")))) {
+    setDirectories(kSystemFolder);
+  }
+}
+
+}  // namespace
+
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
+  LoadLibrariesFromTheSystemOnly();
   // A drive without a disk is an error to handle, not a box to click away.
   SetErrorMode(SEM_FAILCRITICALERRORS);
   OleInitialize(nullptr);
@@ -19,8 +39,9 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
   InitCommonControlsEx(&controls);
 
   int exitCode = EXIT_FAILURE;
+  const std::wstring arguments = editor::Arguments();
   try {
-    const std::string menuPath = editor::MenuFilePath(editor::Arguments());
+    const std::string menuPath = editor::MenuFilePath(arguments);
     editor::LeaveFolderThatTakesNoFile(win32::ToText(menuPath));
     editor::WindowsFileSystem files;
     editor::Form2 window(menuPath, files);
@@ -30,6 +51,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
     } else {
       exitCode = EXIT_SUCCESS;
     }
+  } catch (const menufile::Failure& failure) {
+    win32::ShowError(nullptr, win32::ToText(failure.what()) + editor::HintAtQuotes(arguments));
   } catch (const std::exception& failure) {
     win32::EndAfterFailure(nullptr, failure);
   }

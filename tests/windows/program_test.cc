@@ -141,6 +141,17 @@ TEST_F(ProgramTest, NoPath) {
   ExpectFailure("x", "path of a menu file");
 }
 
+TEST_F(ProgramTest, WithoutTheQuotesTheMessageAsksForThem) {
+  WriteBytes(MenuPath(), menu);
+  for (const std::string& arguments : {MenuPath(), Quoted() + " " + Quoted(), Quoted() + " x",
+                                       "x " + Quoted(), "\"" + MenuPath()}) {
+    ExpectFailure(arguments, "has to stand in double quotes");
+  }
+  // With them it is something else that is wrong.
+  const std::string message = ExpectFailure("\"" + PathOf("none") + "\"", PathOf("none"));
+  EXPECT_EQ(message.find("quotes"), std::string::npos);
+}
+
 TEST_F(ProgramTest, AnEmptyPath) { ExpectFailure("\"\"", "open"); }
 
 TEST_F(ProgramTest, AFileThatIsMissing) {
