@@ -147,7 +147,7 @@ class KillTest : public OutsideTest {
     counts_.cut += !isWhole;
     byKind_[what].cut += !isWhole;
     for (const char* name : {"temporaryfile", "zoltempfileoktodelete"}) {
-      if (GetFileAttributesA(PathOf(name).c_str()) != INVALID_FILE_ATTRIBUTES) {
+      if (Exists(PathOf(name))) {
         hasScratch = true;
         const std::string scratch = BytesOf(PathOf(name));
         isWhole =

@@ -144,9 +144,7 @@ TEST_F(ListOutsideTest, AMenuFileThatAnotherProcessHolds) {
   outside::Type(wizard, IDC_FORM3_TEXT1, "news:x");
   Next(wizard);
   outside::Type(wizard, IDC_FORM3_TEXT4, "X");
-  outside::Click(wizard, IDC_FORM3_COMMAND5);
-  // Nothing is to be seen of the failure, so there is nothing to wait for.
-  Sleep(500);
+  EXPECT_TRUE(outside::Press(wizard, IDC_FORM3_COMMAND5));
   EXPECT_EQ(program().Find("Form3"), wizard);
   EXPECT_EQ(program().Find("#32770"), nullptr);
   CloseHandle(lock);

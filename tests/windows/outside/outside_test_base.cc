@@ -144,7 +144,7 @@ void OutsideTest::ExpectCleanEnd() {
   ASSERT_TRUE(code.has_value()) << "the program goes on running";
   EXPECT_EQ(*code, 0U);
   for (const char* scratch : {"temporaryfile", "zoltempfileoktodelete"}) {
-    EXPECT_EQ(GetFileAttributesA(PathOf(scratch).c_str()), INVALID_FILE_ATTRIBUTES) << scratch;
+    EXPECT_FALSE(Exists(PathOf(scratch))) << scratch;
   }
 }
 

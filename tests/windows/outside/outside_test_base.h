@@ -65,6 +65,9 @@ class OutsideTest : public ::testing::Test {
   std::string PathOf(const std::string& name) const { return folder_ + "\\" + name; }
   std::string MenuPath() const { return PathOf("test.menu"); }
   std::string MenuBytes() const { return BytesOf(MenuPath()); }
+  static bool Exists(const std::string& path) {
+    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+  }
   static std::string BytesOf(const std::string& path);
   static void WriteBytes(const std::string& path, const std::string& bytes);
 

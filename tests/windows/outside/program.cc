@@ -11,12 +11,6 @@ constexpr const char* kDialogClass = "#32770";
 
 std::string EditorPath() { return BuildFolder() + "\\windows\\CorvalisEdit.exe"; }
 
-std::string ClassOf(HWND window) {
-  char name[64] = "";
-  GetClassNameA(window, name, sizeof name);
-  return name;
-}
-
 struct Search {
   DWORD process;
   std::string windowClass;  // empty: a window of the program, or a dialog box
@@ -60,8 +54,15 @@ bool WaitUntil(const std::function<bool()>& condition, DWORD milliseconds) {
   return true;
 }
 
-Program::Program(const std::string& menuPath, const std::string& folder) {
-  std::string commandLine = "\"" + EditorPath() + "\" \"" + menuPath + "\"";
+std::string ClassOf(HWND window) {
+  char name[64] = "";
+  GetClassNameA(window, name, sizeof name);
+  return name;
+}
+
+Program::Program(const CommandLine& line, const std::string& folder) {
+  std::string commandLine =
+      (line.name.empty() ? '"' + EditorPath() + '"' : line.name) + ' ' + line.arguments;
   STARTUPINFOA startup{};
   startup.cb = sizeof startup;
   CreateProcessA(EditorPath().c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,

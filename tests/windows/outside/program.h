@@ -17,11 +17,21 @@ inline constexpr DWORD kPatience = 20000;  // in milliseconds
 // Polls until the condition holds; false when it does not in time.
 bool WaitUntil(const std::function<bool()>& condition, DWORD milliseconds = kPatience);
 
+// What a start of the editor is asked for, as it stands: `name` is what the
+// command line calls the program, its path in quotes if nothing else.
+struct CommandLine {
+  std::string arguments;
+  std::string name = {};
+};
+
 // A running editor. It is ended with this object, if not before.
 class Program {
  public:
-  // Starts it on a menu file, with `folder` as its current directory.
-  Program(const std::string& menuPath, const std::string& folder);
+  // Starts it with `folder` as its current directory.
+  Program(const CommandLine& line, const std::string& folder);
+  // The same on a menu file.
+  Program(const std::string& menuPath, const std::string& folder)
+      : Program(CommandLine{'"' + menuPath + '"'}, folder) {}
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
@@ -48,6 +58,8 @@ class Program {
  private:
   PROCESS_INFORMATION process_{};
 };
+
+std::string ClassOf(HWND window);
 
 // Works on windows of other processes. Click() returns at once, so that what it
 // opens can be dealt with; the others return when the window has done it.

@@ -50,9 +50,8 @@ class StoryTest : public OutsideTest {
     Photograph(step);
   }
 
-  // After a moment for what is being drawn.
   void Photograph(const std::string& step) {
-    Sleep(300);
+    EXPECT_TRUE(outside::WaitUntilIdle(GetForegroundWindow()));
     ++steps_;
     const std::string number = (steps_ < 10 ? "0" : "") + std::to_string(steps_);
     EXPECT_TRUE(outside::TakeScreenshot("story/" + number + '_' + step)) << step;

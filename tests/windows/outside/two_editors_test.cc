@@ -35,10 +35,22 @@ struct Ready {
   std::function<void(KnownMenu&)> apply;  // what it makes of the menu file
 };
 
-DWORD WINAPI Press(void* button) {
+// A press of a button, and when the editor was at work because of it.
+struct Pressing {
+  HWND button = nullptr;
+  bool isDone = false;
+  LARGE_INTEGER from{};
+  LARGE_INTEGER to{};
+};
+
+DWORD WINAPI Press(void* data) {
+  Pressing& press = *static_cast<Pressing*>(data);
   DWORD_PTR result = 0;
-  return SendMessageTimeoutA(static_cast<HWND>(button), BM_CLICK, 0, 0, SMTO_NORMAL,
-                             outside::kPatience, &result) != 0;
+  QueryPerformanceCounter(&press.from);
+  press.isDone = SendMessageTimeoutA(press.button, BM_CLICK, 0, 0, SMTO_NORMAL, outside::kPatience,
+                                     &result) != 0;
+  QueryPerformanceCounter(&press.to);
+  return 0;
 }
 
 // Answers Yes to an editor that has seen the menu while the other one wrote it.
@@ -52,23 +64,28 @@ bool AnswerYes(const Editor& editor) {
   return true;
 }
 
-// Presses both at once, as nearly as can be; nothing when a program hangs, else
-// how often one of them asked.
-std::optional<int> PressBoth(const Editor (&editors)[2], HWND one, HWND other) {
-  const HANDLE threads[] = {CreateThread(nullptr, 0, Press, one, 0, nullptr),
-                            CreateThread(nullptr, 0, Press, other, 0, nullptr)};
-  int asked = 0;
+struct Pressed {
+  bool hangs = false;
+  int asked = 0;        // how often an editor asked something
+  bool atOnce = false;  // both were at work at one time
+};
+
+// Presses both at once, as nearly as can be.
+Pressed PressBoth(const Editor (&editors)[2], HWND one, HWND other) {
+  Pressing presses[] = {{one}, {other}};
+  const HANDLE threads[] = {CreateThread(nullptr, 0, Press, &presses[0], 0, nullptr),
+                            CreateThread(nullptr, 0, Press, &presses[1], 0, nullptr)};
+  Pressed pressed;
   while (WaitForMultipleObjects(2, threads, TRUE, 30) == WAIT_TIMEOUT) {
-    asked += AnswerYes(editors[0]) + AnswerYes(editors[1]);
+    pressed.asked += AnswerYes(editors[0]) + AnswerYes(editors[1]);
   }
-  bool pressed = true;
   for (const HANDLE thread : threads) {
-    DWORD result = 0;
-    GetExitCodeThread(thread, &result);
     CloseHandle(thread);
-    pressed = pressed && result != 0;
   }
-  return pressed ? std::optional(asked) : std::nullopt;
+  pressed.hangs = !presses[0].isDone || !presses[1].isDone;
+  pressed.atOnce = presses[0].from.QuadPart < presses[1].to.QuadPart &&
+                   presses[1].from.QuadPart < presses[0].to.QuadPart;
+  return pressed;
 }
 
 }  // namespace
@@ -159,7 +176,7 @@ class TwoEditorsTest : public FailingChangesTest {
 
   void ExpectNoScratchFile() {
     for (const char* name : {"temporaryfile", "zoltempfileoktodelete"}) {
-      EXPECT_EQ(GetFileAttributesA(PathOf(name).c_str()), INVALID_FILE_ATTRIBUTES) << name;
+      EXPECT_FALSE(Exists(PathOf(name))) << name;
     }
   }
 
@@ -194,9 +211,13 @@ TEST_F(TwoEditorsTest, OnTwoMenusInOneFolder) {
     Open(editors[i], path);
   }
   int failed = 0;
+  int atOnce = 0;
   for (int round = 0; round < kRounds && !HasFailure(); ++round) {
     const Ready ready[2] = {Prepare(editors[0]), Prepare(editors[1])};
-    ASSERT_EQ(PressBoth(editors, ready[0].button, ready[1].button), 0);
+    const Pressed pressed = PressBoth(editors, ready[0].button, ready[1].button);
+    ASSERT_FALSE(pressed.hangs);
+    ASSERT_EQ(pressed.asked, 0);
+    atOnce += pressed.atOnce;
     for (int i = 0; i < 2; ++i) {
       KnownMenu after = menus[i];
       ready[i].apply(after);
@@ -214,6 +235,7 @@ TEST_F(TwoEditorsTest, OnTwoMenusInOneFolder) {
   std::printf("Counted: %d of %d changes failed because of the other editor (--seed=%llu)\n",
               failed, 2 * kRounds, static_cast<unsigned long long>(outside::TestOptions().seed));
   EXPECT_LT(failed, kRounds + 1) << "one of the two can always write";
+  EXPECT_GT(atOnce, kRounds / 2) << "the editors kept out of each other's way";
   CloseBoth(editors[0], editors[1]);
 }
 
@@ -226,12 +248,14 @@ TEST_F(TwoEditorsTest, OnOneMenu) {
   }
   int failed = 0;
   int asked = 0;
+  int atOnce = 0;
   for (int round = 0; round < kRounds && !HasFailure(); ++round) {
     const Ready one = Prepare(editors[0]);
     const Ready other = Prepare(editors[1]);
-    const std::optional<int> questions = PressBoth(editors, one.button, other.button);
-    ASSERT_TRUE(questions.has_value());
-    asked += *questions;
+    const Pressed pressed = PressBoth(editors, one.button, other.button);
+    ASSERT_FALSE(pressed.hangs);
+    asked += pressed.asked;
+    atOnce += pressed.atOnce;
     const std::vector<KnownMenu> possible = After(menu, one, other);
     const std::string bytes = MenuBytes();
     // Exchanging two separators makes the same menu: the most that can have been
@@ -250,9 +274,9 @@ TEST_F(TwoEditorsTest, OnOneMenu) {
   }
   std::printf(
       "Counted: %d of %d changes failed because of the other editor, and %d times one asked "
-      "whether "
-      "to convert what the other one was writing (--seed=%llu)\n",
+      "whether to convert what the other one was writing (--seed=%llu)\n",
       failed, 2 * kRounds, asked, static_cast<unsigned long long>(outside::TestOptions().seed));
+  EXPECT_GT(atOnce, kRounds / 2) << "the editors kept out of each other's way";
   CloseBoth(editors[0], editors[1]);
 }
 

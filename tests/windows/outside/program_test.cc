@@ -1,6 +1,8 @@
-#include "tests/windows/editor_process.h"
-#include "tests/windows/form2_test_base.h"
+#include "tests/windows/outside/host.h"
+#include "tests/windows/outside/outside_test_base.h"
 
+using outside::CommandLine;
+using outside::Program;
 using testing_menus::DirectoryMenu;
 using testing_menus::ItemLine;
 using testing_menus::kAppearance;
@@ -10,27 +12,27 @@ using testing_menus::UserDefinedMenu;
 namespace {
 
 // The finished program: how it starts and how it ends.
-class ProgramTest : public Form2Test {
+class ProgramTest : public OutsideTest {
  protected:
   std::string Quoted() const { return "\"" + MenuPath() + "\""; }
 
   // Starts it with these arguments and expects one message box, with OK, that
   // names `name`, and an exit code that tells of a failure.
   std::string ExpectFailure(const std::string& arguments, const std::string& name) {
-    const EditorProcess editor(arguments, folder());
-    const HWND box = editor.WaitForWindow();
+    const Program editor(CommandLine{arguments}, folder());
+    const HWND box = editor.WaitForFirst();
     EXPECT_NE(box, nullptr);
     if (box == nullptr) {
       return {};
     }
-    EXPECT_EQ(EditorProcess::ClassOf(box), "#32770");
-    EXPECT_EQ(EditorProcess::TextOf(box), "Error!");
-    const std::string message = EditorProcess::MessageOf(box);
+    EXPECT_EQ(outside::ClassOf(box), "#32770");
+    EXPECT_EQ(outside::Text(box), "Error!");
+    const std::string message = outside::Text(box, outside::kMessageTextId);
     EXPECT_NE(message.find(name), std::string::npos) << message;
     EXPECT_NE(GetDlgItem(box, IDOK), nullptr);
     EXPECT_EQ(GetDlgItem(box, IDYES), nullptr);
     PostMessageA(box, WM_COMMAND, IDOK, 0);
-    EXPECT_EQ(editor.WaitForEnd(), 1U) << message;
+    EXPECT_EQ(editor.WaitForExit(), 1U) << message;
     EXPECT_FALSE(Exists(PathOf("temporaryfile")));
     EXPECT_FALSE(Exists(PathOf("zoltempfileoktodelete")));
     return message;
@@ -44,22 +46,22 @@ TEST_F(ProgramTest, ShowsTheMenuAndEndsWithItsWindow) {
   const std::pair<UINT, WPARAM> ways[] = {
       {WM_COMMAND, IDC_FORM2_COMMAND5}, {WM_CLOSE, 0}, {WM_SYSCOMMAND, SC_CLOSE}};
   for (const auto& [message, parameter] : ways) {
-    const EditorProcess editor(Quoted(), folder());
-    const HWND window = editor.WaitForWindow();
+    const Program editor(CommandLine{Quoted()}, folder());
+    const HWND window = editor.WaitForFirst();
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(EditorProcess::ClassOf(window), "Form2");
-    EXPECT_EQ(EditorProcess::TextOf(window), "Corvalis Edit");
+    EXPECT_EQ(outside::ClassOf(window), "Form2");
+    EXPECT_EQ(outside::Text(window), "Corvalis Edit");
     EXPECT_EQ(SendMessageA(GetDlgItem(window, IDC_FORM2_LIST1), LB_GETCOUNT, 0, 0), 1);
     PostMessageA(window, message, parameter, 0);
-    EXPECT_EQ(editor.WaitForEnd(), 0U) << message;
+    EXPECT_EQ(editor.WaitForExit(), 0U) << message;
   }
   EXPECT_EQ(MenuBytes(), menu);
 }
 
 TEST_F(ProgramTest, EscapeDoesNotEndIt) {
   WriteBytes(MenuPath(), menu);
-  const EditorProcess editor(Quoted(), folder());
-  const HWND window = editor.WaitForWindow();
+  const Program editor(CommandLine{Quoted()}, folder());
+  const HWND window = editor.WaitForFirst();
   ASSERT_NE(window, nullptr);
   const HWND list = GetDlgItem(window, IDC_FORM2_LIST1);
   PostMessageA(list, WM_KEYDOWN, VK_ESCAPE, 1);
@@ -68,16 +70,16 @@ TEST_F(ProgramTest, EscapeDoesNotEndIt) {
   EXPECT_EQ(SendMessageA(list, LB_GETCOUNT, 0, 0), 1);
   EXPECT_TRUE(IsWindowVisible(window));
   PostMessageA(window, WM_CLOSE, 0, 0);
-  EXPECT_EQ(editor.WaitForEnd(), 0U);
+  EXPECT_EQ(editor.WaitForExit(), 0U);
 }
 
 TEST_F(ProgramTest, WhateverStandsAroundThePathIsDropped) {
   WriteBytes(MenuPath(), menu);
   for (const char* around : {"\"\"", "''", "xy"}) {
-    const EditorProcess editor(around[0] + MenuPath() + around[1] + "  ", folder());
-    const HWND window = editor.WaitForWindow();
+    const Program editor(CommandLine{around[0] + MenuPath() + around[1] + "  "}, folder());
+    const HWND window = editor.WaitForFirst();
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(EditorProcess::ClassOf(window), "Form2") << around;
+    EXPECT_EQ(outside::ClassOf(window), "Form2") << around;
   }
 }
 
@@ -86,53 +88,48 @@ TEST_F(ProgramTest, TheProgramsNameMayStandWithoutQuotes) {
   WriteBytes(MenuPath(), menu);
   for (const char* name :
        {"CorvalisEdit.exe", "C:\\menus\\CorvalisEdit", "\"Corvalis Edit.exe\""}) {
-    const EditorProcess editor(" \t" + Quoted(), folder(), name);
-    EXPECT_EQ(EditorProcess::ClassOf(editor.WaitForWindow()), "Form2") << name;
+    const Program editor(CommandLine{" \t" + Quoted(), name}, folder());
+    EXPECT_EQ(outside::ClassOf(editor.WaitForFirst()), "Form2") << name;
   }
 }
 
 TEST_F(ProgramTest, ARelativePathIsOneInTheCurrentDirectory) {
   WriteBytes(MenuPath(), menu);
-  const EditorProcess editor("\"test.menu\"", folder());
-  EXPECT_EQ(EditorProcess::ClassOf(editor.WaitForWindow()), "Form2");
+  const Program editor(CommandLine{"\"test.menu\""}, folder());
+  EXPECT_EQ(outside::ClassOf(editor.WaitForFirst()), "Form2");
 }
 
 TEST_F(ProgramTest, ADirectoryPointerShowsItsPageAtOnce) {
   WriteBytes(MenuPath(), DirectoryMenu("\"C:\\windows\\\",\"*.*\",1,0,0\r\n"));
-  const EditorProcess editor(Quoted(), folder());
-  const HWND window = editor.WaitForWindow();
+  const Program editor(CommandLine{Quoted()}, folder());
+  const HWND window = editor.WaitForFirst();
   ASSERT_NE(window, nullptr);
   EXPECT_TRUE(IsWindowVisible(GetDlgItem(window, IDC_FORM2_FRAME4)));
   EXPECT_FALSE(IsWindowVisible(GetDlgItem(window, IDC_FORM2_FRAME3)));
-  EXPECT_EQ(EditorProcess::TextOf(GetDlgItem(window, IDC_FORM2_TEXT7)), "C:\\windows\\");
+  EXPECT_EQ(outside::Text(GetDlgItem(window, IDC_FORM2_TEXT7)), "C:\\windows\\");
 }
 
 TEST_F(ProgramTest, ANoToTheConversionEndsItWell) {
   const std::string old = "0,\"Tahoma\",8.25,0,0\r\n";
   WriteBytes(MenuPath(), old);
-  const EditorProcess editor(Quoted(), folder());
-  const HWND box = editor.WaitForWindow();
+  const Program editor(CommandLine{Quoted()}, folder());
+  const HWND box = editor.WaitForFirst();
   ASSERT_NE(box, nullptr);
-  EXPECT_EQ(EditorProcess::TextOf(box), "Query?");
+  EXPECT_EQ(outside::Text(box), "Query?");
   PostMessageA(box, WM_COMMAND, IDNO, 0);
-  EXPECT_EQ(editor.WaitForEnd(), 0U);
+  EXPECT_EQ(editor.WaitForExit(), 0U);
   EXPECT_EQ(MenuBytes(), old);
 }
 
 TEST_F(ProgramTest, AYesConvertsAndGoesOn) {
   const std::string old = "0,\"Tahoma\",8.25,0,0\r\n" + ItemLine("One", "C:\\one.exe");
   WriteBytes(MenuPath(), old);
-  const EditorProcess editor(Quoted(), folder());
-  const HWND box = editor.WaitForWindow();
+  const Program editor(CommandLine{Quoted()}, folder());
+  const HWND box = editor.WaitForFirst();
   ASSERT_NE(box, nullptr);
   PostMessageA(box, WM_COMMAND, IDYES, 0);
-  HWND window = box;
-  for (int tries = 0; tries < 500 && (window == box || window == nullptr); ++tries) {
-    Sleep(20);
-    window = editor.WaitForWindow();
-  }
-  EXPECT_EQ(EditorProcess::ClassOf(window), "Form2");
-  EXPECT_EQ(MenuBytes(), ReadBytes(CORVALIS_PROJECT_FOLDER "/resources/default_menu.ico") +
+  EXPECT_NE(editor.WaitFor("Form2"), nullptr);
+  EXPECT_EQ(MenuBytes(), BytesOf(outside::BuildFolder() + "\\..\\resources\\default_menu.ico") +
                              "\r\n<START ZOL>\r\n\"USERDEF\"\r\n" + old);
 }
 
