@@ -2,12 +2,8 @@
 
 #include <windows.h>
 
-#include "tests/windows/editor_process.h"
 #include "tests/windows/list_test_base.h"
 #include "win32/current_folder.h"
-
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
 
 namespace {
 
@@ -60,18 +56,4 @@ TEST_F(StartFolderTest, IsLeftOnlyWhereItTakesNoFile) {
   WIN32_FIND_DATAA found{};
   const HANDLE search = FindFirstFileA(PathOf("*.tmp").c_str(), &found);
   EXPECT_EQ(search, INVALID_HANDLE_VALUE) << found.cFileName;
-}
-
-TEST_F(StartFolderTest, TheFinishedProgramChangesItsMenuFromThere) {
-  const std::string a = ItemLine("A", "news:a");
-  const std::string b = ItemLine("B", "news:b");
-  WriteBytes(MenuPath(), UserDefinedMenu({a, b}));
-  const EditorProcess editor("\"" + MenuPath() + "\"", kTakesNoFile);
-  const HWND window = editor.WaitForWindow();
-  ASSERT_EQ(EditorProcess::ClassOf(window), "Form2");
-  const HWND list = GetDlgItem(window, IDC_FORM2_LIST1);
-  SendMessageA(list, LB_SETCURSEL, 0, 0);
-  SendMessageA(GetDlgItem(window, IDC_FORM2_COMMAND8), BM_CLICK, 0, 0);
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({b, a}));
-  ExpectNoScratchFiles();
 }

@@ -99,6 +99,21 @@ TEST_F(ProgramTest, ARelativePathIsOneInTheCurrentDirectory) {
   EXPECT_EQ(outside::ClassOf(editor.WaitForFirst()), "Form2");
 }
 
+// As from a shortcut that has a folder of the system's under "Start in".
+TEST_F(ProgramTest, ChangesItsMenuFromAFolderThatTakesNoFile) {
+  const std::string a = ItemLine("A", "news:a");
+  const std::string b = ItemLine("B", "news:b");
+  WriteBytes(MenuPath(), UserDefinedMenu({a, b}));
+  // The folder in which Linux shows its processes takes none, whoever the user is.
+  const Program editor(MenuPath(), "Z:\\proc");
+  const HWND window = editor.WaitForFirst();
+  ASSERT_EQ(outside::ClassOf(window), "Form2");
+  outside::SelectRow(GetDlgItem(window, IDC_FORM2_LIST1), 0);
+  EXPECT_TRUE(outside::Press(window, IDC_FORM2_COMMAND8));
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({b, a}));
+  EXPECT_FALSE(Exists(PathOf("temporaryfile")));
+}
+
 TEST_F(ProgramTest, ADirectoryPointerShowsItsPageAtOnce) {
   WriteBytes(MenuPath(), DirectoryMenu("\"C:\\windows\\\",\"*.*\",1,0,0\r\n"));
   const Program editor(CommandLine{Quoted()}, folder());
