@@ -63,10 +63,10 @@ bool MayPass(DWORD error, const std::string& path) {
 }
 
 // Tries an operation on the file at `path` again while another program is in its
-// way, for half a second at most. `operation` returns false after SetLastError(),
-// and so does this.
-template <typename Operation>
-bool TryFor(const std::string& path, Operation operation) {
+// way and `mayGoOn` says so, for half a second at most. `operation` returns false
+// after SetLastError(), and so does this.
+template <typename Operation, typename Condition>
+bool TryWhile(const std::string& path, Operation operation, Condition mayGoOn) {
   const ULONGLONG start = GetTickCount64();
   std::optional<DWORD> passing;  // an error that was found to pass
   while (!operation()) {
@@ -74,13 +74,29 @@ bool TryFor(const std::string& path, Operation operation) {
     if (passing != error && MayPass(error, path)) {
       passing = error;
     }
-    if (passing != error || GetTickCount64() - start >= kPatience) {
+    const bool isTimeLeft = GetTickCount64() - start < kPatience;
+    if (passing == error && isTimeLeft) {
+      Sleep(kPause);
+    }
+    if (passing != error || !isTimeLeft || !mayGoOn(error)) {
       SetLastError(error);
       return false;
     }
-    Sleep(kPause);
   }
   return true;
+}
+
+template <typename Operation>
+bool TryFor(const std::string& path, Operation operation) {
+  return TryWhile(path, operation, [](DWORD) { return true; });
+}
+
+// When a file was last written, and its size; zeros for none.
+std::array<DWORD, 4> LastWriteTo(const std::string& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  GetFileAttributesExW(win32::ToText(path).c_str(), GetFileExInfoStandard, &data);
+  return {data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime,
+          data.nFileSizeHigh, data.nFileSizeLow};
 }
 
 class WindowsFile final : public menufile::File {
@@ -202,14 +218,23 @@ std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path,
                          FILE_ATTRIBUTE_NORMAL, nullptr);
     return handle != INVALID_HANDLE_VALUE;
   };
-  if (!TryFor(path, open)) {
+  // Who holds a file that is to be made is another editor, with its scratch file.
+  // Afterwards that would be opened with what the other one left in it.
+  const auto mayGoOn = [mode](DWORD error) {
+    return mode != OpenMode::Create || error != ERROR_SHARING_VIOLATION;
+  };
+  if (!TryWhile(path, open, mayGoOn)) {
     Fail(path, reading ? "open the file" : "write the file");
   }
   return std::make_unique<WindowsFile>(path, handle);
 }
 
 void WindowsFileSystem::Remove(const std::string& path) {
-  if (!TryFor(path, [&] { return DeleteFileW(win32::ToText(path).c_str()) != FALSE; })) {
+  // Another editor that writes the file meanwhile makes it its own: it may end up as
+  // the only copy of a menu.
+  const auto before = LastWriteTo(path);
+  const auto remove = [&] { return DeleteFileW(win32::ToText(path).c_str()) != FALSE; };
+  if (!TryWhile(path, remove, [&](DWORD) { return LastWriteTo(path) == before; })) {
     Fail(path, "delete the file");
   }
 }

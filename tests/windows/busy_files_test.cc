@@ -69,11 +69,17 @@ class BusyFilesTest : public ListTest {
       CloseHandle(file);
     };
   }
-  // It is deleted, but not gone until the last one closes it.
-  std::function<void()> HoldDeleted() {
-    const HANDLE file = OpenToHold(path_, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
-    EXPECT_TRUE(DeleteFileA(path_.c_str()));
-    return [file] { CloseHandle(file); };
+  // Access is denied then, as to a file that is being deleted.
+  std::function<void()> HoldAnImage() {
+    EXPECT_TRUE(CopyFileA(ThisProgram().c_str(), path_.c_str(), FALSE));
+    const HANDLE file =
+        CreateFileA(path_.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, 0, nullptr);
+    const HANDLE mapping =
+        CreateFileMappingA(file, nullptr, PAGE_READONLY | SEC_IMAGE, 0, 0, nullptr);
+    EXPECT_NE(mapping, nullptr);
+    CloseHandle(file);
+    return [mapping] { CloseHandle(mapping); };
   }
 
   void OpenToChange() { windowsFiles.Open(path_, OpenMode::Change); }
@@ -92,10 +98,9 @@ TEST_F(BusyFilesTest, AreTriedAgainForHalfASecond) {
     void (BusyFilesTest::*work)();
   } cases[] = {
       {"opening", &BusyFilesTest::HoldForReaders, &BusyFilesTest::OpenToChange},
-      {"making", &BusyFilesTest::HoldForReaders, &BusyFilesTest::Create},
       {"emptying", &BusyFilesTest::HoldAMapping, &BusyFilesTest::Empty},
       {"deleting", &BusyFilesTest::HoldForReaders, &BusyFilesTest::Remove},
-      {"making one that is being deleted", &BusyFilesTest::HoldDeleted, &BusyFilesTest::Create},
+      {"deleting what access is denied to", &BusyFilesTest::HoldAnImage, &BusyFilesTest::Remove},
   };
   for (const auto& [name, hold, work] : cases) {
     SCOPED_TRACE(name);
@@ -111,6 +116,27 @@ TEST_F(BusyFilesTest, AreTriedAgainForHalfASecond) {
     EXPECT_LT(time, milliseconds(1500));
     letGo();
   }
+}
+
+// Another editor holds its scratch file: what it leaves there is not to be written
+// over, nor deleted.
+TEST_F(BusyFilesTest, AreLeftToTheOneWhoWritesThem) {
+  WriteBytes(path_, "some bytes");
+  const std::function<void()> letGo = HoldForReaders();
+  EXPECT_LT(TimeOf([&] { EXPECT_THROW(Create(), menufile::Failure); }), milliseconds(400));
+  letGo();
+  const HANDLE file = OpenToHold(path_, FILE_SHARE_READ);
+  {
+    const Holder holder(
+        [file] {
+          DWORD written = 0;
+          WriteFile(file, "other bytes", 11, &written, nullptr);
+          CloseHandle(file);
+        },
+        milliseconds(100));
+    EXPECT_THROW(Remove(), menufile::Failure);
+  }
+  EXPECT_EQ(ReadBytes(path_), "other bytes");
 }
 
 // Waiting would not help: the file is read-only, it is a folder, or no file can

@@ -204,6 +204,8 @@ TEST_F(WizardTargetTest, EnteringAFolderInBrowseKeepsTheCurrentDirectory) {
       SetWindowTextA(name, PathOf("inside").c_str());
       SendMessageA(dialog, WM_COMMAND, IDOK, 0);
       entered = IsWindow(dialog) != FALSE;  // it stays open, on that folder
+      // As the dialog of Windows does, whatever its flags; Wine's obeys them.
+      SetCurrentDirectoryA(PathOf("inside").c_str());
       SetWindowTextA(name, "chosen.exe");
       PostMessageA(dialog, WM_COMMAND, button, 0);
     });
@@ -225,6 +227,7 @@ TEST_F(WizardTargetTest, ABrowseDialogThatFailsChangesNothing) {
     const auto print = reinterpret_cast<PrintDialog*>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("comdlg32.dll"), "PrintDlgA")));
     EXPECT_FALSE(print(nullptr));
+    SetCurrentDirectoryA("C:\\windows");
     PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
   });
   PressWizard(kBrowse);

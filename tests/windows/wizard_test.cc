@@ -224,16 +224,6 @@ TEST_F(WizardTest, TheEditorIsEnabledBeforeTheWizardGoes) {
   EXPECT_EQ(seen.enabled, true);
 }
 
-// Its end would bring the editor there by itself only if it had been there.
-TEST_F(WizardTest, TheEditorComesToTheFrontThoughTheWizardWasNotThere) {
-  OpenAdd();
-  ExpectFront(Wizard());
-  SetForegroundWindow(GetDesktopWindow());
-  ExpectFront(GetDesktopWindow());
-  PressWizard(kCancel);
-  ExpectClosed();
-}
-
 TEST_F(WizardTest, CancelAfterAFinishThatFailedGivesTheEditorBack) {
   for (const bool edits : {false, true}) {
     if (edits) {

@@ -45,6 +45,22 @@ TEST_F(ListOutsideTest, AddsThroughTheWizardWithBrowse) {
   ExpectCleanEnd();
 }
 
+// The end of the wizard would bring the editor there by itself only if the wizard
+// had been there.
+TEST_F(ListOutsideTest, TheEditorComesToTheFrontThoughTheWizardWasNotThere) {
+  Start(UserDefinedMenu({kA}));
+  const HWND wizard = OpenWizard(IDC_FORM2_COMMAND2);
+  ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == wizard; }));
+  const HWND other = CreateWindowExA(WS_EX_TOPMOST, "Static", "", WS_POPUP | WS_VISIBLE, 0, 0, 80,
+                                     60, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
+  SetForegroundWindow(other);
+  EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == other; }));
+  EXPECT_TRUE(outside::Press(wizard, IDC_FORM3_COMMAND2));
+  EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == form2(); }));
+  DestroyWindow(other);
+  ExpectCleanEnd();
+}
+
 TEST_F(ListOutsideTest, EditsMovesDeletesAndSeparates) {
   Start(UserDefinedMenu({kA, kB}));
   outside::SelectRow(List(), 0);
