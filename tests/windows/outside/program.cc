@@ -9,8 +9,6 @@ namespace {
 
 constexpr const char* kDialogClass = "#32770";
 
-std::string EditorPath() { return BuildFolder() + "\\windows\\CorvalisEdit.exe"; }
-
 struct Search {
   DWORD process;
   std::string windowClass;  // empty: a window of the program, or a dialog box
@@ -60,13 +58,15 @@ std::string ClassOf(HWND window) {
   return name;
 }
 
+std::string EditorPath() { return BuildFolder() + "\\windows\\CorvalisEdit.exe"; }
+
 Program::Program(const CommandLine& line, const std::string& folder) {
   std::string commandLine =
       (line.name.empty() ? '"' + EditorPath() + '"' : line.name) + ' ' + line.arguments;
   STARTUPINFOA startup{};
   startup.cb = sizeof startup;
-  CreateProcessA(EditorPath().c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                 folder.c_str(), &startup, &process_);
+  CreateProcessA((line.copy.empty() ? EditorPath() : line.copy).c_str(), commandLine.data(),
+                 nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup, &process_);
 }
 
 Program::~Program() {

@@ -18,11 +18,16 @@ inline constexpr DWORD kPatience = 20000;  // in milliseconds
 bool WaitUntil(const std::function<bool()>& condition, DWORD milliseconds = kPatience);
 
 // What a start of the editor is asked for, as it stands: `name` is what the
-// command line calls the program, its path in quotes if nothing else.
+// command line calls the program, its path in quotes if nothing else; `copy` is a
+// copy of it to start instead, if it is given.
 struct CommandLine {
   std::string arguments;
   std::string name = {};
+  std::string copy = {};
 };
+
+// The finished program, as the build made it.
+std::string EditorPath();
 
 // A running editor. It is ended with this object, if not before.
 class Program {

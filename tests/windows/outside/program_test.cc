@@ -93,6 +93,23 @@ TEST_F(ProgramTest, TheProgramsNameMayStandWithoutQuotes) {
   }
 }
 
+// A library beside the program, or in its current folder, may be anybody's.
+TEST_F(ProgramTest, LibrariesComeFromTheSystemAlone) {
+  WriteBytes(MenuPath(), menu);
+  const std::string copy = PathOf("CorvalisEdit.exe");
+  ASSERT_TRUE(CopyFileA(outside::EditorPath().c_str(), copy.c_str(), TRUE));
+  WriteBytes(PathOf("comdlg32.dll"), "no library at all");
+  const Program editor(CommandLine{Quoted(), {}, copy}, folder());
+  const HWND window = editor.WaitFor("Form2");
+  ASSERT_NE(window, nullptr);
+  outside::Click(window, IDC_FORM2_COMMAND6);
+  const HWND dialog = editor.WaitFor("#32770");
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_EQ(outside::Text(dialog), "Select Font");
+  outside::Click(dialog, IDCANCEL);
+  EXPECT_TRUE(editor.WaitUntilGone("#32770"));
+}
+
 TEST_F(ProgramTest, ARelativePathIsOneInTheCurrentDirectory) {
   WriteBytes(MenuPath(), menu);
   const Program editor(CommandLine{"\"test.menu\""}, folder());
