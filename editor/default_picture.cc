@@ -21,12 +21,13 @@ std::string_view DefaultPictureFile() {
   return {static_cast<const char*>(LockResource(data)), SizeofResource(module, resource)};
 }
 
-win32::UniqueIcon DefaultIcon() {
+win32::UniqueIcon DefaultIcon(SIZE size) {
   const std::string_view image = DefaultPictureFile().substr(kImageOffset);
   // The bytes are only read, though the parameter does not say so.
   BYTE* const bytes = reinterpret_cast<BYTE*>(const_cast<char*>(image.data()));
   return win32::UniqueIcon(CreateIconFromResourceEx(bytes, static_cast<DWORD>(image.size()), TRUE,
-                                                    kIconVersion, 0, 0, LR_DEFAULTSIZE));
+                                                    kIconVersion, size.cx, size.cy,
+                                                    LR_DEFAULTCOLOR));
 }
 
 }  // namespace editor

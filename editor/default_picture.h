@@ -11,8 +11,8 @@ namespace editor {
 // one image, 32 by 32 pixels in 256 colours, as it stands in the program.
 std::string_view DefaultPictureFile();
 
-// The same as an icon of the standard size.
-win32::UniqueIcon DefaultIcon();
+// The same as an icon of that size, in pixels.
+win32::UniqueIcon DefaultIcon(SIZE size);
 
 }  // namespace editor
 

@@ -13,6 +13,7 @@
 #include "resources/resource.h"
 #include "win32/message_box.h"
 #include "win32/route.h"
+#include "win32/scale.h"
 #include "win32/window_text.h"
 
 namespace editor {
@@ -58,24 +59,10 @@ constexpr Page kTabPages[] = {kItemPage, kAppearancePage, kAboutPage};
 // What the sample shows at most; the file may hold any number.
 constexpr double kMostPoints = 1000;
 
-HICON LoadPicture(int id) {
-  return LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id));  // shared, not owned
-}
-
 }  // namespace
 
 Form2::Form2(std::string menuFilePath, menufile::FileSystem& files)
     : Form(kForm2Plan, nullptr, kItemPage), menuFilePath_(std::move(menuFilePath)), files_(files) {
-  items_.Attach(Control(IDC_FORM2_LIST1));
-  AnswerListKeys(items_);
-  list1Drop_.Attach(Control(IDC_FORM2_LIST1));
-  iconic1_.Attach(Control(IDC_FORM2_ICONIC1));
-  CreateDirectoryPage();
-  SetPicture(IDC_FORM2_IMAGE4, LoadPicture(IDI_CONTENTS));
-  SetPicture(IDC_FORM2_IMAGE5, LoadPicture(IDI_FOLDER));
-  SetPicture(IDC_FORM2_IMAGE3, LoadPicture(IDI_APPEARANCE));
-  defaultIcon_ = DefaultIcon();
-  SetPicture(IDC_FORM2_IMAGE1, defaultIcon_.get());
   for (const wchar_t* tab : kTabs) {
     TCITEMW item{};
     item.mask = TCIF_TEXT;
@@ -83,6 +70,13 @@ Form2::Form2(std::string menuFilePath, menufile::FileSystem& files)
     SendMessageW(Control(IDC_FORM2_SSTAB1), TCM_INSERTITEMW, std::size(kTabs),
                  reinterpret_cast<LPARAM>(&item));
   }
+  items_.Attach(Control(IDC_FORM2_LIST1));
+  AnswerListKeys(items_);
+  list1Drop_.Attach(Control(IDC_FORM2_LIST1));
+  iconic1_.SetParentsBackground();
+  iconic1_.Attach(Control(IDC_FORM2_ICONIC1));
+  CreateDirectoryPage();
+  ShowPictures();
   CreateAppearancePage();
   OnArranged();
   ShowSampleFont();
@@ -267,20 +261,15 @@ void Form2::OnClose() {
 void Form2::OnColoursChanged() { List1Click(); }
 
 void Form2::OnFontChanged() {
+  ShowPictures();
   ShowSampleFont();
+  items_.FitToFont();
+  dir1_.SetDpi(dpi());
   dir1_.FitToFont();
 }
 
-// Tabs and drive list would else be as high as they like.
+// The drive list would else be as high as it likes.
 void Form2::OnArranged() {
-  const HWND tabs = Control(IDC_FORM2_SSTAB1);
-  RECT strip{};
-  GetClientRect(tabs, &strip);
-  RECT tab{};
-  if (SendMessageW(tabs, TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab))) {
-    // They stand on the frame of their page.
-    SendMessageW(tabs, TCM_SETITEMSIZE, 0, MAKELPARAM(0, strip.bottom - tab.top));
-  }
   win32::MatchHeight(Control(IDC_FORM2_DRIVE1), Control(IDC_FORM2_TEXT8));
 }
 
@@ -305,10 +294,22 @@ void Form2::AppendItem(std::size_t row, const menufile::MenuItemRecord& item) {
   items_.AppendItem(static_cast<int>(row), item);
 }
 
+void Form2::ShowPictures() {
+  const SIZE size = win32::StandardIconSize(dpi());
+  const auto show = [this](int control, std::size_t number, win32::UniqueIcon icon) {
+    SetPicture(control, icon.get());
+    pictures_[number] = std::move(icon);
+  };
+  show(IDC_FORM2_IMAGE4, 0, win32::LoadIconOfSize(IDI_CONTENTS, size));
+  show(IDC_FORM2_IMAGE5, 1, win32::LoadIconOfSize(IDI_FOLDER, size));
+  show(IDC_FORM2_IMAGE3, 2, win32::LoadIconOfSize(IDI_APPEARANCE, size));
+  show(IDC_FORM2_IMAGE1, 3, DefaultIcon(size));
+}
+
 void Form2::ShowSampleFont() {
   LOGFONTW font{};
   const double points = std::clamp(menuFont_.points, 0.0, kMostPoints);
-  font.lfHeight = -std::lround(points * win32::DpiOf(window()) / 72);
+  font.lfHeight = -std::lround(points * dpi() / 72);
   font.lfWeight = menuFont_.bold ? FW_BOLD : FW_NORMAL;
   font.lfItalic = menuFont_.italic;
   font.lfCharSet = DEFAULT_CHARSET;

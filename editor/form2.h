@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -161,11 +162,13 @@ class Form2 final : public win32::Form, private menufile::MenuView {
 
   // Shows the page of a menu type on the tab "Contents".
   void ShowContents(Page page);
+  // In the size of the DPI.
+  void ShowPictures();
   void ShowSampleFont();
 
   std::string menuFilePath_;
   menufile::FileSystem& files_;
-  win32::UniqueIcon defaultIcon_;
+  std::array<win32::UniqueIcon, 4> pictures_;  // of the pages
   // The last change may have left the menu file cut short.
   bool menuMayBeCut_ = false;
   Page contents_ = kItemPage;

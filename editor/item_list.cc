@@ -75,8 +75,7 @@ void ItemList::Remove(int row) {
 void ItemList::Clear() {
   hidden_.resize(1);
   SendMessageW(list_, LB_RESETCONTENT, 0, 0);
-  textWidth_ = 0;
-  SendMessageW(list_, LB_SETHORIZONTALEXTENT, 0, 0);
+  SetTextWidth(0);
 }
 
 int ItemList::TopRow() const { return static_cast<int>(SendMessageW(list_, LB_GETTOPINDEX, 0, 0)); }
@@ -147,10 +146,25 @@ void ItemList::WidenFor(const std::wstring& caption) {
   }
   const int width = ruler_ ? ruler_->WidthOf(caption) : Ruler(list_).WidthOf(caption);
   if (width > textWidth_) {
-    textWidth_ = width;
-    const int extentOfList = textWidth_ + GetSystemMetrics(SM_CXEDGE) * 4;
-    SendMessageW(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extentOfList), 0);
+    SetTextWidth(width);
   }
+}
+
+void ItemList::SetTextWidth(int width) {
+  textWidth_ = width;
+  const int extent = width == 0 ? 0 : width + GetSystemMetrics(SM_CXEDGE) * 4;
+  SendMessageW(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent), 0);
+}
+
+void ItemList::FitToFont() {
+  const Ruler ruler(list_);
+  int widest = 0;
+  const int count = Count();
+  for (int row = 0; row < count; ++row) {
+    const std::wstring caption = win32::ListText(list_, row);
+    widest = caption == SeparatorText ? widest : std::max(widest, ruler.WidthOf(caption));
+  }
+  SetTextWidth(widest);
 }
 
 }  // namespace editor

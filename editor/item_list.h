@@ -77,6 +77,9 @@ class ItemList {
   int TopRow() const;
   void ScrollTo(int topRow);
 
+  // To be called when the list box got another font.
+  void FitToFont();
+
   // While one lives, the entries of a menu file are appended to the list, in
   // their order; the list is drawn at the end, once.
   class Filling {
@@ -109,6 +112,7 @@ class ItemList {
   void EndFilling();
   void AppendRow(int row, const std::string& caption, const std::string& target);
   void InsertRow(int row, const std::wstring& caption);
+  void SetTextWidth(int width);
   void WidenFor(const std::wstring& caption);
 
   HWND list_ = nullptr;

@@ -1,74 +1,38 @@
-#include <windows.h>
-
 #include "icons/form4.h"
 #include "resources/resource.h"
 
 namespace icons {
 namespace {
 
-using win32::ControlRow;
-using win32::kEveryPage;
-using win32::kLeft;
-using win32::kTop;
-
-constexpr unsigned kTopLeft = kLeft | kTop;
-
-constexpr SIZE kSize{190, 90};
+using namespace win32;
 
 // Enter presses OK, the default button, wherever the focus is.
+constexpr Kind kDefaultButton{L"Button", BS_DEFPUSHBUTTON | WS_TABSTOP};
+
+// clang-format off
 constexpr ControlRow kControls[] = {
-    {IDC_FORM4_PICTURE1,
-     L"Static",
-     L"",
-     SS_OWNERDRAW,
-     {7, 11, 26, 24},
-     kTopLeft,
-     kEveryPage,
-     nullptr,
-     L"Chosen icon"},
-    {IDC_FORM4_HSCROLL1_LABEL,
-     L"Static",
-     L"Icon in the file :",
-     SS_LEFT,
-     {42, 7, 141, 9},
-     kTopLeft,
-     kEveryPage},
-    {IDC_FORM4_HSCROLL1,
-     L"ScrollBar",
-     L"",
-     SBS_HORZ | WS_TABSTOP | WS_DISABLED,
-     {42, 18, 141, 12},
-     kTopLeft,
-     kEveryPage},
-    {IDC_FORM4_LABEL1, L"Static", L"", SS_LEFT, {42, 33, 141, 9}, kTopLeft, kEveryPage},
-    {IDC_FORM4_COMMAND2,
-     L"Button",
-     L"Select Icon Library",
-     BS_PUSHBUTTON | WS_TABSTOP,
-     {42, 45, 84, 15},
-     kTopLeft,
-     kEveryPage},
-    {IDC_FORM4_COMMAND1,
-     L"Button",
-     L"OK",
-     BS_DEFPUSHBUTTON | WS_TABSTOP,
-     {77, 68, 50, 15},
-     kTopLeft,
-     kEveryPage},
-    {IDC_FORM4_COMMAND3,
-     L"Button",
-     L"Cancel",
-     BS_PUSHBUTTON | WS_TABSTOP,
-     {133, 68, 50, 15},
-     kTopLeft,
-     kEveryPage},
+    {IDC_FORM4_PICTURE1, kPictureBox, L"", {7, 11, 24, 24}, kTopLeft, kEveryPage},
+    {IDC_FORM4_HSCROLL1_LABEL, kLabel, L"Icon in the file :", {42, 7, 141, 8}, kTopLeft, kEveryPage},
+    {IDC_FORM4_HSCROLL1, kScrollBar, L"", {42, 18, 141, 11}, kTopLeft, kEveryPage},
+    {IDC_FORM4_LABEL1, kLabel, L"", {42, 32, 141, 8}, kTopLeft, kEveryPage},
+    {IDC_FORM4_COMMAND2, kButton, L"Select Icon Library", {42, 44, 74, 14}, kTopLeft, kEveryPage},
+    {IDC_FORM4_COMMAND1, kDefaultButton, L"OK", {79, 69, 50, 14}, kTopLeft, kEveryPage},
+    {IDC_FORM4_COMMAND3, kButton, L"Cancel", {133, 69, 50, 14}, kTopLeft, kEveryPage},
 };
+
+constexpr ControlText kAccessibleNames[] = {{IDC_FORM4_PICTURE1, L"Chosen icon"}};
+// clang-format on
 
 }  // namespace
 
-const win32::FormPlan kForm4Plan = {
-    L"Form4", L"Select Icon",       WS_POPUP | WS_CAPTION | WS_SYSMENU,
-    kSize,    IDI_APPLICATION_ICON, kControls,
+const FormPlan kForm4Plan = {
+    .windowClass = L"Form4",
+    .caption = L"Select Icon",
+    .style = WS_POPUP | WS_CAPTION | WS_SYSMENU,
+    .size = {190, 90},
+    .iconId = IDI_APPLICATION_ICON,
+    .controls = kControls,
+    .accessibleNames = kAccessibleNames,
 };
 
 }  // namespace icons

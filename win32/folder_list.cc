@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "win32/layout.h"
+#include "win32/scale.h"
 #include "win32/window_text.h"
 
 namespace win32 {
@@ -143,6 +143,7 @@ bool IsOnServer(const std::wstring& path) { return !HasDrive(path) && RootLength
 
 void FolderList::Attach(HWND list) {
   list_ = list;
+  dpi_ = DpiOf(list);
   FitToFont();
 }
 
@@ -246,7 +247,7 @@ void FolderList::Show(const std::vector<std::wstring>& names) {
   FitToFont();
 }
 
-int FolderList::IconSize() const { return MulDiv(16, static_cast<int>(DpiOf(list_)), 96); }
+int FolderList::IconSize() const { return MulDiv(16, static_cast<int>(dpi_), 96); }
 
 int FolderList::IconLeft(int row) const {
   const int depth = std::min(row, CurrentRow() + 1);

@@ -58,8 +58,9 @@ class FolderList {
   // current one. False as above, and when none is selected.
   bool OpenSelected();
 
-  // To be called when the list box got another font.
+  // To be called when the list box got another font, and when the DPI is another.
   void FitToFont();
+  void SetDpi(UINT dpi) { dpi_ = dpi; }
 
   // Asks the shell for the icons at first, which takes a while.
   void Draw(const DRAWITEMSTRUCT& item);
@@ -75,6 +76,7 @@ class FolderList {
   int TextLeft(int row) const;
 
   HWND list_ = nullptr;
+  UINT dpi_ = 0;
   std::wstring path_;
   std::wstring alwaysListed_;
   // Where in the path the folder of each row ends, down to the current one.

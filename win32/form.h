@@ -4,46 +4,22 @@
 #include <windows.h>
 
 #include <exception>
-#include <span>
 
 #include "win32/accessible_names.h"
 #include "win32/control_event.h"
-#include "win32/layout.h"
+#include "win32/controls.h"
+#include "win32/handles.h"
+#include "win32/page_face.h"
+#include "win32/plan.h"
+#include "win32/scrolled_area.h"
 
 namespace win32 {
 
-// One control of a window's plan. The order of the rows is the order in which
-// Tab goes round and in which a label names the control right behind it, to screen
-// readers too.
-struct ControlRow {
-  int id = 0;
-  const wchar_t* windowClass = L"";
-  const wchar_t* text = L"";
-  DWORD style = 0;  // besides WS_CHILD
-  Place place{};
-  unsigned anchors = 0;  // Anchor flags
-  unsigned pages = 0;    // which of the window's pages show it, one bit each
-  const wchar_t* toolTip = nullptr;
-  // For screen readers, where no label does: see AccessibleNames.
-  const wchar_t* accessibleName = nullptr;
-};
-
-// Every page of a window.
-inline constexpr unsigned kEveryPage = ~0U;
-
-struct FormPlan {
-  const wchar_t* windowClass;  // registered on first use
-  const wchar_t* caption;
-  DWORD style;
-  SIZE size;   // of the client area, the least one of a sizable window, in dialog units
-  int iconId;  // of the window's icon among the resources; 0 for none
-  std::span<const ControlRow> controls;
-};
-
 // A top-level window made of a plan. It is a dialog box to Windows, so that
 // Tab, arrow keys and default buttons work as everywhere. Controls are its
-// direct children, in the message font; owner-drawn Static controls are sized
-// to hold one standard icon.
+// direct children, in the message font. The window opens within the work area of
+// its monitor; where the plan is larger than that, its contents scroll, and the
+// keyboard brings the control that it comes to into view.
 class Form {
  public:
   Form(const Form&) = delete;
@@ -51,7 +27,9 @@ class Form {
   virtual ~Form();
 
   HWND window() const { return window_; }
-  HWND Control(int id) const { return GetDlgItem(window_, id); }
+  HWND Control(int id) const { return controls_.Find(id); }
+  // Of the window's monitor.
+  UINT dpi() const { return dpi_; }
 
   // Destroys the window. The object can do without it, so that a handler of
   // the window may call this.
@@ -63,7 +41,6 @@ class Form {
   // Shows the controls of these pages (bits as in ControlRow) and hides the
   // others.
   void ShowPages(unsigned pages);
-  bool IsVisible(const ControlRow& row) const { return (row.pages & shownPages_) != 0; }
 
  protected:
   // Makes the window, hidden, with the controls of these pages shown. Throws
@@ -82,12 +59,12 @@ class Form {
   virtual bool OnKey(const MSG& message);
   // The user has chosen other system colours.
   virtual void OnColoursChanged();
-  // The controls have been given the message font anew.
+  // The controls have another font: the user chose one, or the DPI is another.
   virtual void OnFontChanged();
   // The controls have been placed and sized anew.
   virtual void OnArranged();
 
-  // Gives a Static control (SS_ICON) its picture, which is borrowed.
+  // Gives a control (kIcon) its picture, which is borrowed.
   void SetPicture(int id, HICON icon);
 
   // Gives a control the focus, as Tab does.
@@ -101,21 +78,36 @@ class Form {
 
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM data);
   INT_PTR Handle(UINT message, WPARAM wide, LPARAM data);
-  RECT PlaceOf(const ControlRow& row, const Layout& layout) const;
-  void CreateControls();
-  void AddToolTips();
-  void AddAccessibleNames();
-  void UseMessageFont();
-  void SizeToPlan();
+  // The messages about size, font and DPI, and about scrolling; about colours.
+  bool HandleScale(UINT message, WPARAM wide, LPARAM data, LRESULT& result);
+  bool HandleScrolling(UINT message, WPARAM wide, LPARAM data);
+  bool HandleColours(UINT message, WPARAM wide, LPARAM data, INT_PTR& answer);
+
+  // The window as large as the plan, in pixels of that DPI.
+  SIZE LeastSize(UINT dpi) const;
+  void Open(HWND owner);
+  Layout LayoutInFont() const { return Layout(font_.get(), plan_.size); }
+  Arrangement Fit();
   void Arrange();
+  void UseMessageFont();
+  void GrowToPlan();
+  void Reveal(HWND control);
+  bool IsOnPage(HWND control) const;
 
   const FormPlan& plan_;
   HWND window_ = nullptr;
-  HWND toolTips_ = nullptr;
+  Controls controls_;
+  ToolTips toolTips_;
   AccessibleNames accessibleNames_;
+  PageFace pageFace_;
+  ScrolledArea scrolled_;
+  UINT dpi_ = 0;
+  LOGFONTW fontWanted_{};  // what font_ was made from
   UniqueFont font_;
   unsigned shownPages_;
   SIZE arrangedFor_{};  // the client area
+  bool isArranging_ = false;
+  bool hadFocus_ = false;
 };
 
 // Gives a message that was taken from the queue to the form that it is for, with

@@ -3,15 +3,10 @@
 #include <algorithm>
 #include <iterator>
 
+#include "win32/handles.h"
+
 namespace win32 {
 namespace {
-
-// A function of user32.dll that older versions of Windows do not have.
-template <typename Function>
-Function* User32Function(const char* name) {
-  return reinterpret_cast<Function*>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));
-}
 
 // The average width and the height of the font's characters, as the dialog
 // manager measures them.
@@ -29,30 +24,6 @@ SIZE BaseUnits(HFONT font) {
 
 }  // namespace
 
-UINT DpiOf(HWND window) {
-  using GetDpiForWindowFunction = UINT WINAPI(HWND);
-  static const auto getDpiForWindow = User32Function<GetDpiForWindowFunction>("GetDpiForWindow");
-  if (getDpiForWindow != nullptr) {
-    if (const UINT dpi = getDpiForWindow(window); dpi != 0) {
-      return dpi;
-    }
-  }
-  return static_cast<UINT>(GetDeviceCaps(WindowDc(nullptr).get(), LOGPIXELSY));
-}
-
-UniqueFont MessageFont(UINT dpi) {
-  using ParametersFunction = BOOL WINAPI(UINT, UINT, void*, UINT, UINT);
-  static const auto parametersForDpi =
-      User32Function<ParametersFunction>("SystemParametersInfoForDpi");
-  NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof metrics;
-  if (parametersForDpi == nullptr ||
-      !parametersForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi)) {
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-  }
-  return UniqueFont(CreateFontIndirectW(&metrics.lfMessageFont));
-}
-
 Layout::Layout(HFONT font, SIZE plannedSize)
     : base_(BaseUnits(font)),
       leastSize_{HorizontalPixels(plannedSize.cx), VerticalPixels(plannedSize.cy)} {}
@@ -60,17 +31,51 @@ Layout::Layout(HFONT font, SIZE plannedSize)
 RECT Layout::Rect(const Place& place, unsigned anchors, SIZE clientSize) const {
   RECT rect{HorizontalPixels(place.left), VerticalPixels(place.top),
             HorizontalPixels(place.left + place.width), VerticalPixels(place.top + place.height)};
-  const LONG wider = std::max<LONG>(clientSize.cx - leastSize_.cx, 0);
-  const LONG higher = std::max<LONG>(clientSize.cy - leastSize_.cy, 0);
-  if (anchors & kRight) {
-    rect.right += wider;
-    rect.left += (anchors & kLeft) ? 0 : wider;
-  }
-  if (anchors & kBottom) {
-    rect.bottom += higher;
-    rect.top += (anchors & kTop) ? 0 : higher;
-  }
+  const auto move = [](LONG& first, LONG& last, LONG growth, bool toFirst, bool toLast) {
+    first += toFirst ? 0 : toLast ? growth : growth / 2;
+    last += toLast ? growth : toFirst ? 0 : growth / 2;
+  };
+  move(rect.left, rect.right, std::max<LONG>(clientSize.cx - leastSize_.cx, 0),
+       (anchors & kLeft) != 0, (anchors & kRight) != 0);
+  move(rect.top, rect.bottom, std::max<LONG>(clientSize.cy - leastSize_.cy, 0),
+       (anchors & kTop) != 0, (anchors & kBottom) != 0);
   return rect;
+}
+
+RECT CentredIn(const RECT& place, SIZE size, unsigned anchors) {
+  const LONG spareWidth = place.right - place.left - size.cx;
+  const LONG spareHeight = place.bottom - place.top - size.cy;
+  const bool toLeft = (anchors & kLeft) != 0;
+  const bool toRight = (anchors & kRight) != 0;
+  const LONG left = place.left + (toLeft == toRight ? spareWidth / 2 : toLeft ? 0 : spareWidth);
+  const LONG top = place.top + spareHeight / 2;
+  return {left, top, left + size.cx, top + size.cy};
+}
+
+RECT WindowPlace(SIZE size, const RECT& around, const RECT& bounds) {
+  const auto place = [](LONG length, LONG first, LONG last, LONG least, LONG most, LONG& from,
+                        LONG& to) {
+    length = std::min(length, most - least);
+    from = std::clamp((first + last - length) / 2, least, most - length);
+    to = from + length;
+  };
+  RECT rect{};
+  place(size.cx, around.left, around.right, bounds.left, bounds.right, rect.left, rect.right);
+  place(size.cy, around.top, around.bottom, bounds.top, bounds.bottom, rect.top, rect.bottom);
+  return rect;
+}
+
+SIZE SizeOf(const RECT& rect) { return {rect.right - rect.left, rect.bottom - rect.top}; }
+
+SIZE ClientSize(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return SizeOf(client);
+}
+
+void SetPlace(HWND window, const RECT& place) {
+  SetWindowPos(window, nullptr, place.left, place.top, SizeOf(place).cx, SizeOf(place).cy,
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void MatchHeight(HWND combo, HWND beside) {

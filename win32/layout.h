@@ -3,8 +3,6 @@
 
 #include <windows.h>
 
-#include "win32/handles.h"
-
 namespace win32 {
 
 // A place in dialog units: a quarter of the font's average width across, an
@@ -17,15 +15,18 @@ struct Place {
 };
 
 // Which edges of the window a control keeps its distance to, as flags. One that
-// keeps to two opposite edges grows with the window.
+// keeps to two opposite edges grows with the window; one that keeps to neither of
+// them stays in the middle.
 enum Anchor : unsigned { kLeft = 1, kTop = 2, kRight = 4, kBottom = 8 };
 
-// The DPI of a window's monitor; the system's where Windows knows no other
-// (before Windows 10).
-UINT DpiOf(HWND window);
-
-// The font of message boxes for that DPI, which is the one for windows.
-UniqueFont MessageFont(UINT dpi);
+inline constexpr unsigned kTopLeft = kTop | kLeft;
+inline constexpr unsigned kTopRight = kTop | kRight;
+inline constexpr unsigned kBottomLeft = kBottom | kLeft;
+inline constexpr unsigned kBottomRight = kBottom | kRight;
+inline constexpr unsigned kTopAcross = kTop | kLeft | kRight;
+inline constexpr unsigned kBottomAcross = kBottom | kLeft | kRight;
+inline constexpr unsigned kFill = kTop | kBottom | kLeft | kRight;
+inline constexpr unsigned kMiddle = 0;
 
 // Turns places of a window's plan into pixels.
 class Layout {
@@ -46,6 +47,20 @@ class Layout {
   SIZE base_;
   SIZE leastSize_;
 };
+
+// A place of that size in the middle of another one; at its left or right edge where it
+// is anchored to one of these alone.
+RECT CentredIn(const RECT& place, SIZE size, unsigned anchors);
+
+// A window of that size in the middle of `around`, within the bounds: where it is too
+// large for them it is made smaller, and its left top corner can be seen anyway.
+RECT WindowPlace(SIZE size, const RECT& around, const RECT& bounds);
+
+SIZE SizeOf(const RECT& rect);
+SIZE ClientSize(HWND window);
+
+// Moves and resizes a window, in the coordinates that its place is told in.
+void SetPlace(HWND window, const RECT& place);
 
 // Makes a closed combo box, which goes by its font alone, as high as the control
 // beside it.

@@ -1,5 +1,7 @@
 #include "win32/picture_box.h"
 
+#include "win32/layout.h"
+
 namespace win32 {
 namespace {
 
@@ -77,7 +79,14 @@ void PictureBox::TakeKeys() const { SetWindowSubclass(control_, KeyProcedure, 0,
 void PictureBox::Clear() {
   const SIZE size = Size();
   const RECT all{0, 0, size.cx, size.cy};
-  FillRect(Canvas(bitmap_.get()).dc.get(), &all, GetSysColorBrush(background_));
+  const Canvas canvas(bitmap_.get());
+  const auto brush =
+      background_ == kOfParent
+          ? reinterpret_cast<HBRUSH>(SendMessageW(GetParent(control_), WM_CTLCOLORSTATIC,
+                                                  reinterpret_cast<WPARAM>(canvas.dc.get()),
+                                                  reinterpret_cast<LPARAM>(control_)))
+          : GetSysColorBrush(background_);
+  FillRect(canvas.dc.get(), &all, brush);
   Refresh();
 }
 
@@ -95,8 +104,12 @@ void PictureBox::Refresh() const { InvalidateRect(control_, nullptr, FALSE); }
 
 void PictureBox::Paint(const DRAWITEMSTRUCT& item) const {
   const SIZE size = Size();
-  BitBlt(item.hDC, item.rcItem.left, item.rcItem.top, size.cx, size.cy,
-         Canvas(bitmap_.get()).dc.get(), 0, 0, SRCCOPY);
+  // The box may have come to a monitor of another DPI since.
+  const SIZE shown = SizeOf(item.rcItem);
+  SetStretchBltMode(item.hDC, HALFTONE);
+  SetBrushOrgEx(item.hDC, 0, 0, nullptr);  // which HALFTONE asks for
+  StretchBlt(item.hDC, item.rcItem.left, item.rcItem.top, shown.cx, shown.cy,
+             Canvas(bitmap_.get()).dc.get(), 0, 0, size.cx, size.cy, SRCCOPY);
   // Until a key leads somewhere, Windows hides where the focus is.
   const LRESULT hidden = SendMessageW(control_, WM_QUERYUISTATE, 0, 0);
   if (GetFocus() == control_ && (hidden & UISF_HIDEFOCUS) == 0) {

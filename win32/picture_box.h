@@ -28,6 +28,8 @@ class PictureBox {
   // The system colour (COLOR_BACKGROUND, for one) that Clear() fills the box
   // with, at first that of a button's face. Setting it clears nothing.
   void SetBackground(int systemColour) { background_ = systemColour; }
+  // Makes Clear() fill the box with what its parent has behind the box.
+  void SetParentsBackground() { background_ = kOfParent; }
   void Clear();
 
   // Both draw at (0, 0) on top of what is there. Nothing is taken over.
@@ -47,6 +49,7 @@ class PictureBox {
 
  private:
   struct Canvas;
+  static constexpr int kOfParent = -1;  // as a system colour, which it is not
 
   HWND control_ = nullptr;
   UniqueBitmap bitmap_;

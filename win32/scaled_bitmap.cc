@@ -1,5 +1,7 @@
 #include "win32/scaled_bitmap.h"
 
+#include <algorithm>
+
 namespace win32 {
 
 UniqueBitmap LoadScaledBitmap(int resourceId, SIZE size) {
@@ -16,8 +18,10 @@ UniqueBitmap LoadScaledBitmap(int resourceId, SIZE size) {
   const SelectedObject toBitmap(to.get(), scaled.get());
   SetStretchBltMode(to.get(), HALFTONE);
   SetBrushOrgEx(to.get(), 0, 0, nullptr);  // which HALFTONE asks for
-  StretchBlt(to.get(), 0, 0, size.cx, size.cy, from.get(), 0, 0, info.bmWidth, info.bmHeight,
-             SRCCOPY);
+  const LONG width = std::min<LONG>(info.bmWidth, MulDiv(info.bmHeight, size.cx, size.cy));
+  const LONG height = std::min<LONG>(info.bmHeight, MulDiv(info.bmWidth, size.cy, size.cx));
+  StretchBlt(to.get(), 0, 0, size.cx, size.cy, from.get(), (info.bmWidth - width) / 2,
+             (info.bmHeight - height) / 2, width, height, SRCCOPY);
   return scaled;
 }
 

@@ -4,19 +4,15 @@
 
 namespace win32 {
 
-bool MoveScrollBar(HWND bar, UINT request, int position) {
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_ALL;
-  SendMessageW(bar, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(&info));
+int RequestedPosition(const SCROLLINFO& info, UINT request, int position, int step) {
   const int page = std::max(static_cast<int>(info.nPage), 1);
   int wanted = info.nPos;
   switch (request) {
     case SB_LINELEFT:
-      wanted -= 1;
+      wanted -= step;
       break;
     case SB_LINERIGHT:
-      wanted += 1;
+      wanted += step;
       break;
     case SB_PAGELEFT:
       wanted -= page;
@@ -34,12 +30,21 @@ bool MoveScrollBar(HWND bar, UINT request, int position) {
     case SB_THUMBTRACK:
       wanted = position;
       break;
-    case SB_ENDSCROLL:
-      break;
     default:
-      return false;
+      break;
   }
-  wanted = std::clamp(wanted, info.nMin, std::max(info.nMin, info.nMax - page + 1));
+  return std::clamp(wanted, info.nMin, std::max(info.nMin, info.nMax - page + 1));
+}
+
+bool MoveScrollBar(HWND bar, UINT request, int position) {
+  if (request > SB_ENDSCROLL) {
+    return false;
+  }
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL;
+  SendMessageW(bar, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(&info));
+  const int wanted = RequestedPosition(info, request, position, 1);
   // Where scrolling ends, whoever drives the window may have moved the bar first.
   const bool ends = request == SB_THUMBPOSITION || request == SB_ENDSCROLL;
   if (wanted == info.nPos && !ends) {

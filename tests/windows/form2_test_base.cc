@@ -93,6 +93,14 @@ bool Form2Test::IsChecked(int id) {
   return SendMessageA(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
+COLORREF Form2Test::PageColour() {
+  const HWND label = Control(IDC_FORM2_LIST1_LABEL);
+  const win32::WindowDc dc(label);
+  SendMessageW(form_->window(), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc.get()),
+               reinterpret_cast<LPARAM>(label));
+  return GetBkColor(dc.get());
+}
+
 std::vector<editor::HiddenRow> Form2Test::HiddenRows() {
   std::vector<editor::HiddenRow> rows;
   for (int row = 0; row < form_->items().Count(); ++row) {

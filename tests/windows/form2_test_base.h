@@ -44,6 +44,8 @@ class Form2Test : public ::testing::Test {
   bool IsEnabled(int id) { return IsWindowEnabled(Control(id)) != FALSE; }
   std::string Text(int id) { return WindowBytes(Control(id)); }
   bool IsChecked(int id);
+  // Of what the tabs have their controls on.
+  COLORREF PageColour();
 
   std::vector<editor::HiddenRow> HiddenRows();  // as many as there are rows
   // Whether the icon of that number, as a hidden row has it, is there.

@@ -39,13 +39,13 @@ TEST_F(Form4SaveTest, OkWritesFileAndIndexAndNothingElse) {
   EXPECT_EQ(after[1].tag, before[1].tag);
   EXPECT_FALSE(IsIcon(before[1].text)) << "not released";
   EXPECT_TRUE(IsIcon(after[1].text)) << "released";
-  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Showing(colours[9]));
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), ShowingOnPage(colours[9]));
   for (const std::size_t row : {0U, 2U, 3U}) {
     EXPECT_EQ(after[row].text, before[row].text) << row;
   }
   SelectRow(0);
   SelectRow(1);
-  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Showing(colours[9]));
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), ShowingOnPage(colours[9]));
 }
 
 TEST_F(Form4SaveTest, OkWithoutAnyChangeWritesTheSameFileAndIndex) {
@@ -75,7 +75,7 @@ TEST_F(Form4SaveTest, AFileThatIsTheCaptionIsWrittenAsNone) {
   Scroll(bar(), SB_LINERIGHT);
   PressOk();
   EXPECT_EQ(MenuBytes(), Menu(ItemLine(two, one, "", "", "", "1")));
-  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Showing(colours[1]));
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), ShowingOnPage(colours[1]));
 }
 
 TEST_F(Form4SaveTest, TheCaptionIsComparedCaseSensitively) {
@@ -91,7 +91,7 @@ TEST_F(Form4SaveTest, OkOnAFileWithoutIconsLeavesTheRowWithoutOne) {
   PressOk();
   EXPECT_EQ(MenuBytes(), Menu(Item(none, "0")));
   EXPECT_EQ(HiddenRows()[1].text, "0");
-  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Empty());
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), std::vector<COLORREF>(Empty().size(), PageColour()));
 }
 
 // The window leaves an old scratch file as it is: what is longer in it ends up

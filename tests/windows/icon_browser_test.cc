@@ -246,17 +246,18 @@ TEST_F(IconBrowserTest, ARowWithAnIconShowsItAndOneWithoutShowsTheShells) {
   ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Own", program, "", "", twelve, "5"),
                                     ItemLine("The shell's", program, "", "", "", "0")})));
   SelectRow(0);
-  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Showing(colours[5]));
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), ShowingOnPage(colours[5]));
   // A handle is drawn whatever the shell would say of the target.
   form().items().Hidden(0).tag = "Q:\\missing.exe";
   SelectRow(0);
-  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), Showing(colours[5]));
+  EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), ShowingOnPage(colours[5]));
 
   SelectRow(1);
   const win32::ShellFile shell(program);
   ASSERT_NE(shell.images, nullptr);
   win32::PictureBox expected;
-  expected.Attach(Control(IDC_FORM2_PICTURE2));
+  expected.SetParentsBackground();
+  expected.Attach(Control(IDC_FORM2_ICONIC1));
   expected.Draw(shell.images, shell.imageIndex);
   EXPECT_EQ(form().iconic1().BitmapFile(), expected.BitmapFile());
   EXPECT_NE(Painted(IDC_FORM2_ICONIC1), Empty());

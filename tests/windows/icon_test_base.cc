@@ -114,6 +114,10 @@ std::vector<COLORREF> IconTest::Showing(COLORREF icon) const {
   return testing_icons::PixelsOf(icon, GetSysColor(COLOR_BTNFACE));
 }
 
+std::vector<COLORREF> IconTest::ShowingOnPage(COLORREF icon) {
+  return testing_icons::PixelsOf(icon, PageColour());
+}
+
 std::vector<COLORREF> IconTest::Empty(int systemColour) {
   const SIZE size = win32::PictureBox::Size();
   return std::vector<COLORREF>(static_cast<std::size_t>(size.cx * size.cy),

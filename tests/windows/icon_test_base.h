@@ -46,6 +46,7 @@ class IconTest : public Form2Test {
 
   // A box with such an icon, and an empty one.
   std::vector<COLORREF> Showing(COLORREF icon) const;
+  std::vector<COLORREF> ShowingOnPage(COLORREF icon);
   static std::vector<COLORREF> Empty(int systemColour = COLOR_BTNFACE);
 
   // The exit code once the program was asked to end.

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/windows/window_tour.h"
+#include "win32/scale.h"
 
 namespace {
 
@@ -86,7 +87,9 @@ class LayoutTest : public WindowTour {
       for (const HWND other : controls) {
         const RECT otherRect = Place(other);
         RECT common{};
-        if (control < other && !IsFrame(control) && !IsFrame(other)) {
+        const bool enclose = IsFrame(control) || IsFrame(other) || id == IDC_FORM2_SSTAB1 ||
+                             GetDlgCtrlID(other) == IDC_FORM2_SSTAB1;
+        if (control < other && !enclose) {
           EXPECT_FALSE(IntersectRect(&common, &rect, &otherRect))
               << id << " and " << GetDlgCtrlID(other);
         }
@@ -171,28 +174,55 @@ TEST_F(LayoutTest, TheDriveListIsAsHighAsTheBoxBesideIt) {
   });
 }
 
-TEST_F(LayoutTest, TheTabsStandOnTheFrameOfTheirPage) {
+// The face of the pages, as the tab control paints it.
+COLORREF PaintedFace(HWND tabs, const RECT& page) {
+  const win32::WindowDc screen(tabs);
+  const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
+  const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), page.right, page.bottom));
+  const win32::SelectedObject selected(dc.get(), bitmap.get());
+  const RECT all{0, 0, page.right, page.bottom};
+  FillRect(dc.get(), &all, GetSysColorBrush(COLOR_BTNFACE));
+  SendMessageW(tabs, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc.get()), PRF_CLIENT);
+  return GetPixel(dc.get(), page.right - 8, page.bottom - 8);
+}
+
+TEST_F(LayoutTest, TheTabControlEnclosesItsPages) {
   VisitAll([this](const std::string& page, HWND window) {
     if (window != form().window()) {
       return;
     }
     const HWND tabs = Control(IDC_FORM2_SSTAB1);
-    RECT strip{};
-    GetClientRect(tabs, &strip);
-    for (WPARAM tab = 0; tab < 3; ++tab) {
-      RECT rect{};
-      ASSERT_TRUE(SendMessageA(tabs, TCM_GETITEMRECT, tab, reinterpret_cast<LPARAM>(&rect)));
-      EXPECT_EQ(rect.bottom, strip.bottom) << page;
-      EXPECT_LE(rect.right, strip.right) << page;
-    }
-    // A frame's upper line runs through the middle of where a text would be.
+    RECT face{};
+    GetClientRect(tabs, &face);
+    SendMessageW(tabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&face));
+    const COLORREF colour = PaintedFace(tabs, face);
+    OffsetRect(&face, Place(tabs).left, Place(tabs).top);
+    int onThePage = 0;
     for (const HWND control : Shown(window)) {
-      if (IsFrame(control) && WindowBytes(control).empty()) {
-        const int line = Place(control).top + TextSize(control, "X", 0).cy / 2;
-        EXPECT_GT(line, Place(tabs).bottom) << page;
-        EXPECT_LE(line, Place(tabs).bottom + Scaled(3)) << page;
+      const int id = GetDlgCtrlID(control);
+      const RECT rect = Place(control);
+      if (id == IDC_FORM2_SSTAB1) {
+        EXPECT_EQ(GetWindow(control, GW_HWNDNEXT), nullptr) << "in front of what lies on it";
+      } else if (id == IDC_FORM2_COMMAND5) {
+        EXPECT_GT(rect.top, Place(tabs).bottom) << page;
+      } else if (!(IsFrame(control) && GetWindowTextLengthW(control) == 0)) {
+        ++onThePage;
+        RECT common{};
+        IntersectRect(&common, &rect, &face);
+        EXPECT_TRUE(EqualRect(&common, &rect)) << page << ' ' << id;
+        if (const std::string name = Class(control); name == "Static" || name == "Button") {
+          const win32::WindowDc dc(control);
+          const LRESULT brush =
+              SendMessageW(window, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc.get()),
+                           reinterpret_cast<LPARAM>(control));
+          LOGBRUSH described{};
+          GetObjectW(reinterpret_cast<HGDIOBJ>(brush), sizeof described, &described);
+          EXPECT_EQ(described.lbColor, colour) << page << ' ' << id;
+          EXPECT_EQ(GetBkColor(dc.get()), colour) << page << ' ' << id;
+        }
       }
     }
+    EXPECT_GE(onThePage, 2) << page;
   });
 }
 

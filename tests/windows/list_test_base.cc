@@ -32,6 +32,7 @@ void ListTest::ExpectNoScratchFiles() {
 
 bool ListTest::PreviewIsClear() {
   win32::PictureBox clear;
+  clear.SetParentsBackground();
   clear.Attach(Control(IDC_FORM2_ICONIC1));
   return form().iconic1().BitmapFile() == clear.BitmapFile();
 }

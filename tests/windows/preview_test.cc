@@ -36,7 +36,10 @@ Pixels PixelsOfBitmapFile(const std::string& file) {
   return pixels;
 }
 
-// What a call draws at (0, 0) on the colour of a button's face.
+// Of the page that has the preview.
+COLORREF pageColour = 0;
+
+// What a call draws at (0, 0) on the face of that page.
 template <typename Draw>
 Pixels DrawnPixels(Draw draw) {
   const win32::WindowDc screen(nullptr);
@@ -46,7 +49,8 @@ Pixels DrawnPixels(Draw draw) {
   const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), width, height));
   const win32::SelectedObject selected(dc.get(), bitmap.get());
   const RECT all{0, 0, width, height};
-  FillRect(dc.get(), &all, GetSysColorBrush(COLOR_BTNFACE));
+  const win32::UniqueBrush page(CreateSolidBrush(pageColour));
+  FillRect(dc.get(), &all, page.get());
   draw(dc.get());
   Pixels pixels;
   for (int y = 0; y < height; ++y) {
@@ -79,6 +83,11 @@ Pixels IconPixels(const std::string& file, int index) {
 
 class PreviewTest : public Form2Test {
  protected:
+  bool Open(const std::string& menuBytes) {
+    const bool isOpen = Form2Test::Open(menuBytes);
+    pageColour = PageColour();
+    return isOpen;
+  }
   Pixels Shown() { return PixelsOfBitmapFile(form().iconic1().BitmapFile()); }
 };
 
@@ -124,7 +133,7 @@ TEST_F(PreviewTest, ASelectionEnablesAndDisablesNothing) {
       {ItemLine("Folder", "C:\\windows"), kSeparatorLine, ItemLine("None", "C:\\none")})));
   const auto enabled = [this] {
     std::string states;
-    for (int id = IDC_FORM2_SSTAB1; id <= IDC_FORM2_PAGE_FRAME; ++id) {
+    for (int id = IDC_FORM2_SSTAB1; id <= IDC_FORM2_ICONIC1_LABEL; ++id) {
       states += IsEnabled(id) ? "1" : "0";
     }
     return states;

@@ -1,0 +1,50 @@
+#include "win32/page_face.h"
+
+#include <commctrl.h>
+
+namespace win32 {
+namespace {
+
+// The pixel in the middle of what a tab control paints.
+COLORREF PaintedColour(HWND tabs) {
+  RECT client{};
+  GetClientRect(tabs, &client);
+  TabCtrl_AdjustRect(tabs, FALSE, &client);
+  const POINT middle{(client.left + client.right) / 2, (client.top + client.bottom) / 2};
+  const WindowDc screen(tabs);
+  const UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
+  const UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), 1, 1));
+  const SelectedObject selected(dc.get(), bitmap.get());
+  const RECT pixel{0, 0, 1, 1};
+  FillRect(dc.get(), &pixel, GetSysColorBrush(COLOR_BTNFACE));
+  SetViewportOrgEx(dc.get(), -middle.x, -middle.y, nullptr);
+  SendMessageW(tabs, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc.get()),
+               PRF_CLIENT | PRF_ERASEBKGND);
+  SetViewportOrgEx(dc.get(), 0, 0, nullptr);
+  return GetPixel(dc.get(), 0, 0);
+}
+
+}  // namespace
+
+COLORREF PageFace::Colour() {
+  Brush();
+  return colour_;
+}
+
+HBRUSH PageFace::Brush() {
+  if (!brush_) {
+    colour_ = PaintedColour(tabs_);
+    brush_.reset(CreateSolidBrush(colour_));
+  }
+  return brush_.get();
+}
+
+RECT PageFace::Place() const {
+  RECT place{};
+  GetClientRect(tabs_, &place);
+  TabCtrl_AdjustRect(tabs_, FALSE, &place);
+  MapWindowPoints(tabs_, GetParent(tabs_), reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
+}  // namespace win32
