@@ -7,6 +7,14 @@
 //   window_times edits RUNS MENUFILE ROWS EDITOR
 //     a press of each of the editor's buttons that change the list, in the
 //     middle of it, and a rewrite of the file without a window
+//   window_times drop RUNS MENUFILE ROWS EDITOR
+//     a drop of 300 files, and what the shell takes to name them
+//   window_times icons RUNS FOLDER EDITOR
+//     the start with 1,000 entries that have no icon of their own, with as many
+//     icons out of files and out of a library, and what the shell takes to get
+//     those icons; the files are written into the folder
+//   window_times template MENUFILE ROWS EDITOR TEMPLATE
+//     no time: writes the editor's controls as a dialog template
 #include <windows.h>
 
 #include <algorithm>
@@ -20,94 +28,18 @@
 #include <string>
 #include <vector>
 
+#include "benchmarks/running_program.h"
+#include "benchmarks/window_work.h"
 #include "editor/windows_files.h"
 #include "menufile/rewrite.h"
 #include "resources/resource.h"
 
 namespace {
 
-constexpr DWORD kMostMilliseconds = 60'000;
+using bench::Now;
+using bench::RunningProgram;
 
-double Now() {
-  LARGE_INTEGER frequency, count;
-  QueryPerformanceFrequency(&frequency);
-  QueryPerformanceCounter(&count);
-  return 1e6 * static_cast<double>(count.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-// A program with a window that has a list. It ends with this object.
-class RunningProgram {
- public:
-  RunningProgram(const std::string& program, const std::string& menu) {
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    std::string line = '"' + program + "\" \"" + menu + '"';
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process_)) {
-      throw std::runtime_error("cannot start " + program);
-    }
-  }
-  RunningProgram(const RunningProgram&) = delete;
-  RunningProgram& operator=(const RunningProgram&) = delete;
-  ~RunningProgram() {
-    PostMessageA(window_, WM_CLOSE, 0, 0);
-    if (WaitForSingleObject(process_.hProcess, kMostMilliseconds) != WAIT_OBJECT_0) {
-      TerminateProcess(process_.hProcess, EXIT_FAILURE);
-    }
-    CloseHandle(process_.hThread);
-    CloseHandle(process_.hProcess);
-  }
-
-  // Returns once the list is on the screen with so many rows, painted.
-  void AwaitList(LRESULT rows) {
-    WaitForInputIdle(process_.hProcess, kMostMilliseconds);
-    const ULONGLONG end = GetTickCount64() + kMostMilliseconds;
-    while (!IsListShown(rows)) {
-      if (GetTickCount64() > end) {
-        throw std::runtime_error("the list was not shown within a minute");
-      }
-      Sleep(1);
-    }
-  }
-
-  HWND window() const { return window_; }
-  HWND list() const { return list_; }
-
- private:
-  bool IsListShown(LRESULT rows) {
-    window_ = list_ = nullptr;
-    EnumThreadWindows(process_.dwThreadId, FindWindowWithList, reinterpret_cast<LPARAM>(this));
-    return list_ != nullptr && SendMessageA(list_, LB_GETCOUNT, 0, 0) == rows &&
-           !GetUpdateRect(list_, nullptr, FALSE);
-  }
-
-  static BOOL CALLBACK FindWindowWithList(HWND window, LPARAM parameter) {
-    auto& self = *reinterpret_cast<RunningProgram*>(parameter);
-    if (IsWindowVisible(window)) {
-      EnumChildWindows(window, FindList, parameter);
-      self.window_ = window;
-    }
-    return self.list_ == nullptr;
-  }
-
-  static BOOL CALLBACK FindList(HWND control, LPARAM parameter) {
-    char type[16] = "";
-    GetClassNameA(control, type, sizeof type);
-    if (IsWindowVisible(control) && lstrcmpiA(type, "ListBox") == 0) {
-      reinterpret_cast<RunningProgram*>(parameter)->list_ = control;
-      return FALSE;
-    }
-    return TRUE;
-  }
-
-  PROCESS_INFORMATION process_{};
-  HWND window_ = nullptr;
-  HWND list_ = nullptr;
-};
-
-void Print(const char* name, double microseconds) {
-  std::cout << name << ' ' << microseconds << '\n';
-}
+using bench::Print;
 
 void MeasureStart(int runs, const std::string& menu, LRESULT rows, char** programs, int count) {
   std::vector<double> times(static_cast<std::size_t>(count), std::numeric_limits<double>::max());
@@ -189,19 +121,22 @@ void MeasureEdits(int runs, const std::string& menu, LRESULT rows, const std::st
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count < 6) {
-    std::cerr << "usage: window_times start|edits RUNS MENUFILE ROWS PROGRAM...\n";
-    return 2;
-  }
-  const std::string what = arguments[1];
-  const int runs = std::atoi(arguments[2]);
-  const std::string menu = arguments[3];
-  const LRESULT rows = std::atoi(arguments[4]);
+  const std::vector<std::string> words(arguments + 1, arguments + count);
+  const auto number = [&](std::size_t i) { return std::atoi(words.at(i).c_str()); };
   try {
+    const std::string& what = words.at(0);
     if (what == "start") {
-      MeasureStart(runs, menu, rows, arguments + 5, count - 5);
+      MeasureStart(number(1), words.at(2), number(3), arguments + 5, count - 5);
+    } else if (what == "edits") {
+      MeasureEdits(number(1), words.at(2), number(3), words.at(4));
+    } else if (what == "drop") {
+      bench::MeasureDrop(number(1), words.at(2), number(3), words.at(4));
+    } else if (what == "icons") {
+      bench::MeasureIcons(number(1), words.at(2), words.at(3));
+    } else if (what == "template") {
+      bench::WriteTemplate(words.at(1), number(2), words.at(3), words.at(4));
     } else {
-      MeasureEdits(runs, menu, rows, arguments[5]);
+      throw std::invalid_argument("no such work: " + what);
     }
   } catch (const std::exception& failure) {
     std::cerr << "window_times: " << failure.what() << '\n';

@@ -83,7 +83,7 @@ void PutMouseAt(POINT place) {
 // only when the button is let go.
 DWORD WINAPI Hand(void* window) {
   const HWND source = static_cast<HWND>(window);
-  const auto& what = *reinterpret_cast<const Source*>(GetWindowLongPtrA(source, GWLP_USERDATA));
+  auto& what = *reinterpret_cast<Source*>(GetWindowLongPtrA(source, GWLP_USERDATA));
   const POINT begin = Middle(source);
   for (int tries = 0; tries < 10 && !what.begun; ++tries) {
     if (tries > 0) {
@@ -100,6 +100,12 @@ DWORD WINAPI Hand(void* window) {
     mouse_event(MOUSEEVENTF_MOVE, 0, 0, 0, 0);
     Sleep(5 * kStep);
   }
+  LARGE_INTEGER frequency{};
+  LARGE_INTEGER now{};
+  QueryPerformanceFrequency(&frequency);
+  QueryPerformanceCounter(&now);
+  what.result.letGo =
+      1e6 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
   mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
   // The message of it may have gone to a window that came to the front just
   // then; any other makes OLE look at the button again.

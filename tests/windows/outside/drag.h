@@ -16,6 +16,8 @@ struct DragResult {
   bool begun = false;    // the mouse button reached the source
   bool dropped = false;  // and not cancelled
   DWORD effect = DROPEFFECT_NONE;
+  // When the button was let go, in microseconds of the performance counter.
+  double letGo = 0;
   // The effect that the target showed while the pointer was above it.
   DWORD shownEffect = DROPEFFECT_NONE;
 };
