@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <commctrl.h>
 #include <windowsx.h>
 
 #include <optional>
@@ -139,9 +138,11 @@ void OpenMenu(HWND list, ItemList& items, std::optional<POINT> point) {
                  nullptr);
 }
 
-LRESULT CALLBACK ListProcedure(HWND list, UINT message, WPARAM wide, LPARAM data, UINT_PTR id,
-                               DWORD_PTR itemList) {
-  ItemList& items = *reinterpret_cast<ItemList*>(itemList);
+// That of every list box, which ListProcedure() stands before.
+WNDPROC listBoxProcedure = nullptr;
+
+LRESULT CALLBACK ListProcedure(HWND list, UINT message, WPARAM wide, LPARAM data) {
+  ItemList& items = *reinterpret_cast<ItemList*>(GetWindowLongPtrW(list, GWLP_USERDATA));
   switch (message) {
     case WM_GETDLGCODE:
       if (wide == VK_RETURN) {  // else it would press the default button
@@ -171,19 +172,20 @@ LRESULT CALLBACK ListProcedure(HWND list, UINT message, WPARAM wide, LPARAM data
       OpenMenu(list, items, isFromKey ? std::nullopt : std::optional(point));
       return 0;
     }
-    case WM_NCDESTROY:
-      RemoveWindowSubclass(list, ListProcedure, id);
-      break;
     default:
       break;
   }
-  return DefSubclassProc(list, message, wide, data);
+  return CallWindowProcW(listBoxProcedure, list, message, wide, data);
 }
 
 }  // namespace
 
 void AnswerListKeys(ItemList& items) {
-  SetWindowSubclass(items.window(), ListProcedure, 0, reinterpret_cast<DWORD_PTR>(&items));
+  // SetWindowSubclass() would look for its data anew with each message, and a menu
+  // of 20,000 entries is as many messages.
+  SetWindowLongPtrW(items.window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&items));
+  listBoxProcedure = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(items.window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ListProcedure)));
 }
 
 }  // namespace editor
