@@ -148,6 +148,7 @@ class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInte
     target->Drop(data, 0, {}, &effect);
     EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_COPY));
     data->Release();
+    RunMessages();  // the files are added after the drop
   }
 
   // Another start of the program on the same file.
