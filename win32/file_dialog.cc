@@ -21,8 +21,8 @@ std::optional<std::wstring> ChooseFile(HWND owner, const wchar_t* title, const w
   dialog.lpstrFile = path;
   dialog.nMaxFile = static_cast<DWORD>(std::size(path));
   dialog.lpstrTitle = title;
-  dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
-  // The flag alone does not hold: Windows says that this dialog takes no notice.
+  dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY;
+  // Windows documents that this dialog takes no notice of OFN_NOCHANGEDIR.
   const CurrentFolderKept kept;
   if (!DialogFunction<decltype(GetOpenFileNameW)>("GetOpenFileNameW")(&dialog)) {
     return std::nullopt;

@@ -59,7 +59,8 @@ class BusyFilesTest : public ListTest {
     return [file] { CloseHandle(file); };
   }
   std::function<void()> HoldAMapping() {
-    const HANDLE file = OpenToHold(path_, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+    const HANDLE file = CreateFileA(path_.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
     const HANDLE mapping = CreateFileMappingA(file, nullptr, PAGE_READONLY, 0, 0, nullptr);
     void* const view = MapViewOfFile(mapping, FILE_MAP_READ, 0, 0, 0);
     EXPECT_NE(view, nullptr);

@@ -314,6 +314,11 @@ TEST_F(DropTest, TheTargetGoesWithTheWindow) {
   IDropTarget* const target = Target();
   ASSERT_NE(target, nullptr);
   target->AddRef();
+  void* object = nullptr;
+  ASSERT_EQ(target->QueryInterface(IID_IDropTarget, &object), S_OK);
+  EXPECT_EQ(object, target);
+  target->Release();
+  EXPECT_EQ(target->QueryInterface(IID_IDataObject, &object), E_NOINTERFACE);
   SendMessageA(form().window(), WM_CLOSE, 0, 0);
   EXPECT_FALSE(IsWindow(list));
   // OLE and the window hold it no more.

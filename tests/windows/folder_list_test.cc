@@ -60,12 +60,6 @@ TEST_F(FolderListTest, LeavesOutHiddenFoldersOfTheSystemButOnTheWayToOne) {
   }
 }
 
-// Linux does not let anybody list this one.
-TEST_F(FolderListTest, AFolderThatMayNotBeListedIsEmpty) {
-  EXPECT_TRUE(SetPath("Z:\\proc\\1\\map_files"));
-  EXPECT_EQ(ListRows(), (Names{"Z:\\", "proc", "1", "map_files"}));
-}
-
 // Wine finds servers in a folder of its own.
 TEST_F(FolderListTest, GoesToAServer) {
   char prefix[MAX_PATH] = "";

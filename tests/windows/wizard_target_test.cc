@@ -204,7 +204,7 @@ TEST_F(WizardTargetTest, EnteringAFolderInBrowseKeepsTheCurrentDirectory) {
       SetWindowTextA(name, PathOf("inside").c_str());
       SendMessageA(dialog, WM_COMMAND, IDOK, 0);
       entered = IsWindow(dialog) != FALSE;  // it stays open, on that folder
-      // As the dialog of Windows does, whatever its flags; Wine's obeys them.
+      // As the dialog of Windows does at once, Wine's at its end.
       SetCurrentDirectoryA(PathOf("inside").c_str());
       SetWindowTextA(name, "chosen.exe");
       PostMessageA(dialog, WM_COMMAND, button, 0);
