@@ -6,8 +6,8 @@
 
 namespace editor {
 
-// The arguments of this process as they were typed: its command line behind the
-// program's name and the blanks around, quotes included.
+// The arguments of this process as they were typed: its command line after the
+// program's name, without the blanks around them, quotes included.
 std::wstring Arguments();
 
 // The path of the menu file: `arguments` without their first and last

@@ -217,8 +217,8 @@ void Form2::Command14Click() {
   }
 }
 
-// The keyboard would be lost on the button that goes: the one that comes in its
-// place takes over.
+// The focused button is about to be hidden: the focus moves to its counterpart on
+// the other page.
 void Form2::SwitchContents(Page page, int button) {
   const bool hasFocus = IsChild(window(), GetFocus()) != FALSE;
   ShowContents(page);
