@@ -37,7 +37,7 @@ void ItemList::Append(const std::string& caption, const std::string& target) {
 
 void ItemList::Rename(int row, const std::string& caption) {
   const bool selected = Selected() == row;
-  SendMessageW(list_, LB_DELETESTRING, static_cast<WPARAM>(row), 0);
+  DeleteRow(row);
   InsertRow(row, win32::ToText(caption));
   if (selected) {
     Select(row);
@@ -68,7 +68,7 @@ void ItemList::Remove(int row) {
   if (hidden_.size() > 1) {
     hidden_.erase(hidden_.begin() + row);
   }
-  SendMessageW(list_, LB_DELETESTRING, static_cast<WPARAM>(row), 0);
+  DeleteRow(row);
   Select(-1);
 }
 
@@ -132,6 +132,9 @@ ItemList::Ruler::Ruler(HWND list)
     : dc(list), font(dc.get(), reinterpret_cast<HGDIOBJ>(SendMessageW(list, WM_GETFONT, 0, 0))) {}
 
 int ItemList::Ruler::WidthOf(const std::wstring& caption) const {
+  if (caption == SeparatorText) {
+    return 0;
+  }
   constexpr std::size_t kMostCharacters = 4096;
   SIZE extent{};
   GetTextExtentPoint32W(dc.get(), caption.c_str(),
@@ -139,14 +142,19 @@ int ItemList::Ruler::WidthOf(const std::wstring& caption) const {
   return extent.cx;
 }
 
-// A list box scrolls sideways only as far as it is told. Separators may be cut.
+// A list box scrolls sideways only as far as it is told.
 void ItemList::WidenFor(const std::wstring& caption) {
-  if (caption == SeparatorText) {
-    return;
-  }
-  const int width = ruler_ ? ruler_->WidthOf(caption) : Ruler(list_).WidthOf(caption);
-  if (width > textWidth_) {
+  if (const int width = ruler_ ? ruler_->WidthOf(caption) : Ruler(list_).WidthOf(caption);
+      width > textWidth_) {
     SetTextWidth(width);
+  }
+}
+
+void ItemList::DeleteRow(int row) {
+  const bool isWidest = Ruler(list_).WidthOf(win32::ListText(list_, row)) >= textWidth_;
+  SendMessageW(list_, LB_DELETESTRING, static_cast<WPARAM>(row), 0);
+  if (isWidest && textWidth_ > 0) {
+    FitToFont();
   }
 }
 
@@ -161,8 +169,7 @@ void ItemList::FitToFont() {
   int widest = 0;
   const int count = Count();
   for (int row = 0; row < count; ++row) {
-    const std::wstring caption = win32::ListText(list_, row);
-    widest = caption == SeparatorText ? widest : std::max(widest, ruler.WidthOf(caption));
+    widest = std::max(widest, ruler.WidthOf(win32::ListText(list_, row)));
   }
   SetTextWidth(widest);
 }

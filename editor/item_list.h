@@ -102,7 +102,8 @@ class ItemList {
   // Measures captions in the list's font.
   struct Ruler {
     explicit Ruler(HWND list);
-    int WidthOf(const std::wstring& caption) const;  // in pixels
+    // In pixels; 0 for a separator, which may be cut.
+    int WidthOf(const std::wstring& caption) const;
 
     win32::WindowDc dc;
     win32::SelectedObject font;
@@ -112,6 +113,7 @@ class ItemList {
   void EndFilling();
   void AppendRow(int row, const std::string& caption, const std::string& target);
   void InsertRow(int row, const std::wstring& caption);
+  void DeleteRow(int row);
   void SetTextWidth(int width);
   void WidenFor(const std::wstring& caption);
 

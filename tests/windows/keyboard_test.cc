@@ -123,6 +123,16 @@ TEST_F(KeyboardTest, ControlTabGoesThroughTheTabs) {
   EXPECT_EQ(Tab(), 0);
 }
 
+TEST_F(KeyboardTest, AChangeOfTabsLeavesNoFocusOnAHiddenControl) {
+  OpenShown(UserDefinedMenu({ItemLine("One", "C:\\windows")}));
+  SetFocus(Control(IDC_FORM2_LIST1));
+  for (const int tab : {1, 2, 0}) {
+    SelectTab(tab);
+    EXPECT_TRUE(IsChild(form().window(), GetFocus())) << tab;
+    EXPECT_TRUE(IsWindowVisible(GetFocus())) << tab;
+  }
+}
+
 TEST_F(KeyboardTest, ArrowsGoThroughTheTabs) {
   OpenShown(UserDefinedMenu({}));
   SetFocus(Control(IDC_FORM2_SSTAB1));

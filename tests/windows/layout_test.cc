@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -149,6 +150,77 @@ TEST_F(LayoutTest, EveryTextHasRoom) {
       }
     }
   });
+}
+
+// A text that is longer than its box scrolls in it.
+TEST_F(LayoutTest, BoxesScrollSideways) {
+  VisitAll([](const std::string& page, HWND window) {
+    for (const HWND control : Shown(window)) {
+      if (Class(control) == "Edit") {
+        EXPECT_NE(GetWindowLongW(control, GWL_STYLE) & ES_AUTOHSCROLL, 0)
+            << page << ' ' << GetDlgCtrlID(control);
+      }
+    }
+  });
+}
+
+// Which edges of the window each button keeps its distance to.
+TEST_F(LayoutTest, ButtonsStayAtTheirEdges) {
+  struct Distances {
+    int left, top, right, bottom;
+  };
+  const auto distances = [](HWND window, int id) {
+    RECT client{};
+    GetClientRect(window, &client);
+    const RECT rect = Place(GetDlgItem(window, id));
+    return Distances{rect.left, rect.top, client.right - rect.right, client.bottom - rect.bottom};
+  };
+  constexpr int kAtTheTop[] = {IDC_FORM2_COMMAND13, IDC_FORM2_COMMAND2,  IDC_FORM2_COMMAND3,
+                               IDC_FORM2_COMMAND7,  IDC_FORM2_COMMAND4,  IDC_FORM2_COMMAND8,
+                               IDC_FORM2_COMMAND9,  IDC_FORM2_COMMAND11, IDC_FORM2_COMMAND14,
+                               IDC_FORM2_COMMAND6,  IDC_FORM2_COMMAND10};
+  constexpr int kAtTheBottom[] = {IDC_FORM2_COMMAND5, IDC_FORM2_COMMAND12, IDC_FORM2_COMMAND15};
+  ASSERT_TRUE(Open(testing_menus::UserDefinedMenu({})));
+  const HWND window = form().window();
+  std::map<int, Distances> before;
+  for (const int id : kAtTheTop) before[id] = distances(window, id);
+  for (const int id : kAtTheBottom) before[id] = distances(window, id);
+  Enlarge(window, 200, 150);
+  for (const int id : kAtTheTop) {
+    EXPECT_EQ(distances(window, id).right, before[id].right) << id;
+    EXPECT_EQ(distances(window, id).top, before[id].top) << id;
+    EXPECT_EQ(distances(window, id).left, before[id].left + 200) << id;
+  }
+  for (const int id : kAtTheBottom) {
+    EXPECT_EQ(distances(window, id).right, before[id].right) << id;
+    EXPECT_EQ(distances(window, id).bottom, before[id].bottom) << id;
+    EXPECT_EQ(distances(window, id).top, before[id].top + 150) << id;
+  }
+}
+
+// What does not move is not painted anew, and nothing is painted under a control first.
+TEST_F(LayoutTest, DraggingTheBorderPaintsNoMoreThanItHasTo) {
+  ASSERT_TRUE(Open(testing_menus::UserDefinedMenu({})));
+  EXPECT_NE(GetWindowLongW(form().window(), GWL_STYLE) & WS_CLIPCHILDREN, 0);
+  EXPECT_NE(GetWindowLongW(Control(IDC_FORM2_SSTAB1), GWL_STYLE) & WS_CLIPSIBLINGS, 0);
+  ShowWindow(form().window(), SW_SHOW);
+  RunMessages();
+  static int paints;
+  paints = 0;
+  const SUBCLASSPROC count = [](HWND control, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
+                                DWORD_PTR) -> LRESULT {
+    paints += message == WM_PAINT ? 1 : 0;
+    return DefSubclassProc(control, message, wide, data);
+  };
+  const int still[] = {IDC_FORM2_LABEL13, IDC_FORM2_LABEL14, IDC_FORM2_LIST1_LABEL};
+  for (const int id : still) {
+    SetWindowSubclass(Control(id), count, 99, 0);
+  }
+  Enlarge(form().window(), 40, 30);
+  EXPECT_EQ(paints, 0);
+  InvalidateRect(Control(still[0]), nullptr, TRUE);
+  RunMessages();
+  EXPECT_EQ(paints, 1);
 }
 
 // A box of one line is neither cramped nor does its text hang under its top.
