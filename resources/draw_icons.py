@@ -152,8 +152,8 @@ def default_menu_icon():
 
 
 # centre, radius, half an arm's length, an arm's width
-BADGE_GRID = {16: (11.5, 4, 2.5, 1), 32: (24, 6.8, 4, 2), 48: (36.5, 10, 5.5, 3),
-              64: (49, 13.4, 7, 4)}
+BADGE_GRID = {16: (11.5, 4, 2.5, 1), 32: (24, 6.8, 4, 2), 40: (30, 8.4, 5, 2),
+              48: (36.5, 10, 5.5, 3), 64: (49, 13.4, 7, 4)}
 
 
 def contents_icon(size):
@@ -186,7 +186,8 @@ def folder_icon(size):
     canvas.fill(Grown(back, corner), edge)
     canvas.fill(Grown(back, corner - line), down(top, bottom, color("#EBB040"), color("#D8942A")))
     inside = panel(canvas, snap(7), snap(2), snap(25), bottom - line, line, 1.5 * unit)
-    rows = {16: (2, 3, 1, 1), 32: (2, 6, 4, 2), 48: (2, 9, 5, 3), 64: (2, 12, 6, 4)}[size]
+    rows = {16: (2, 3, 1, 1), 32: (2, 6, 4, 2), 40: (2, 8, 4, 2), 48: (2, 9, 5, 3),
+            64: (2, 12, 6, 4)}[size]
     menu_rows(canvas, inside, rows, arrow=False)
     canvas.fill(RoundedRect(left, fold, right, bottom, corner), edge)
     front = RoundedRect(left + line, fold + line, right - line, bottom - line, corner - line)
@@ -209,8 +210,8 @@ def letter_a(canvas, center, top, bottom):
 
 
 # letter's top and bottom, swatches' top, their size, the gap between them
-APPEARANCE_GRID = {16: (3, 9, 10, 2, 1), 32: (5, 18, 20, 5, 2), 48: (8, 27, 30, 7, 3),
-                   64: (10, 36, 40, 10, 4)}
+APPEARANCE_GRID = {16: (3, 9, 10, 2, 1), 32: (5, 18, 20, 5, 2), 40: (6, 23, 25, 6, 3),
+                   48: (8, 27, 30, 7, 3), 64: (10, 36, 40, 10, 4)}
 
 
 def appearance_icon(size):
@@ -266,7 +267,7 @@ def icon_file(draw, sizes, packed):
 
 
 def pictures():
-    decoration = (16, 32, 48, 64)
+    decoration = (16, 32, 40, 48, 64)
     return {
         "default_menu.ico": ico([(32, 32, 8, icon_image_8(default_menu_icon()))]),
         "application.ico": icon_file(application_icon, (16, 20, 24, 32, 40, 48, 64, 256),
