@@ -6,6 +6,7 @@
 #include "editor/form2.h"
 #include "menufile/failure.h"
 #include "resources/resource.h"
+#include "win32/edit_box.h"
 #include "win32/message_box.h"
 #include "win32/text.h"
 #include "win32/wait_pointer.h"
@@ -55,6 +56,7 @@ void Form2::CreateDirectoryPage() {
   // Without a limit there is always room for the backslash.
   SendMessageW(Control(IDC_FORM2_TEXT7), EM_SETLIMITTEXT, 0, 0);
   SendMessageW(Control(IDC_FORM2_TEXT8), EM_SETLIMITTEXT, 0, 0);
+  win32::RefuseUnheldCharacters(Control(IDC_FORM2_TEXT8));
 }
 
 void Form2::StartDirectoryPage() {
@@ -168,9 +170,9 @@ bool Form2::RewriteSilently(const MenuChange& change) {
 }
 
 void Form2::Command15Click() {
-  const std::wstring path = win32::WindowText(Control(IDC_FORM2_TEXT7));
-  const std::optional<std::string> folderPath =
-      folderPath_.IsShownBy(path) ? folderPath_.bytes : win32::PathToBytes(path);
+  const HWND text7 = Control(IDC_FORM2_TEXT7);
+  const std::wstring path = win32::WindowText(text7);
+  const std::optional<std::string> folderPath = folderPath_.PathBytesOf(path);
   const std::wstring pattern = win32::WindowText(Control(IDC_FORM2_TEXT8));
   const std::optional<std::string> filePattern = filePattern_.BytesOf(pattern);
   if (!folderPath || !filePattern) {
@@ -178,6 +180,10 @@ void Form2::Command15Click() {
                                    ? L"The file pattern " + pattern + std::wstring(kCannotBeSaved)
                                    : L"The path " + path + std::wstring(kCannotBeSaved));
     return;
+  }
+  // It may have got short names.
+  if (!folderPath_.IsShownBy(path) && win32::ToText(*folderPath) != path) {
+    win32::SetText(text7, win32::ToText(*folderPath));
   }
   const auto flag = [this](int id) {
     return Value::Bare(IsDlgButtonChecked(window(), id) == BST_CHECKED ? "1" : "0");

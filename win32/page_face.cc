@@ -9,7 +9,7 @@ namespace {
 COLORREF PaintedColour(HWND tabs) {
   RECT client{};
   GetClientRect(tabs, &client);
-  TabCtrl_AdjustRect(tabs, FALSE, &client);
+  SendMessageW(tabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&client));
   const POINT middle{(client.left + client.right) / 2, (client.top + client.bottom) / 2};
   const WindowDc screen(tabs);
   const UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
@@ -42,7 +42,7 @@ HBRUSH PageFace::Brush() {
 RECT PageFace::Place() const {
   RECT place{};
   GetClientRect(tabs_, &place);
-  TabCtrl_AdjustRect(tabs_, FALSE, &place);
+  SendMessageW(tabs_, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&place));
   MapWindowPoints(tabs_, GetParent(tabs_), reinterpret_cast<POINT*>(&place), 2);
   return place;
 }

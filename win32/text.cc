@@ -13,6 +13,48 @@ struct CloseSearch {
   void operator()(HANDLE search) const { FindClose(search); }
 };
 
+constexpr wchar_t kReplacement = L'\xFFFD';
+
+// Nothing when the flags forbid what is in the bytes.
+std::optional<std::wstring> Decode(std::string_view bytes, DWORD flags) {
+  const auto convert = [&](wchar_t* out, int size) {
+    return MultiByteToWideChar(CP_ACP, flags, bytes.data(), static_cast<int>(bytes.size()), out,
+                               size);
+  };
+  std::wstring text(static_cast<std::size_t>(convert(nullptr, 0)), L'\0');
+  if (text.empty() && !bytes.empty()) {
+    return std::nullopt;
+  }
+  convert(text.data(), static_cast<int>(text.size()));
+  return text;
+}
+
+std::string Encode(std::wstring_view text) {
+  const auto convert = [&](char* out, int size) {
+    return WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), out, size,
+                               nullptr, nullptr);
+  };
+  std::string bytes(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+  convert(bytes.data(), static_cast<int>(bytes.size()));
+  return bytes;
+}
+
+// Of text that is not all characters, with the number of bytes that it takes.
+std::pair<std::wstring, std::size_t> FirstCharacter(std::string_view bytes) {
+  CPINFO page{};
+  GetCPInfo(CP_ACP, &page);
+  for (std::size_t length = 1; length <= std::min<std::size_t>(page.MaxCharSize, bytes.size());
+       ++length) {
+    if (auto character = Decode(bytes.substr(0, length), MB_ERR_INVALID_CHARS)) {
+      return {*character, length};
+    }
+  }
+  // Some bytes have a private character of their own.
+  const std::wstring character = Decode(bytes.substr(0, 1), 0).value_or(L"");
+  const bool isOwn = Encode(character) == bytes.substr(0, 1);
+  return {isOwn ? character : std::wstring(1, kReplacement), 1};
+}
+
 constexpr std::wstring_view kSeparators = L"\\/";
 
 // Empty when there is no such file, or its volume keeps no short names.
@@ -33,24 +75,27 @@ std::wstring ShortNameOf(const std::wstring& path, std::wstring_view name) {
 }  // namespace
 
 std::wstring ToText(std::string_view bytes) {
-  const auto convert = [&](wchar_t* out, int size) {
-    return MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()), out, size);
-  };
-  std::wstring text(static_cast<std::size_t>(convert(nullptr, 0)), L'\0');
-  convert(text.data(), static_cast<int>(text.size()));
+  if (const std::optional<std::wstring> text = Decode(bytes, MB_ERR_INVALID_CHARS)) {
+    return *text;
+  }
+  // Character by character. Windows itself would show what cannot be read as a
+  // question mark, or in Japanese as a middle dot.
+  std::wstring text;
+  while (!bytes.empty()) {
+    const auto [character, length] = FirstCharacter(bytes);
+    text += character;
+    bytes.remove_prefix(length);
+  }
   return text;
 }
 
 // There and back again is the test that holds in every code page; the flags that
 // Windows has against replacing are not allowed in all of them.
 std::optional<std::string> ToBytes(std::wstring_view text) {
-  const auto convert = [&](char* out, int size) {
-    return WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), out, size,
-                               nullptr, nullptr);
-  };
-  std::string bytes(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
-  convert(bytes.data(), static_cast<int>(bytes.size()));
-  return ToText(bytes) == text ? std::optional(std::move(bytes)) : std::nullopt;
+  std::string bytes = Encode(text);
+  const bool isHeld =
+      text.find(kReplacement) == std::wstring_view::npos && Decode(bytes, 0).value_or(L"") == text;
+  return isHeld ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
 std::optional<std::string> PathToBytes(std::wstring_view path) {

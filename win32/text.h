@@ -13,12 +13,12 @@
 namespace win32 {
 
 // The characters that the bytes stand for. Bytes that stand for none, a lead byte
-// at the end for one, become the code page's replacement character: nothing goes
-// back to the file from what is only shown.
+// at the end for one, become U+FFFD.
 std::wstring ToText(std::string_view bytes);
 
 // The bytes of a text; nothing when the code page does not hold each of its
-// characters. None is replaced by one that looks like it, or by a question mark.
+// characters, or when U+FFFD is among them. None is replaced by one that looks like
+// it, or by a question mark.
 std::optional<std::string> ToBytes(std::wstring_view text);
 
 // The same for a path. The parts of it that the code page does not hold are
@@ -36,6 +36,10 @@ struct ShownBytes {
   // Of what the box says now; nothing as for ToBytes().
   std::optional<std::string> BytesOf(std::wstring_view box) const {
     return IsShownBy(box) ? bytes : ToBytes(box);
+  }
+  // The same for a path, as for PathToBytes().
+  std::optional<std::string> PathBytesOf(std::wstring_view box) const {
+    return IsShownBy(box) ? bytes : PathToBytes(box);
   }
 };
 

@@ -7,6 +7,7 @@
 #include "menufile/rewrite.h"
 #include "menufile/scratch_file.h"
 #include "resources/resource.h"
+#include "win32/edit_box.h"
 #include "win32/file_dialog.h"
 #include "win32/message_box.h"
 #include "win32/route.h"
@@ -37,6 +38,10 @@ constexpr const wchar_t* kProgramFilter =
 }  // namespace
 
 Form3::Form3(editor::Form2& form2) : Form(kForm3Plan, form2.window(), kTargetPage), form2_(form2) {
+  // Not the target: what the code page does not hold of a path gets short names.
+  for (const int box : {IDC_FORM3_TEXT2, IDC_FORM3_TEXT3, IDC_FORM3_TEXT4}) {
+    win32::RefuseUnheldCharacters(Control(box));
+  }
   OnArranged();
   Text1Change();
   EnableWindow(Control(IDC_FORM3_COMMAND4), FALSE);
@@ -83,11 +88,9 @@ void Form3::Command1Click() {
     win32::ShowError(window(), L"File " + typed + L" cannot be accessed. Please check the path.");
     return;
   }
-  // What the entry will hold may have short names in it.
-  if (!target_.IsShownBy(typed)) {
-    if (const std::wstring text = win32::ToText(*target); text != typed) {
-      win32::SetText(Control(IDC_FORM3_TEXT1), text);
-    }
+  // It may have got short names.
+  if (!target_.IsShownBy(typed) && win32::ToText(*target) != typed) {
+    win32::SetText(Control(IDC_FORM3_TEXT1), win32::ToText(*target));
   }
   ShowPages(kNamePage);
   win32::SetText(Control(IDC_FORM3_LABEL1), kNamePrompt);
@@ -145,8 +148,7 @@ void Form3::OnArranged() {
 std::wstring Form3::Text(int id) const { return win32::WindowText(Control(id)); }
 
 std::optional<std::string> Form3::Target() const {
-  const std::wstring text = Text(IDC_FORM3_TEXT1);
-  return target_.IsShownBy(text) ? target_.bytes : win32::PathToBytes(text);
+  return target_.PathBytesOf(Text(IDC_FORM3_TEXT1));
 }
 
 std::optional<Entry> Form3::TypedEntry() const {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "tests/windows/window_bytes.h"
+#include "win32/window_text.h"
 
 namespace {
 
@@ -88,7 +89,8 @@ void DialogAnswers::Handle(HWND dialog) {
     drive(dialog);
     return;
   }
-  ShownBox box{WindowBytes(dialog), WindowBytes(message), {}};
+  ShownBox box{WindowBytes(dialog), WindowBytes(message), {}, nullptr, {}};
+  box.wideText = win32::WindowText(message);
   const HWND owner = GetWindow(dialog, GW_OWNER);
   box.owner = owner != nullptr && !IsWindowEnabled(owner) ? owner : nullptr;
   EnumChildWindows(dialog, AddButton, reinterpret_cast<LPARAM>(&box));

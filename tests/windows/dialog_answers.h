@@ -14,6 +14,7 @@ struct ShownBox {
   std::string text;
   std::vector<std::string> buttons;  // captions, without "&"
   HWND owner = nullptr;              // which was disabled meanwhile; nullptr for none
+  std::wstring wideText;
 };
 
 // Answers the modal boxes and dialogs that the code under test opens on this

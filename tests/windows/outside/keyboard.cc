@@ -40,6 +40,19 @@ void TypeText(const std::string& text) {
   }
 }
 
+void TypeCharacters(const std::wstring& text) {
+  for (const wchar_t half : text) {
+    INPUT inputs[2]{};
+    for (INPUT& input : inputs) {
+      input.type = INPUT_KEYBOARD;
+      input.ki.wScan = half;
+      input.ki.dwFlags = KEYEVENTF_UNICODE;
+    }
+    inputs[1].ki.dwFlags |= KEYEVENTF_KEYUP;
+    SendInput(2, inputs, sizeof(INPUT));
+  }
+}
+
 HWND FocusIn(HWND window) {
   GUITHREADINFO info{};
   info.cbSize = sizeof info;

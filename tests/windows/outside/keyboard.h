@@ -14,6 +14,8 @@ namespace outside {
 void PressKey(WORD key, const std::vector<WORD>& held = {});
 // What an American keyboard has keys for.
 void TypeText(const std::string& text);
+// Characters that no key has, as a screen keyboard sends them.
+void TypeCharacters(const std::wstring& text);
 
 // The control of another program's window that has the focus.
 HWND FocusIn(HWND window);

@@ -69,6 +69,16 @@ Program::Program(const CommandLine& line, const std::string& folder) {
                  nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup, &process_);
 }
 
+Program::Program(const std::wstring& menuPath, const std::wstring& folder) {
+  const std::string editor = EditorPath();
+  std::wstring commandLine =
+      L"\"" + std::wstring(editor.begin(), editor.end()) + L"\" \"" + menuPath + L"\"";
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(),
+                 &startup, &process_);
+}
+
 Program::~Program() {
   if (Started()) {
     Kill();

@@ -37,6 +37,7 @@ class Program {
   // The same on a menu file.
   Program(const std::string& menuPath, const std::string& folder)
       : Program(CommandLine{'"' + menuPath + '"'}, folder) {}
+  Program(const std::wstring& menuPath, const std::wstring& folder);
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;

@@ -1,0 +1,418 @@
+#include "editor/command_line.h"
+#include "tests/windows/code_pages.h"
+#include "tests/windows/drag_data.h"
+#include "tests/windows/icon_files.h"
+#include "tests/windows/wizard_test_base.h"
+#include "win32/text.h"
+#include "win32/window_text.h"
+
+using testing_menus::DirectoryMenu;
+using testing_menus::ItemLine;
+using testing_menus::UserDefinedMenu;
+using win32::ToBytes;
+using win32::ToText;
+
+namespace {
+
+// A lead byte where pages have them; else one character like others.
+constexpr const char* kLead = "\xE3";
+
+bool HasLeadBytes() {
+  CPINFO info{};
+  GetCPInfo(CP_ACP, &info);
+  return info.MaxCharSize > 1;
+}
+
+std::wstring ShortNameOf(const std::wstring& path) {
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW(path.c_str(), &found);
+  EXPECT_NE(search, INVALID_HANDLE_VALUE);
+  FindClose(search);
+  EXPECT_NE(found.cAlternateFileName[0], L'\0');
+  return found.cAlternateFileName;
+}
+
+void WriteEmpty(const std::wstring& path) {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
+  ASSERT_NE(file, INVALID_HANDLE_VALUE);
+  CloseHandle(file);
+}
+
+}  // namespace
+
+// Runs in each of the code pages (tools/code_page.sh).
+class CodePageTest : public WizardTestBase {
+ protected:
+  std::wstring WidePathOf(const std::wstring& name) { return ToText(folder()) + L"\\" + name; }
+  // UTF-8 holds all names that there are.
+  bool HoldsEveryName() const { return page.number == CP_UTF8; }
+
+  // Through the message loop, as from the keyboard.
+  void TypeCharacters(HWND box, const std::wstring& text) {
+    for (const wchar_t half : text) {
+      PostMessageW(box, WM_CHAR, half, 1);
+    }
+    RunMessages();
+  }
+  void SetWide(HWND box, const std::wstring& text) {
+    SendMessageW(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    RunMessages();
+  }
+  void Paste(HWND box, const std::wstring& text) {
+    const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL data = GlobalAlloc(GMEM_MOVEABLE, size);
+    memcpy(GlobalLock(data), text.c_str(), size);
+    GlobalUnlock(data);
+    ASSERT_TRUE(OpenClipboard(form().window()));
+    EmptyClipboard();
+    SetClipboardData(CF_UNICODETEXT, data);
+    CloseClipboard();
+    SendMessageW(box, WM_PASTE, 0, 0);
+    RunMessages();
+  }
+  void ChooseInDialog(const std::wstring& path) {
+    answers.OnDialog([path](HWND dialog) {
+      HWND name = GetDlgItem(dialog, 0x47C);  // the name box with a list, or without
+      name = name != nullptr ? name : GetDlgItem(dialog, 0x480);
+      SetWindowTextW(name, path.c_str());
+      PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+  }
+  void Drop(const std::vector<std::wstring>& paths) {
+    auto* const target =
+        static_cast<IDropTarget*>(GetPropW(Control(IDC_FORM2_LIST1), L"OleDropTargetInterface"));
+    DragData* const data = DragData::Files(paths);
+    DWORD effect = DROPEFFECT_COPY;
+    EXPECT_EQ(target->DragEnter(data, MK_LBUTTON, {}, &effect), S_OK);
+    EXPECT_EQ(target->Drop(data, 0, {}, &effect), S_OK);
+    data->Release();
+    RunMessages();
+  }
+  std::wstring Row(int row) { return win32::ListText(Control(IDC_FORM2_LIST1), row); }
+  void ExpectError(const std::wstring& text) {
+    ASSERT_FALSE(answers.Shown().empty());
+    EXPECT_EQ(answers.Shown().back().title, "Error!");
+    EXPECT_EQ(answers.Shown().back().wideText, text);
+  }
+
+  const testing_pages::Page& page = testing_pages::ThisPage();
+};
+
+namespace {
+
+TEST_F(CodePageTest, TextGoesThereAndBack) {
+  EXPECT_EQ(ToText(page.bytes), page.held);
+  EXPECT_EQ(ToBytes(page.held), page.bytes);
+  EXPECT_EQ(ToBytes(page.held + page.other), std::nullopt);
+  EXPECT_EQ(ToBytes(L"\xD800"), std::nullopt);
+  EXPECT_EQ(ToBytes(L"\xFFFD"), std::nullopt);
+  EXPECT_EQ(ToText(""), L"");
+  int lost = 0;
+  for (int byte = 1; byte < 0x100; ++byte) {
+    const std::string one(1, static_cast<char>(byte));
+    const std::wstring text = ToText(one);
+    lost += text == L"\xFFFD" ? 1 : 0;
+    EXPECT_TRUE(text == L"\xFFFD" || ToBytes(text) == one) << byte;
+    // What stands after it is no part of it.
+    EXPECT_EQ(ToText(std::string("\"" + one + "\"")), L"\"" + text + L"\"") << byte;
+  }
+  EXPECT_EQ(lost > 0, HasLeadBytes());
+}
+
+TEST_F(CodePageTest, IsTypedPastedAndSet) {
+  ASSERT_TRUE(OpenLines({}));
+  OpenAdd();
+  TypeCharacters(WizardControl(IDC_FORM3_TEXT1), L"news:" + page.held);
+  // What the code page does not have stays out.
+  TypeCharacters(WizardControl(IDC_FORM3_TEXT2), L"-" + page.held + page.other + L"z");
+  Paste(WizardControl(IDC_FORM3_TEXT2), page.other);
+  Paste(WizardControl(IDC_FORM3_TEXT3), page.held + L"\r\n" + page.other);
+  PressWizard(IDC_FORM3_COMMAND1);
+  SetWide(WizardControl(IDC_FORM3_TEXT4), L"b" + page.held);
+  PressWizard(IDC_FORM3_COMMAND5);
+  ExpectSettled(
+      {ItemLine("b" + page.bytes, "news:" + page.bytes, "-" + page.bytes + "z", page.bytes)});
+  EXPECT_EQ(Row(0), L"b" + page.held);
+}
+
+TEST_F(CodePageTest, FinishTellsWhichBoxCannotBeSaved) {
+  const std::string line = ItemLine("Name", "news:x", "-x", "C:\\");
+  ASSERT_TRUE(OpenLines({line}));
+  OpenEdit(0);
+  PressWizard(IDC_FORM3_COMMAND1);
+  const struct {
+    int box;
+    const wchar_t* name;
+  } boxes[] = {{IDC_FORM3_TEXT4, L"name"},
+               {IDC_FORM3_TEXT1, L"target"},
+               {IDC_FORM3_TEXT2, L"command line"},
+               {IDC_FORM3_TEXT3, L"start in folder"}};
+  for (const auto& box : boxes) {
+    const std::wstring before = win32::WindowText(WizardControl(box.box));
+    SetWide(WizardControl(box.box), page.other);
+    PressWizard(IDC_FORM3_COMMAND5);
+    ASSERT_NE(Wizard(), nullptr);
+    ExpectError(std::wstring(L"The ") + box.name + L" " + page.other +
+                L" cannot be saved. It has characters that a menu file cannot hold.");
+    SetWide(WizardControl(box.box), before);
+  }
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({line}));
+  PressWizard(IDC_FORM3_COMMAND5);
+  EXPECT_EQ(Wizard(), nullptr);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({line}));
+}
+
+TEST_F(CodePageTest, ATargetGetsShortNamesOnlyWhereItNeedsThem) {
+  const std::wstring part = HoldsEveryName() ? page.held : L"x" + page.other;
+  ASSERT_TRUE(CreateDirectoryW(WidePathOf(L"held " + page.held).c_str(), nullptr));
+  ASSERT_TRUE(CreateDirectoryW(WidePathOf(L"held " + page.held + L"\\" + part).c_str(), nullptr));
+  const std::wstring inside = WidePathOf(L"held " + page.held + L"\\" + part);
+  WriteEmpty(inside + L"\\file.txt");
+  const std::wstring stored =
+      HoldsEveryName() ? inside : WidePathOf(L"held " + page.held + L"\\" + ShortNameOf(inside));
+  ASSERT_TRUE(OpenLines({}));
+  OpenAdd();
+  SetWide(WizardControl(IDC_FORM3_TEXT1), inside + L"\\*.txt");
+  PressWizard(IDC_FORM3_COMMAND1);
+  EXPECT_EQ(win32::WindowText(WizardControl(IDC_FORM3_TEXT1)), stored + L"\\*.txt");
+  SetWide(WizardControl(IDC_FORM3_TEXT4), L"name");
+  PressWizard(IDC_FORM3_COMMAND5);
+  ExpectSettled({ItemLine("name", ToBytes(stored + L"\\*.txt").value())});
+}
+
+// The one whose name looks like it is not asked for; and a question mark that a
+// conversion makes is no wildcard.
+TEST_F(CodePageTest, ATargetIsNoOtherFile) {
+  for (const wchar_t* name : {L"eb.txt", L"Lb.txt", L"b.txt", L"xb.txt"}) {
+    WriteEmpty(WidePathOf(name));
+  }
+  ASSERT_TRUE(OpenLines({}));
+  OpenAdd();
+  for (const std::wstring& name :
+       {page.other + L"b.txt", page.other + L"*", page.other + L"\\b.txt", page.other}) {
+    SetWide(WizardControl(IDC_FORM3_TEXT1), WidePathOf(name));
+    PressWizard(IDC_FORM3_COMMAND1);
+    ExpectError(L"File " + WidePathOf(name) + L" cannot be accessed. Please check the path.");
+    EXPECT_TRUE(IsWindowVisible(WizardControl(IDC_FORM3_TEXT1)));
+  }
+  PressWizard(IDC_FORM3_COMMAND2);
+}
+
+// Two hundred characters and more may be four hundred bytes.
+TEST_F(CodePageTest, APathIsTooLongByItsCharacters) {
+  std::wstring path =
+      WidePathOf(std::wstring(70, page.held[0] == L'a' ? page.held[1] : page.held[0]));
+  ASSERT_TRUE(CreateDirectoryW(path.c_str(), nullptr));
+  path += L"\\" + std::wstring(258 - path.size() - 61, L'd');
+  ASSERT_TRUE(CreateDirectoryW(path.c_str(), nullptr));
+  path += L"\\" + path.substr(ToText(folder()).size() + 1, 60);
+  ASSERT_EQ(path.size(), 259U);
+  WriteEmpty(path);
+  ASSERT_TRUE(OpenLines({}));
+  OpenAdd();
+  SetWide(WizardControl(IDC_FORM3_TEXT1), path);
+  PressWizard(IDC_FORM3_COMMAND1);
+  ASSERT_TRUE(IsWindowVisible(WizardControl(IDC_FORM3_TEXT4)));
+  EXPECT_EQ(win32::WindowText(WizardControl(IDC_FORM3_TEXT4)), path.substr(path.size() - 60));
+  PressWizard(IDC_FORM3_COMMAND5);
+  ExpectSettled({ItemLine(ToBytes(path.substr(path.size() - 60)).value(), ToBytes(path).value())});
+}
+
+TEST_F(CodePageTest, IsBrowsedForInAllDialogs) {
+  const std::wstring name = page.held + (HoldsEveryName() ? L"" : page.other) + L".dll";
+  const std::wstring path = WidePathOf(name);
+  const std::wstring shortName = HoldsEveryName() ? name : (WriteEmpty(path), ShortNameOf(path));
+  WriteBytes(PathOf("plain.dll"), testing_icons::Library({RGB(1, 2, 3), RGB(4, 5, 6)}));
+  ASSERT_TRUE(CopyFileW(WidePathOf(L"plain.dll").c_str(), path.c_str(), FALSE));
+  const std::string bytes = ToBytes(WidePathOf(shortName)).value();
+  ASSERT_TRUE(OpenLines({ItemLine("Name", bytes)}));
+
+  SelectTab(1);
+  ChooseInDialog(path);
+  Press(IDC_FORM2_COMMAND10);
+  EXPECT_EQ(Text(IDC_FORM2_LABEL8), "2 Icons");
+  SelectTab(0);
+
+  SelectRow(0);
+  Press(IDC_FORM2_COMMAND11);
+  const HWND form4 = FindWindowW(L"Form4", nullptr);
+  ASSERT_NE(form4, nullptr);
+  ChooseInDialog(path);
+  SendMessageW(GetDlgItem(form4, IDC_FORM4_COMMAND2), BM_CLICK, 0, 0);
+  RunMessages();
+  SendMessageW(GetDlgItem(form4, IDC_FORM4_COMMAND1), BM_CLICK, 0, 0);
+  RunMessages();
+  EXPECT_TRUE(answers.Shown().empty());
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({ItemLine("Name", bytes, "", "", bytes, "0")}));
+
+  OpenEdit(0);
+  ChooseInDialog(path);
+  PressWizard(IDC_FORM3_COMMAND3);
+  EXPECT_EQ(win32::WindowText(WizardControl(IDC_FORM3_TEXT1)), path);
+  PressWizard(IDC_FORM3_COMMAND1);
+  PressWizard(IDC_FORM3_COMMAND5);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({ItemLine("Name", bytes, "", "", bytes, "0")}));
+}
+
+TEST_F(CodePageTest, IsDropped) {
+  WriteEmpty(WidePathOf(page.held));
+  const std::wstring part = HoldsEveryName() ? L"part" : L"x" + page.other;
+  WriteEmpty(WidePathOf(part));
+  const std::wstring shortName = HoldsEveryName() ? part : ShortNameOf(WidePathOf(part));
+  ASSERT_TRUE(OpenLines({}));
+  Drop({WidePathOf(page.held), WidePathOf(part), L"C:\\"});
+  ASSERT_EQ(Rows().size(), 3U);
+  EXPECT_EQ(Row(0), page.held);
+  EXPECT_EQ(Row(1), shortName);
+  EXPECT_NE(Row(2), std::wstring(editor::SeparatorText));
+  const std::string drive = ToBytes(Row(2)).value();
+  ExpectSettled({ItemLine(page.bytes, PathOf(page.bytes)),
+                 ItemLine(ToBytes(shortName).value(), ToBytes(WidePathOf(shortName)).value()),
+                 ItemLine(drive, "C:\\")});
+}
+
+TEST_F(CodePageTest, IsLoadedMovedEditedAndSaved) {
+  const auto line = [&](const std::string& name) {
+    return ItemLine(name, "news:" + page.bytes, page.bytes, page.bytes, page.bytes, "0");
+  };
+  const std::string other = ItemLine("Other", "C:\\other");
+  ASSERT_TRUE(OpenLines({line(page.bytes), other}));
+  EXPECT_EQ(Row(0), page.held);
+  SelectRow(0);
+  Press(IDC_FORM2_COMMAND8);
+  EXPECT_EQ(Row(1), page.held);
+  OpenEdit(1);
+  PressWizard(IDC_FORM3_COMMAND1);
+  EXPECT_EQ(win32::WindowText(WizardControl(IDC_FORM3_TEXT4)), page.held);
+  SendMessageW(WizardControl(IDC_FORM3_TEXT4), EM_SETSEL, 0, 0);
+  TypeCharacters(WizardControl(IDC_FORM3_TEXT4), page.held);
+  PressWizard(IDC_FORM3_COMMAND5);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({other, line(page.bytes + page.bytes)}));
+  EXPECT_EQ(Row(1), page.held + page.held);
+  Press(IDC_FORM2_COMMAND4);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({line(page.bytes + page.bytes), other}));
+}
+
+TEST_F(CodePageTest, ALoneLeadByteGoesBackAsItWas) {
+  const std::string lead = kLead;
+  const std::string appearance = "0,\"Taho" + lead + "\",8.25,0,0\r\n";
+  const std::string line =
+      ItemLine("Caf" + lead, "news:" + lead, "-x " + lead, "C:\\" + lead, "C:\\i" + lead, "0");
+  const std::string other = ItemLine("aurant menu", "C:\\windows\\notepad.exe", "", lead);
+  const std::string menu = UserDefinedMenu({line, other}, appearance);
+  ASSERT_TRUE(Open(menu));
+  const std::wstring shown = L"Caf" + ToText(lead);
+  EXPECT_EQ(shown.size(), 4U);
+  EXPECT_EQ(shown[3] == L'\xFFFD', HasLeadBytes());
+  EXPECT_EQ(Row(0), shown);
+  EXPECT_EQ(Row(1), L"aurant menu");
+  SelectRow(0);
+  Press(IDC_FORM2_COMMAND8);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({other, line}, appearance));
+  EXPECT_EQ(Row(1), shown);
+  Press(IDC_FORM2_COMMAND4);
+  EXPECT_EQ(MenuBytes(), menu);
+
+  OpenEdit(0);
+  PressWizard(IDC_FORM3_COMMAND1);
+  EXPECT_EQ(win32::WindowText(WizardControl(IDC_FORM3_TEXT4)), shown);
+  PressWizard(IDC_FORM3_COMMAND5);
+  ASSERT_EQ(Wizard(), nullptr);
+  EXPECT_EQ(MenuBytes(), menu);
+
+  // Together with what the user types it might become another character.
+  OpenEdit(0);
+  PressWizard(IDC_FORM3_COMMAND1);
+  SetWide(WizardControl(IDC_FORM3_TEXT4), shown + L"\\");
+  PressWizard(IDC_FORM3_COMMAND5);
+  if (HasLeadBytes()) {
+    ExpectError(L"The name " + shown +
+                L"\\ cannot be saved. It has characters that a menu file cannot hold.");
+    SetWide(WizardControl(IDC_FORM3_TEXT4), L"Caf\\");
+    PressWizard(IDC_FORM3_COMMAND5);
+    EXPECT_EQ(Row(0), L"Caf\\");
+  } else {
+    EXPECT_EQ(Row(0), shown + L"\\");
+  }
+  EXPECT_NE(MenuBytes().find(line.substr(line.find(","))), std::string::npos);
+
+  SelectTab(1);
+  Press(IDC_FORM2_COMMAND12);
+  EXPECT_NE(MenuBytes().find(appearance), std::string::npos);
+}
+
+TEST_F(CodePageTest, TheDirectoryPageKeepsAndRefusesBytes) {
+  const std::string lead = kLead;
+  const std::string line = "\"K:\\" + lead + "\",\"*." + lead + "\",1,0,1\r\n";
+  ASSERT_TRUE(Open(DirectoryMenu(line)));
+  Press(IDC_FORM2_COMMAND15);
+  // A backslash after it would be its second half.
+  const bool takesBackslash = page.number == 932 || page.number == 936;
+  EXPECT_EQ(MenuBytes(), DirectoryMenu("\"K:\\" + lead + (takesBackslash ? "" : "\\") + "\",\"*." +
+                                       lead + "\",1,0,1\r\n"));
+
+  const std::string saved = "\"K:\\" + page.bytes + "\\\",\"" + page.bytes + "\",1,0,1\r\n";
+  SetWide(Control(IDC_FORM2_TEXT7), L"K:\\" + page.held);
+  SetWide(Control(IDC_FORM2_TEXT8), L"");
+  TypeCharacters(Control(IDC_FORM2_TEXT8), page.other + page.held);
+  Press(IDC_FORM2_COMMAND15);
+  EXPECT_TRUE(answers.Shown().empty());
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(saved));
+
+  SetWide(Control(IDC_FORM2_TEXT7), L"K:\\x" + page.other);
+  Press(IDC_FORM2_COMMAND15);
+  ExpectError(L"The path K:\\x" + page.other +
+              L"\\ cannot be saved. It has characters that a menu file cannot hold.");
+  SetWide(Control(IDC_FORM2_TEXT7), L"K:\\" + page.held);
+  SetWide(Control(IDC_FORM2_TEXT8), L"x" + page.other);
+  Press(IDC_FORM2_COMMAND15);
+  ExpectError(L"The file pattern x" + page.other +
+              L" cannot be saved. It has characters that a menu file cannot hold.");
+  EXPECT_EQ(MenuBytes(), DirectoryMenu(saved));
+}
+
+TEST_F(CodePageTest, AFolderIsOpenedByItsOwnName) {
+  const std::wstring name = HoldsEveryName() ? page.held : page.held + page.other;
+  ASSERT_TRUE(CreateDirectoryW(WidePathOf(name).c_str(), nullptr));
+  ASSERT_TRUE(CreateDirectoryW((WidePathOf(name) + L"\\inside").c_str(), nullptr));
+  // Which looks like it.
+  CreateDirectoryW(WidePathOf(page.held + L"L").c_str(), nullptr);
+  CreateDirectoryW(WidePathOf(page.held + L"e").c_str(), nullptr);
+  ASSERT_TRUE(Open(DirectoryMenu("\"" + folder() + "\",\"*.*\",1,0,1\r\n")));
+  const HWND list = Control(IDC_FORM2_DIR1);
+  const LRESULT row = SendMessageW(list, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                   reinterpret_cast<LPARAM>(name.c_str()));
+  ASSERT_NE(row, LB_ERR);
+  SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
+  PostMessageW(list, WM_CHAR, L'\r', 1);
+  RunMessages();
+  const int count = static_cast<int>(SendMessageW(list, LB_GETCOUNT, 0, 0));
+  EXPECT_EQ(win32::ListText(list, count - 1), L"inside");
+  Press(IDC_FORM2_COMMAND15);
+  EXPECT_TRUE(answers.Shown().empty());
+  const std::wstring stored = HoldsEveryName() ? name : ShortNameOf(WidePathOf(name));
+  EXPECT_EQ(win32::WindowText(Control(IDC_FORM2_TEXT7)), WidePathOf(stored) + L"\\");
+  EXPECT_EQ(MenuBytes(),
+            DirectoryMenu("\"" + ToBytes(WidePathOf(stored)).value() + "\\\",\"*.*\",1,0,1\r\n"));
+}
+
+TEST_F(CodePageTest, TheCommandLineNamesAFileOrIsRefused) {
+  using editor::MenuFilePath;
+  EXPECT_EQ(MenuFilePath(L"\"C:\\" + page.held + L".menu\""), "C:\\" + page.bytes + ".menu");
+  EXPECT_EQ(MenuFilePath(page.held.substr(0, 1) + L"x.menu" + page.held[0]), "x.menu");
+  const std::wstring path = WidePathOf(L"a" + page.other + L".menu");
+  try {
+    MenuFilePath(L"\"" + path + L"\"");
+    ADD_FAILURE();
+  } catch (const win32::TextFailure& failure) {
+    EXPECT_EQ(failure.text(), L"Cannot open the file:\n" + path +
+                                  L"\n\nIts name has characters that the programs of this "
+                                  L"system's code page cannot use.");
+  }
+  if (!HoldsEveryName()) {
+    WriteEmpty(path);
+    EXPECT_EQ(MenuFilePath(L"\"" + path + L"\""), ToBytes(WidePathOf(ShortNameOf(path))));
+  }
+}
+
+}  // namespace
