@@ -1,5 +1,6 @@
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "editor/form2.h"
@@ -12,13 +13,14 @@ void Form2::ChangeItemIcon() {
   if (row < 0 || items_.Hidden(row).tag.empty()) {
     return;
   }
-  const std::optional<menufile::MenuEntry> entry = ReadEntry(row);
+  std::string bytes;
+  const std::optional<menufile::MenuItemRecord> entry = ReadEntry(row, bytes);
   if (!entry) {
     return;
   }
+  const menufile::Value& source = entry->iconFile.IsEmpty() ? entry->target : entry->iconFile;
   auto form4 = std::make_unique<icons::Form4>(*this);
-  form4->HandOver({row, entry->iconFile.empty() ? entry->target : entry->iconFile,
-                   menufile::Value::Bare(entry->iconIndex).Integer()});
+  form4->HandOver({row, source.Text(), entry->iconIndex.Integer()});
   OpenChild(std::move(form4));
 }
 

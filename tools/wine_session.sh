@@ -5,6 +5,8 @@
 #
 #   tools/wine_session.sh PREFIX COMMAND [ARGUMENT...]
 #
+# With CORVALIS_OWN_DISPLAY=1 the windows open on the display of whoever calls it.
+#
 # Inside, tools/wine_run.sh starts a Windows program in a fraction of a second,
 # for the session keeps one Wine server running.
 set -eu
@@ -17,7 +19,9 @@ if [ "${CORVALIS_WINE_SESSION:-}" != "$1" ]; then
   prepare_wine_prefix
   # --close keeps the lock from living on in a server that outlives us.
   export CORVALIS_WINE_SESSION=$1
-  exec flock --close "$WINEPREFIX.lock" "$project_root/tools/with_display.sh" "$0" "$@"
+  display=("$project_root/tools/with_display.sh")
+  [ -z "${CORVALIS_OWN_DISPLAY:-}" ] || display=()
+  exec flock --close "$WINEPREFIX.lock" "${display[@]}" "$0" "$@"
 fi
 shift
 

@@ -3,12 +3,13 @@
 #include <vector>
 
 #include "editor/form2.h"
-#include "menufile/changes.h"
+#include "menufile/append.h"
 #include "menufile/failure.h"
 #include "win32/message_box.h"
 #include "win32/shell_file.h"
 #include "win32/text.h"
 #include "win32/wait_pointer.h"
+#include "wizard/entry.h"
 
 namespace editor {
 namespace {
@@ -59,11 +60,14 @@ void Form2::List1Drop() {
 // time.
 void Form2::AddDropped(const std::vector<std::string>& paths) {
   const win32::WaitPointer wait;
-  std::vector<menufile::EntryTexts> entries;
+  std::vector<wizard::Entry> entries;
   for (const std::string& path : paths) {
     entries.push_back({NameOf(path), path, {}, {}});
   }
-  AddEntries(entries, false);
+  menufile::MenuAppender menu = OpenToAppend();
+  for (const wizard::Entry& entry : entries) {
+    wizard::AppendEntry(menu, items_, entry);
+  }
 }
 
 }  // namespace editor

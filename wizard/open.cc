@@ -1,5 +1,6 @@
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "editor/form2.h"
@@ -14,7 +15,8 @@ void Form2::Command3Click() {
   if (row < 0) {
     return;
   }
-  const std::optional<menufile::MenuEntry> entry = ReadEntry(row);
+  std::string bytes;
+  const std::optional<menufile::MenuItemRecord> entry = ReadEntry(row, bytes);
   if (!entry) {
     return;
   }

@@ -8,14 +8,14 @@
 
 #include "menufile/failure.h"
 #include "tests/menufile/loaded_menu.h"
+#include "tests/menufile/operation.h"
 #include "tests/menufile/sample_menus.h"
-#include "tests/menufile/user_change.h"
 
 namespace menufile {
 namespace {
 
 using namespace std::string_literals;
-using Kind = UserChange::Kind;
+using Kind = Operation::Kind;
 
 const std::string kHead =
     SamplePicture() + std::string(kMarker) + "\"USERDEF\"\r\n" + std::string(kAppearanceLine);
@@ -23,16 +23,16 @@ const std::string kPointerHead =
     SamplePicture() + std::string(kMarker) + "\"DIRPOINT\"\r\n" + std::string(kAppearanceLine);
 
 // The menu file after the operation; no scratch file may be left.
-std::string Rewritten(const std::string& menu, const UserChange& operation) {
+std::string Rewritten(const std::string& menu, const Operation& operation) {
   MemoryFiles files;
   files.Put(kMenuPath, menu);
-  Make(files, kMenuPath, operation);
+  RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
   EXPECT_EQ(std::nullopt, files.Get(ScratchFileOf(operation.kind)));
   return files.Get(kMenuPath).value_or("(none)");
 }
 
 std::string Rewritten(const std::string& menu, Kind kind, std::size_t row = 0) {
-  return Rewritten(menu, SampleChange(kind, row));
+  return Rewritten(menu, MakeOperation(kind, row));
 }
 
 std::string Items(std::vector<int> numbers) {
@@ -108,7 +108,7 @@ TEST(Edit, KeepsWhateverTypeLineThereIs) {
   for (const char* keyword : {"USERDEF", "DIRPOINT", "", "other\r\nkind"}) {
     const std::string menu = std::string(kMarker) + '"' + keyword + "\"\r\n" +
                              std::string(kAppearanceLine) + Items({0, 1});
-    UserChange nothing = SampleChange(Kind::Edit, 99);
+    Operation nothing = MakeOperation(Kind::Edit, 99);
     EXPECT_EQ(menu, Rewritten(menu, nothing));
   }
 }
@@ -119,7 +119,7 @@ TEST(ChangeIcon, ReplacesTheLastTwoFields) {
 }
 
 TEST(ChangeIcon, ToTheCaptionEmptiesTheIconFile) {
-  UserChange operation = SampleChange(Kind::ChangeIcon, 1);
+  Operation operation = MakeOperation(Kind::ChangeIcon, 1);
   operation.iconFile = "Icon";
   EXPECT_EQ(kHead + Items({0}) + "\"Icon\",\"C:\\t.exe\",\"\",\"\",\"\",12\r\n",
             Rewritten(UserMenu(2), operation));
@@ -129,18 +129,17 @@ TEST(ChangeIcon, ToTheCaptionEmptiesTheIconFile) {
 }
 
 TEST(SaveAppearance, ReplacesThePictureAndTheAppearanceLine) {
-  const UserChange operation = SampleChange(Kind::SaveAppearance);
-  EXPECT_EQ(operation.appearance.picture +
-                "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n" +
+  const Operation operation = MakeOperation(Kind::SaveAppearance);
+  EXPECT_EQ(operation.picture + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n" +
                 Items({0, 1, 2, 3}),
             Rewritten(UserMenu(4), operation));
 }
 
 TEST(SaveAppearance, WritesTheTypeLineAsUserDefinedWhateverItWas) {
-  const UserChange operation = SampleChange(Kind::SaveAppearance);
+  const Operation operation = MakeOperation(Kind::SaveAppearance);
   EXPECT_EQ(
-      operation.appearance.picture +
-          "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n" + Items({0}),
+      operation.picture + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n" +
+          Items({0}),
       Rewritten(std::string(kMarker) + "\"DIRPOINT\"\r\n" + PreviousVersionMenu(1), operation));
 }
 
@@ -148,8 +147,8 @@ TEST(SaveAppearance, OfADirectoryPointerFailsAndLeavesTheMenu) {
   MemoryFiles files;
   files.Put(kMenuPath, DirectoryMenu());
   try {
-    const UserChange operation = SampleChange(Kind::SaveAppearance);
-    Make(files, kMenuPath, operation);
+    const Operation operation = MakeOperation(Kind::SaveAppearance);
+    RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
     ADD_FAILURE() << "no failure";
   } catch (const Failure& failure) {
     EXPECT_EQ(
@@ -159,7 +158,8 @@ TEST(SaveAppearance, OfADirectoryPointerFailsAndLeavesTheMenu) {
         failure.what());
   }
   EXPECT_EQ(DirectoryMenu(), files.Get(kMenuPath));
-  EXPECT_EQ("\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n",
+  EXPECT_EQ(MakeOperation(Kind::SaveAppearance).picture +
+                "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n",
             files.Get("zoltempfileoktodelete"));
 }
 
@@ -170,9 +170,9 @@ TEST(SaveDirectory, WritesTheRecordBehindTheAppearanceAsRead) {
 }
 
 TEST(SaveDirectory, StoresEmptyTexts) {
-  UserChange operation = SampleChange(Kind::SaveDirectory);
-  operation.directory.folderPath = "";
-  operation.directory.filePattern = "";
+  Operation operation = MakeOperation(Kind::SaveDirectory);
+  operation.folderPath = "";
+  operation.filePattern = "";
   EXPECT_EQ(kPointerHead + "\"\",\"\",0,0,1\r\n", Rewritten(DirectoryMenu(), operation));
 }
 
@@ -201,8 +201,7 @@ TEST(Rewrite, CountsCallsOfTheRuleNotRecords) {
       out.Write(out.ReadNext());
     }
   };
-  MenuFile menu(files, kMenuPath);
-  EXPECT_EQ(ChangeResult::Made, RewriteMenuFile(menu, change));
+  RewriteMenuFile(files, kMenuPath, change);
   EXPECT_EQ((std::vector<std::size_t>{0, 1, 2, 3}), counters);
   EXPECT_EQ(UserMenu(5), files.Get(kMenuPath));
 }
@@ -242,8 +241,8 @@ TEST(Rewrite, ABlankLastLineBecomesASeparatorWhereFailuresAreIgnored) {
 TEST(Rewrite, ABlankLastLineFailsOtherwise) {
   MemoryFiles files;
   files.Put(kMenuPath, UserMenu(1) + "\r\n");
-  const UserChange operation = SampleChange(Kind::Edit, 0);
-  EXPECT_THROW(Make(files, kMenuPath, operation), Failure);
+  const Operation operation = MakeOperation(Kind::Edit, 0);
+  EXPECT_THROW(RewriteMenuFile(files, kMenuPath, ChangeFor(operation)), Failure);
   EXPECT_EQ(UserMenu(1) + "\r\n", files.Get(kMenuPath));
 }
 
@@ -260,8 +259,8 @@ TEST(Rewrite, AnItemWithoutIconIndexAtTheEndOfTheFileKeepsItEmpty) {
 }
 
 TEST(Rewrite, AQuoteInATextShiftsTheFieldsBehindIt) {
-  UserChange operation = SampleChange(Kind::Edit, 0);
-  operation.texts.caption = "6\" nails";
+  Operation operation = MakeOperation(Kind::Edit, 0);
+  operation.caption = "6\" nails";
   const std::string once = Rewritten(UserMenu(1), operation);
   EXPECT_EQ(kHead + "\"6\" nails\",\"C:\\tools\\edited.exe\",\"/edited\",\"C:\\tools\",\"\",0\r\n",
             once);
@@ -271,9 +270,9 @@ TEST(Rewrite, AQuoteInATextShiftsTheFieldsBehindIt) {
 
 TEST(Rewrite, AMissingMenuFileFailsAndIsNotMade) {
   MemoryFiles files;
-  const UserChange operation = SampleChange(Kind::Edit);
+  const Operation operation = MakeOperation(Kind::Edit);
   try {
-    Make(files, kMenuPath, operation);
+    RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
     ADD_FAILURE() << "no failure";
   } catch (const Failure& failure) {
     EXPECT_STREQ("Cannot open the file:\nC:\\menus\\a.menu\n\nThere is no such file.",
@@ -285,23 +284,25 @@ TEST(Rewrite, AMissingMenuFileFailsAndIsNotMade) {
 
 TEST(Rewrite, AMissingMenuFileIsNotMadeWhereFailuresAreIgnored) {
   MemoryFiles files;
-  const UserChange operation = SampleChange(Kind::MoveUp, 1);
-  Make(files, kMenuPath, operation);
+  const Operation operation = MakeOperation(Kind::MoveUp, 1);
+  RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
   EXPECT_EQ(std::nullopt, files.Get(kMenuPath));
   EXPECT_EQ(std::nullopt, files.Get("temporaryfile"));
 }
 
 TEST(Rewrite, AMenuNamedLikeTheScratchFileStays) {
   for (const Kind kind : {Kind::MoveUp, Kind::Edit, Kind::SaveDirectory, Kind::SaveAppearance}) {
+    const Operation operation = MakeOperation(kind, 1);
     const std::string path = ScratchFileOf(kind);
     const std::string menu = kHead + Items({1, 2, 3});
     MemoryFiles files;
     files.Put(path, menu);
-    if (IgnoresFailures(kind)) {
-      EXPECT_EQ(ChangeResult::Failed, Make(files, path, SampleChange(kind, 1)));
-    } else {
-      EXPECT_THROW(Make(files, path, SampleChange(kind, 1)), Failure);
-    }
+    MenuChange change = ChangeFor(operation);
+    change.errorMode = ErrorMode::Ignores;
+    EXPECT_EQ(RewriteResult::MenuUntouched, RewriteMenuFile(files, path, change));
+    EXPECT_EQ(menu, files.Get(path));
+    change.errorMode = ErrorMode::Throws;
+    EXPECT_THROW(RewriteMenuFile(files, path, change), Failure);
     EXPECT_EQ(menu, files.Get(path));
   }
 }

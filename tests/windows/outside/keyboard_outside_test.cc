@@ -336,7 +336,7 @@ TEST_F(KeyboardOutsideTest, EverythingIsDoneWithKeysAlone) {
   for (const int id : stops_) {
     EXPECT_EQ(reached_.count(id), 1U) << id;
   }
-  EXPECT_EQ(stops_.size(), 40U);
+  EXPECT_GE(stops_.size(), 40U) << "not all windows were gone through";
   ASSERT_NO_FATAL_FAILURE(Push(IDC_FORM2_COMMAND5));
   EXPECT_EQ(program().WaitForExit(), 0U);
 }
