@@ -19,13 +19,13 @@
 #include "benchmarks/sample_menu.h"
 #include "menufile/loader.h"
 #include "menufile/rewrite.h"
-#include "tests/menufile/operation.h"
+#include "tests/menufile/user_change.h"
 #include "tests/menufile/posix_files.h"
 
 namespace bench {
 namespace {
 
-using menufile::Operation;
+using menufile::UserChange;
 
 constexpr const char* kMenu = "a.menu";
 
@@ -63,10 +63,10 @@ void FindLineEndsOnDisk(benchmark::State& state) {
 }
 
 // Each iteration begins with the same menu, which is on the disk.
-void Change(benchmark::State& state, Operation::Kind kind) {
+void Change(benchmark::State& state, UserChange::Kind kind) {
   const auto entries = static_cast<std::size_t>(state.range(0));
   const std::string menu = MenuFile(entries);
-  Operation operation = menufile::MakeOperation(kind, entries / 2);
+  UserChange operation = menufile::SampleChange(kind, entries / 2);
   operation.picture = DefaultPicture();
   const menufile::MenuChange change = menufile::ChangeFor(operation);
   menufile::PosixFiles files;
@@ -80,9 +80,9 @@ void Change(benchmark::State& state, Operation::Kind kind) {
   }
 }
 
-void MoveUp(benchmark::State& state) { Change(state, Operation::Kind::MoveUp); }
-void Delete(benchmark::State& state) { Change(state, Operation::Kind::Delete); }
-void SaveAppearance(benchmark::State& state) { Change(state, Operation::Kind::SaveAppearance); }
+void MoveUp(benchmark::State& state) { Change(state, UserChange::Kind::MoveUp); }
+void Delete(benchmark::State& state) { Change(state, UserChange::Kind::Delete); }
+void SaveAppearance(benchmark::State& state) { Change(state, UserChange::Kind::SaveAppearance); }
 
 // A new folder that goes with this object.
 class Folder {

@@ -15,12 +15,12 @@
 #include "benchmarks/sample_menu.h"
 #include "menufile/loader.h"
 #include "menufile/rewrite.h"
-#include "tests/menufile/operation.h"
+#include "tests/menufile/user_change.h"
 #include "tests/menufile/posix_files.h"
 
 namespace {
 
-using menufile::Operation;
+using menufile::UserChange;
 
 constexpr const char* kMenu = "a.menu";
 
@@ -47,8 +47,8 @@ void Load(menufile::FileSystem& files) {
   menufile::LoadMenuFile(files, kMenu, "", view);
 }
 
-void Change(menufile::FileSystem& files, Operation::Kind kind, std::size_t row) {
-  Operation operation = menufile::MakeOperation(kind, row);
+void Change(menufile::FileSystem& files, UserChange::Kind kind, std::size_t row) {
+  UserChange operation = menufile::SampleChange(kind, row);
   operation.picture = bench::DefaultPicture();
   if (menufile::RewriteMenuFile(files, kMenu, menufile::ChangeFor(operation)) !=
       menufile::RewriteResult::Done) {
@@ -65,10 +65,10 @@ int main(int count, char** arguments) {
   }
   const std::size_t entries = std::stoul(arguments[1]);
   const std::string what = arguments[2];
-  const std::map<std::string, Operation::Kind> kChanges = {
-      {"move_up", Operation::Kind::MoveUp},
-      {"delete", Operation::Kind::Delete},
-      {"save_appearance", Operation::Kind::SaveAppearance},
+  const std::map<std::string, UserChange::Kind> kChanges = {
+      {"move_up", UserChange::Kind::MoveUp},
+      {"delete", UserChange::Kind::Delete},
+      {"save_appearance", UserChange::Kind::SaveAppearance},
   };
   try {
     menufile::PosixFiles files;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "editor/form2.h"
+#include "menufile/changes.h"
 #include "menufile/failure.h"
 #include "resources/resource.h"
 #include "win32/edit_box.h"
@@ -16,8 +17,6 @@ namespace editor {
 namespace {
 
 using menufile::DirectoryPointerRecord;
-using menufile::MenuChange;
-using menufile::MenuType;
 using menufile::Value;
 
 constexpr std::wstring_view kCannotBeSaved =
@@ -35,17 +34,6 @@ bool ConfirmLoss(HWND owner) {
   return win32::AskYesOrNo(owner,
                            L"Changing menu type will lose existing data.\r"
                            L"Do you wish to continue?");
-}
-
-// What a menu holds that has just become a directory pointer.
-DirectoryPointerRecord DefaultDirectoryPointer() {
-  DirectoryPointerRecord record;
-  record.folderPath = Value::Quoted("C:\\");
-  record.filePattern = Value::Quoted("*.*");
-  record.showFolders = Value::Bare("1");
-  record.hideKnownExtensions = Value::Bare("0");
-  record.showHiddenFiles = Value::Bare("0");
-  return record;
 }
 
 }  // namespace
@@ -160,10 +148,9 @@ void Form2::FollowServerPath() {
   }
 }
 
-bool Form2::RewriteSilently(const MenuChange& change) {
+bool Form2::RewriteSilently(const menufile::MenuChange& change) {
   try {
-    Rewrite(change);
-    return true;
+    return Rewrite(change);
   } catch (const menufile::Failure&) {
     return false;
   }
@@ -185,25 +172,17 @@ void Form2::Command15Click() {
   if (!folderPath_.IsShownBy(path) && win32::ToText(*folderPath) != path) {
     win32::SetText(text7, win32::ToText(*folderPath));
   }
-  const auto flag = [this](int id) {
-    return Value::Bare(IsDlgButtonChecked(window(), id) == BST_CHECKED ? "1" : "0");
-  };
-  MenuChange change;
-  change.type = MenuType::DirectoryPointer;
-  change.directory = DirectoryPointerRecord{Value::Quoted(*folderPath), Value::Quoted(*filePattern),
-                                            flag(IDC_FORM2_CHECK2), flag(IDC_FORM2_CHECK4),
-                                            flag(IDC_FORM2_CHECK3)};
-  RewriteSilently(change);
+  const auto isChecked = [this](int id) { return IsDlgButtonChecked(window(), id) == BST_CHECKED; };
+  RewriteSilently(
+      menufile::SaveDirectory({*folderPath, *filePattern, isChecked(IDC_FORM2_CHECK2),
+                               isChecked(IDC_FORM2_CHECK4), isChecked(IDC_FORM2_CHECK3)}));
 }
 
 void Form2::Command13Click() {
   if (items_.Count() > 0 && !ConfirmLoss(window())) {
     return;
   }
-  MenuChange change;
-  change.type = MenuType::DirectoryPointer;
-  change.directory = DefaultDirectoryPointer();
-  if (!RewriteSilently(change)) {
+  if (!RewriteSilently(menufile::SwitchToDirectory())) {
     return;
   }
   items_.Clear();
@@ -216,9 +195,7 @@ void Form2::Command14Click() {
   if (!win32::WindowText(Control(IDC_FORM2_TEXT7)).empty() && !ConfirmLoss(window())) {
     return;
   }
-  MenuChange change;
-  change.type = MenuType::UserDefined;
-  if (RewriteSilently(change)) {
+  if (RewriteSilently(menufile::SwitchToUserDefined())) {
     SwitchContents(kItemPage, IDC_FORM2_COMMAND13);
   }
 }

@@ -9,7 +9,6 @@
 #include "editor/default_picture.h"
 #include "editor/list_keys.h"
 #include "menufile/failure.h"
-#include "menufile/restore.h"
 #include "resources/resource.h"
 #include "win32/message_box.h"
 #include "win32/route.h"
@@ -62,7 +61,7 @@ constexpr double kMostPoints = 1000;
 }  // namespace
 
 Form2::Form2(std::string menuFilePath, menufile::FileSystem& files)
-    : Form(kForm2Plan, nullptr, kItemPage), menuFilePath_(std::move(menuFilePath)), files_(files) {
+    : Form(kForm2Plan, nullptr, kItemPage), menu_(files, std::move(menuFilePath)) {
   for (const wchar_t* tab : kTabs) {
     TCITEMW item{};
     item.mask = TCIF_TEXT;
@@ -85,17 +84,13 @@ Form2::Form2(std::string menuFilePath, menufile::FileSystem& files)
 Form2::~Form2() = default;
 
 bool Form2::Load() {
-  const std::string path = MenuFilePath();
-  const auto interruptedChange = [&] {
-    return menufile::FindInterruptedChange(files_, path, DefaultPictureFile());
-  };
-  if (interruptedChange() &&
-      win32::AskYesOrNo(window(),
-                        L"The last change to the menu file was interrupted.\r"
-                        L"Would you like to finish it?")) {
-    // It may have been one of another editor, which was still at it.
-    if (const auto change = interruptedChange()) {
-      menufile::FinishInterruptedChange(files_, path, *change);
+  if (menu_.WasCutShort()) {
+    if (win32::AskYesOrNo(window(),
+                          L"The last change to the menu file was interrupted.\r"
+                          L"Would you like to finish it?")) {
+      menu_.AnswerYes();
+    } else {
+      menu_.AnswerNo();
     }
   }
   if (!LoadMenuFile()) {
@@ -113,58 +108,49 @@ bool Form2::Load() {
 
 bool Form2::LoadMenuFile() {
   const ItemList::Filling filling(items_);
-  FinishOwnChange();
-  return menufile::LoadMenuFile(files_, MenuFilePath(), DefaultPictureFile(), *this);
+  return menufile::LoadMenuFile(menu_, DefaultPictureFile(), *this);
 }
 
-void Form2::Rewrite(const menufile::MenuChange& change) {
+bool Form2::Rewrite(const menufile::MenuChange& change) {
+  if (menufile::RewriteMenuFile(menu_, change) == menufile::ChangeResult::EarlierFinished) {
+    ReadAgain();
+    return false;
+  }
+  return true;
+}
+
+bool Form2::AddEntries(const std::vector<menufile::EntryTexts>& entries, bool deletesScratchFile) {
+  if (menufile::AddEntries(menu_, entries, deletesScratchFile) ==
+      menufile::ChangeResult::EarlierFinished) {
+    ReadAgain();
+    return false;
+  }
+  for (const menufile::EntryTexts& entry : entries) {
+    items_.Append(entry.caption, entry.target);
+  }
+  return true;
+}
+
+std::optional<menufile::MenuEntry> Form2::ReadEntry(int row) {
   try {
-    FinishOwnChange();
-  } catch (const menufile::Failure&) {
-    if (change.errorMode == menufile::ErrorMode::Throws) {
-      throw;
+    auto entry = menufile::ReadMenuEntry(menu_, static_cast<std::size_t>(row));
+    if (!entry) {
+      ReadAgain();
     }
-    return;
-  }
-  try {
-    menuMayBeCut_ = menufile::RewriteMenuFile(files_, MenuFilePath(), change) ==
-                    menufile::RewriteResult::MenuMayBeCut;
-  } catch (const menufile::MenuMayBeCutFailure&) {
-    menuMayBeCut_ = true;
-    throw;
-  }
-}
-
-void Form2::RewriteList(menufile::RecordRule rule) {
-  menufile::MenuChange change;
-  change.errorMode = menufile::ErrorMode::Ignores;
-  change.type = menufile::MenuType::UserDefined;
-  change.recordRule = std::move(rule);
-  Rewrite(change);
-}
-
-menufile::MenuAppender Form2::OpenToAppend() {
-  FinishOwnChange();
-  return {files_, MenuFilePath()};
-}
-
-std::optional<menufile::MenuItemRecord> Form2::ReadEntry(int row, std::string& bytes) {
-  try {
-    FinishOwnChange();
-    bytes = files_.Open(MenuFilePath(), menufile::OpenMode::Read)->ReadAll();
-    return menufile::ReadMenuItem(bytes, MenuFilePath(), static_cast<std::size_t>(row));
+    return entry;
   } catch (const menufile::Failure& failure) {
     win32::ShowError(window(), win32::ToText(failure.what()));
     return std::nullopt;
   }
 }
 
-// The next change would take the cut file for the menu, and delete the scratch
-// file that holds the whole one; and so would the conversion that loading offers.
-void Form2::FinishOwnChange() {
-  if (menuMayBeCut_) {
-    menufile::MakeMenuWhole(files_, MenuFilePath(), DefaultPictureFile());
-    menuMayBeCut_ = false;
+void Form2::ReadAgain() {
+  items_.Clear();
+  items_.Hidden(0) = {};
+  iconic1_.Clear();
+  ShowContents(kItemPage);
+  if (!LoadMenuFile()) {
+    OnClose();
   }
 }
 
@@ -250,6 +236,15 @@ bool Form2::OnKey(const MSG& message) {
 void Form2::OnClose() {
   if (child_) {
     child_->Close();
+  }
+  if (menu_.HasUnfinished()) {
+    try {
+      menu_.FinishEarlier();
+    } catch (const menufile::Failure& failure) {
+      win32::ShowError(window(), win32::ToText(failure.what()) +
+                                     L"\n\nThe last change to the menu file was interrupted. "
+                                     L"Corvalis Edit will offer to finish it at its next start.");
+    }
   }
   list1Drop_.Detach();
   Close();

@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "editor/item_list.h"
-#include "menufile/append.h"
+#include "menufile/changes.h"
 #include "menufile/file_system.h"
 #include "menufile/loader.h"
-#include "menufile/rewrite.h"
+#include "menufile/menu_file.h"
 #include "win32/file_drop.h"
 #include "win32/folder_list.h"
 #include "win32/font_dialog.h"
@@ -53,24 +53,29 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   bool Load();
 
   // For the windows that this one opens and for the handlers.
-  const std::string& MenuFilePath() const { return menuFilePath_; }
-  menufile::FileSystem& files() { return files_; }
+  menufile::MenuFile& menu() { return menu_; }
   ItemList& items() { return items_; }
   win32::PictureBox& iconic1() { return iconic1_; }
 
   // Reads the file again, into a list that is empty.
   bool LoadMenuFile();
 
-  // All changes to the menu file go through these. They throw
-  // menufile::Failure, unless their change ignores it.
-  void Rewrite(const menufile::MenuChange& change);
-  // A change to the list of entries: what fails of it is ignored.
-  void RewriteList(menufile::RecordRule rule);
-  menufile::MenuAppender OpenToAppend();
+  // All changes to the menu file go through these two. They return true when the
+  // window is to be brought up to date: the change was made, or it failed and
+  // ignores that. They return false when an earlier change was finished instead.
+  // The window then shows the menu as it is now, and the button that was pressed
+  // does nothing more: what it was pressed for may not be where the user saw it.
+  // They throw menufile::Failure, unless the change ignores it.
+  bool Rewrite(const menufile::MenuChange& change);
+  // Adds entries to the file and to the list. Shows them only when all are in the
+  // file.
+  bool AddEntries(const std::vector<menufile::EntryTexts>& entries, bool deletesScratchFile);
+  // Reads the file again into the window, whatever that showed.
+  void ReadAgain();
 
-  // The record of a row's entry as the menu file has it, borrowed from `bytes`.
-  // Nothing, after a message, when the file can no longer be read.
-  std::optional<menufile::MenuItemRecord> ReadEntry(int row, std::string& bytes);
+  // A row's entry as the menu file has it. Nothing, after a message, when the file
+  // can no longer be read, and nothing when an earlier change was finished instead.
+  std::optional<menufile::MenuEntry> ReadEntry(int row);
 
   // Shows a window that this one has made, which is owned from here on.
   void ShowChild(std::unique_ptr<win32::Form> child);
@@ -156,21 +161,14 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   const win32::PictureBox& AppearancePicture() const;
 
   void SelectTab(int tab);
-  // Finishes a change of this window that could not be finished when it was
-  // made. Throws menufile::Failure when it still cannot.
-  void FinishOwnChange();
-
   // Shows the page of a menu type on the tab "Contents".
   void ShowContents(Page page);
   // In the size of the DPI.
   void ShowPictures();
   void ShowSampleFont();
 
-  std::string menuFilePath_;
-  menufile::FileSystem& files_;
+  menufile::MenuFile menu_;
   std::array<win32::UniqueIcon, 4> pictures_;  // of the pages
-  // The last change may have left the menu file cut short.
-  bool menuMayBeCut_ = false;
   Page contents_ = kItemPage;
   ItemList items_;
   win32::FileDrop list1Drop_;

@@ -101,7 +101,7 @@ void ItemList::AppendItem(int row, const menufile::MenuItemRecord& item) {
   const std::string target = item.target.Text();
   AppendRow(row, item.caption.Text(), target);
   const int index = item.iconIndex.Integer();
-  if (item.iconFile.IsEmpty() && index <= 0) {
+  if (item.iconFile.IsEmpty() && item.iconIndex.Number() <= 0) {
     return;
   }
   // On a failure the handle of the last success stays.

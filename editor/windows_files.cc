@@ -99,17 +99,47 @@ std::array<DWORD, 4> LastWriteTo(const std::string& path) {
           data.nFileSizeHigh, data.nFileSizeLow};
 }
 
+std::string Utf8(std::wstring_view text) {
+  const int size = static_cast<int>(text.size());
+  std::string bytes(text.size() * 3, '\0');
+  bytes.resize(static_cast<std::size_t>(
+      WideCharToMultiByte(CP_UTF8, 0, text.data(), size, bytes.data(),
+                          static_cast<int>(bytes.size()), nullptr, nullptr)));
+  return bytes;
+}
+
 class WindowsFile final : public menufile::File {
  public:
   WindowsFile(std::string path, HANDLE handle) : path_(std::move(path)), handle_(handle) {}
   ~WindowsFile() override { CloseHandle(handle_); }
 
-  std::string ReadAll() override {
+  std::string FullName() override {
+    constexpr DWORD kLongest = 32768;  // characters that a path can have
+    std::wstring name(kLongest, L'\0');
+    const DWORD size = GetFinalPathNameByHandleW(handle_, name.data(), kLongest, 0);
+    if (size > 0 && size < kLongest) {
+      return Utf8(std::wstring_view(name).substr(0, size));
+    }
+    // Some file systems cannot tell a path.
+    BY_HANDLE_FILE_INFORMATION information{};
+    if (!GetFileInformationByHandle(handle_, &information)) {
+      Fail(path_, "read the file");
+    }
+    return std::to_string(information.dwVolumeSerialNumber) + '/' +
+           std::to_string(information.nFileIndexHigh) + '/' +
+           std::to_string(information.nFileIndexLow);
+  }
+
+  std::uint64_t Size() override {
     LARGE_INTEGER size{};
     if (!GetFileSizeEx(handle_, &size)) {
       Fail(path_, "read the file");
     }
-    std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
+    return static_cast<std::uint64_t>(size.QuadPart);
+  }
+
+  std::string ReadAll() override {
+    std::string bytes(static_cast<std::size_t>(Size()), '\0');
     bytes.resize(Read(0, bytes));  // someone may have made it shorter meanwhile
     return bytes;
   }
@@ -140,14 +170,7 @@ class WindowsFile final : public menufile::File {
     position_ = size;
   }
 
-  std::uint64_t SeekToEnd() override {
-    LARGE_INTEGER size{};
-    if (!GetFileSizeEx(handle_, &size)) {
-      Fail(path_, "write the file");
-    }
-    position_ = static_cast<std::uint64_t>(size.QuadPart);
-    return position_;
-  }
+  void Seek(std::uint64_t offset) override { position_ = offset; }
 
   void Write(std::string_view bytes) override {
     MoveTo(position_, "write the file");
@@ -156,6 +179,9 @@ class WindowsFile final : public menufile::File {
       if (!WriteFile(handle_, bytes.data(), static_cast<DWORD>(std::min(bytes.size(), kMostBytes)),
                      &count, nullptr)) {
         Fail(path_, "write the file");
+      }
+      if (count == 0) {
+        throw Failure(path_, "write the file", "Nothing was written to it");
       }
       position_ += count;
       bytes.remove_prefix(count);
@@ -181,24 +207,6 @@ class WindowsFile final : public menufile::File {
   HANDLE handle_;
   std::uint64_t position_ = 0;  // of the next Write()
 };
-
-// What tells a file from all others, whatever its path; nothing when there is
-// none.
-std::optional<std::array<DWORD, 3>> IdentityOf(const std::string& path) {
-  const HANDLE opened = CreateFileW(win32::ToText(path).c_str(), 0,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (opened == INVALID_HANDLE_VALUE) {
-    return std::nullopt;
-  }
-  const win32::UniqueKernelHandle file(opened);
-  BY_HANDLE_FILE_INFORMATION information{};
-  if (!GetFileInformationByHandle(file.get(), &information)) {
-    return std::nullopt;
-  }
-  return std::array{information.dwVolumeSerialNumber, information.nFileIndexHigh,
-                    information.nFileIndexLow};
-}
 
 }  // namespace
 
@@ -239,18 +247,66 @@ void WindowsFileSystem::Remove(const std::string& path) {
   }
 }
 
-bool WindowsFileSystem::IsSameFile(const std::string& path, const std::string& other) {
-  const auto identity = IdentityOf(other);
-  return identity && identity == IdentityOf(path);
+std::unique_ptr<menufile::File> WindowsFileSystem::OpenIfThere(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(win32::ToText(path).c_str());
+  const DWORD error = GetLastError();
+  if (attributes == INVALID_FILE_ATTRIBUTES
+          ? error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND
+          : (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+    return nullptr;
+  }
+  return Open(path, OpenMode::Read);
 }
 
-std::uint64_t WindowsFileSystem::LastWritten(const std::string& path) {
-  WIN32_FILE_ATTRIBUTE_DATA data{};
-  if (!GetFileAttributesExW(win32::ToText(path).c_str(), GetFileExInfoStandard, &data)) {
-    Fail(path, "open the file");
+void WindowsFileSystem::Rename(const std::string& path, const std::string& newPath) {
+  if (!TryFor(path, [&] {
+        return MoveFileExW(win32::ToText(path).c_str(), win32::ToText(newPath).c_str(), 0) != FALSE;
+      })) {
+    Fail(path, "rename the file");
   }
-  return std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32 |
-         data.ftLastWriteTime.dwLowDateTime;
+}
+
+std::vector<std::string> WindowsFileSystem::FilesThatBeginWith(const std::string& prefix) {
+  const std::wstring pattern = win32::ToText(prefix) + L"*";
+  const std::size_t folderSize = win32::FolderOf(pattern).size();
+  const std::size_t nameSize = pattern.size() - 1 - folderSize;
+  std::vector<std::string> paths;
+  WIN32_FIND_DATAW found;
+  const HANDLE opened = FindFirstFileW(pattern.c_str(), &found);
+  if (opened == INVALID_HANDLE_VALUE) {
+    if (GetLastError() == ERROR_FILE_NOT_FOUND || GetLastError() == ERROR_PATH_NOT_FOUND) {
+      return paths;
+    }
+    Fail(prefix, "list the files");
+  }
+  const win32::UniqueSearch search(opened);
+  do {
+    // A pattern also finds files by their short names.
+    const std::wstring_view name = found.cFileName;
+    const bool begins =
+        name.size() >= nameSize &&
+        CompareStringOrdinal(name.data(), static_cast<int>(nameSize), pattern.data() + folderSize,
+                             static_cast<int>(nameSize), TRUE) == CSTR_EQUAL;
+    const std::optional<std::string> rest =
+        begins ? win32::ToBytes(name.substr(nameSize)) : std::nullopt;
+    if (rest) {
+      paths.push_back(prefix + *rest);
+    }
+  } while (FindNextFileW(search.get(), &found));
+  return paths;
+}
+
+std::string WindowsFileSystem::Beside(const std::string& path, const std::string& name) {
+  return win32::ToBytes(win32::FolderOf(win32::ToText(path))).value_or("") + name;
+}
+
+std::uint64_t WindowsFileSystem::FreeBytes(const std::string& path) {
+  const std::wstring folder = win32::FolderOf(win32::ToText(path));
+  ULARGE_INTEGER free{};
+  if (!GetDiskFreeSpaceExW(folder.empty() ? nullptr : folder.c_str(), &free, nullptr, nullptr)) {
+    Fail(path, "find the disk of the file");
+  }
+  return free.QuadPart;
 }
 
 }  // namespace editor

@@ -9,9 +9,12 @@ namespace editor {
 class WindowsFileSystem final : public menufile::FileSystem {
  public:
   std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override;
+  std::unique_ptr<menufile::File> OpenIfThere(const std::string& path) override;
   void Remove(const std::string& path) override;
-  bool IsSameFile(const std::string& path, const std::string& other) override;
-  std::uint64_t LastWritten(const std::string& path) override;
+  void Rename(const std::string& path, const std::string& newPath) override;
+  std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
+  std::string Beside(const std::string& path, const std::string& name) override;
+  std::uint64_t FreeBytes(const std::string& path) override;
 };
 
 }  // namespace editor

@@ -4,24 +4,11 @@
 
 #include "editor/form2.h"
 #include "icons/icon_browser.h"
-#include "menufile/failure.h"
-#include "menufile/rewrite.h"
+#include "menufile/changes.h"
 #include "resources/resource.h"
 #include "win32/message_box.h"
 
 namespace editor {
-namespace {
-
-// A box that was drawn by an odd icon might hold the bytes of the marker: no
-// one could tell any more where the picture ends.
-void CheckPicture(const std::string& picture, const std::string& path) {
-  if (picture.find(menufile::kMarkerText) != std::string::npos) {
-    throw menufile::Failure(path, "save the picture", "It holds the bytes of the marker line");
-  }
-}
-
-}  // namespace
-
 struct Form2::AppearancePage {
   icons::IconBrowser browser;
 };
@@ -58,25 +45,16 @@ void Form2::ChangeMenuFont() {
 
 void Form2::SaveAppearance() {
   try {
-    const std::string picture = AppearancePicture().BitmapFile();
-    CheckPicture(picture, MenuFilePath());
-    const std::string size = menufile::FontSizeText(menuFont_.points);
-    menufile::AppearanceRecord appearance;
-    const bool smallIcons = IsDlgButtonChecked(window(), IDC_FORM2_CHECK1) == BST_CHECKED;
-    appearance.smallIcons = menufile::Value::Bare(smallIcons ? "1" : "0");
-    const std::string name = fontName_.BytesOf(menuFont_.name).value();
-    appearance.fontName = menufile::Value::Quoted(name);
-    appearance.fontSize = menufile::Value::Bare(size);
-    appearance.fontBold = menufile::Value::Bare(menuFont_.bold ? "-1" : "0");
-    appearance.fontItalic = menufile::Value::Bare(menuFont_.italic ? "-1" : "0");
-    menufile::MenuChange change;
-    change.scratchFile = menufile::kDialogScratchFile;
-    // Whatever the file says: this page saves user-defined lists only.
-    change.type = menufile::MenuType::UserDefined;
-    change.appearance = appearance;
-    change.recordRule = menufile::KeepRecord;
-    change.picture = picture;
-    Rewrite(change);
+    menufile::Appearance appearance;
+    appearance.smallIcons = IsDlgButtonChecked(window(), IDC_FORM2_CHECK1) == BST_CHECKED;
+    appearance.fontName = fontName_.BytesOf(menuFont_.name).value();
+    appearance.fontPoints = menuFont_.points;
+    appearance.fontBold = menuFont_.bold;
+    appearance.fontItalic = menuFont_.italic;
+    appearance.picture = AppearancePicture().BitmapFile();
+    if (!Rewrite(menufile::SaveAppearance(appearance, menu_.path()))) {
+      return;
+    }
   } catch (const std::exception&) {
     win32::ShowError(window(), L"Error writing to file.");
     OnClose();

@@ -1,6 +1,5 @@
 #include <memory>
 #include <optional>
-#include <string>
 #include <utility>
 
 #include "editor/form2.h"
@@ -13,14 +12,13 @@ void Form2::ChangeItemIcon() {
   if (row < 0 || items_.Hidden(row).tag.empty()) {
     return;
   }
-  std::string bytes;
-  const std::optional<menufile::MenuItemRecord> entry = ReadEntry(row, bytes);
+  const std::optional<menufile::MenuEntry> entry = ReadEntry(row);
   if (!entry) {
     return;
   }
-  const menufile::Value& source = entry->iconFile.IsEmpty() ? entry->target : entry->iconFile;
   auto form4 = std::make_unique<icons::Form4>(*this);
-  form4->HandOver({row, source.Text(), entry->iconIndex.Integer()});
+  form4->HandOver({row, entry->iconFile.empty() ? entry->target : entry->iconFile,
+                   menufile::Value::Bare(entry->iconIndex).Integer()});
   OpenChild(std::move(form4));
 }
 

@@ -4,7 +4,7 @@
 #include <exception>
 #include <stdexcept>
 
-#include "menufile/rewrite.h"
+#include "menufile/changes.h"
 #include "resources/resource.h"
 #include "win32/message_box.h"
 #include "win32/route.h"
@@ -88,24 +88,13 @@ void Form4::SelectIconSourceFile() {
 }
 
 void Form4::ApplyItemIcon() {
-  const std::string& newFile = browser_.source();
-  const std::string newIndex = std::to_string(browser_.Index());
-  menufile::MenuChange change;
-  change.scratchFile = menufile::kDialogScratchFile;
-  change.deleteScratchFirst = false;
-  change.recordRule = [&](std::size_t counter, const menufile::MenuItemRecord& record,
-                          menufile::RecordStream& records) {
-    menufile::MenuItemRecord changed = record;
-    if (counter == static_cast<std::size_t>(item_.row)) {
-      // It is the caption that a file without a path of its own is told by.
-      const bool isCaption = newFile == record.caption.Text();
-      changed.iconFile = menufile::Value::Quoted(isCaption ? std::string_view() : newFile);
-      changed.iconIndex = menufile::Value::Bare(newIndex);
-    }
-    records.Write(changed);
-  };
   try {
-    editor_.Rewrite(change);
+    if (!editor_.Rewrite(menufile::ChangeIcon(static_cast<std::size_t>(item_.row),
+                                              browser_.source(),
+                                              std::to_string(browser_.Index())))) {
+      editor_.CloseChild();
+      return;
+    }
   } catch (const std::exception&) {
     ShowError(L"Error writing to file.");
     editor_.CloseChild();

@@ -1,18 +1,13 @@
 #include "editor/form2.h"
+#include "menufile/changes.h"
 
 namespace editor {
 
 void Form2::Command7Click() {
   const int row = items_.Selected();
-  if (row < 0) {
+  if (row < 0 || !Rewrite(menufile::Delete(static_cast<std::size_t>(row)))) {
     return;
   }
-  RewriteList([row](std::size_t counter, const menufile::MenuItemRecord& record,
-                    menufile::RecordStream& records) {
-    if (counter != static_cast<std::size_t>(row)) {
-      records.Write(record);
-    }
-  });
   items_.Remove(row);
   iconic1_.Clear();
 }

@@ -1,20 +1,14 @@
 #include "editor/form2.h"
+#include "menufile/changes.h"
 #include "menufile/failure.h"
 
 namespace editor {
 
 void Form2::Command9Click() {
   const int row = items_.Selected();
-  if (row < 0) {
+  if (row < 0 || !Rewrite(menufile::Separator(static_cast<std::size_t>(row)))) {
     return;
   }
-  RewriteList([row](std::size_t counter, const menufile::MenuItemRecord& record,
-                    menufile::RecordStream& records) {
-    if (counter == static_cast<std::size_t>(row)) {
-      records.WriteSeparator();
-    }
-    records.Write(record);
-  });
   const int top = items_.TopRow();
   items_.Clear();
   try {

@@ -1,21 +1,37 @@
 #include "menufile/block_writer.h"
 
-#include <string_view>
+#include <algorithm>
 
 #include "menufile/failure.h"
+#include "menufile/file_window.h"
 
 namespace menufile {
 
-void BlockWriter::WriteFirst(std::size_t size) {
+void BlockWriter::WriteFirst(std::size_t count) {
+  const std::string_view bytes = std::string_view(text_).substr(0, count);
   try {
-    file_.Write(std::string_view(text_).substr(0, size));
+    file_.Write(bytes);
   } catch (const Failure&) {
     // How much of it was written is not known: a second try could only add to it.
     text_.clear();
     throw;
   }
-  written_ += size;
-  text_.erase(0, size);
+  sum_.Add(bytes);
+  size_ += count;
+  text_.erase(0, count);
+}
+
+void BlockWriter::Copy(File& from, std::uint64_t offset, std::uint64_t count) {
+  // The part to copy is mostly much shorter than a block.
+  const auto atOnce = static_cast<std::size_t>(std::min<std::uint64_t>(blockSize_, count));
+  FileWindow window(from, atOnce, {}, offset);
+  while (count > 0 && window.ReadOn(window.bytes().size())) {
+    const std::string_view bytes =
+        window.bytes().substr(0, static_cast<std::size_t>(std::min<std::uint64_t>(atOnce, count)));
+    text_ += bytes;
+    WriteBlocks();
+    count -= bytes.size();
+  }
 }
 
 }  // namespace menufile

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace menufile {
 
@@ -20,7 +21,8 @@ enum class OpenMode {
   Create,
 };
 
-// An open file. The destructor closes it.
+// An open file. The destructor closes it. Offsets and sizes are in bytes, and
+// offsets count from 0.
 class File {
  public:
   File() = default;
@@ -28,23 +30,28 @@ class File {
   File& operator=(const File&) = delete;
   virtual ~File() = default;
 
+  // The file's full name: the same text each time the file is opened, whatever
+  // path, current directory or letter case it was opened with, and another text
+  // for any other file. It is only compared, never opened.
+  virtual std::string FullName() = 0;
+
+  virtual std::uint64_t Size() = 0;
+
   // All bytes of the file, from its first one.
   virtual std::string ReadAll() = 0;
 
-  // Reads the bytes from the 0-based `offset` on and returns how many there
-  // were: as many as fit into `bytes`, fewer only where the file ends.
+  // Reads the bytes from `offset` on and returns how many there were: as many
+  // as fit into `bytes`, fewer only where the file ends.
   virtual std::size_t Read(std::uint64_t offset, std::span<char> bytes) = 0;
 
-  // Cuts the file to its first `size` bytes; the next Write() starts behind
-  // them.
+  // Cuts the file to its first `size` bytes. The next Write() starts there.
   virtual void Truncate(std::uint64_t size) = 0;
 
-  // Moves behind the last byte, where the next Write() starts, and returns the
-  // number of bytes before it.
-  virtual std::uint64_t SeekToEnd() = 0;
+  // The next Write() starts at `offset`.
+  virtual void Seek(std::uint64_t offset) = 0;
 
-  // Writes all of `bytes` directly behind the last byte that this object
-  // wrote, and from the first byte of the file when it has written none.
+  // Writes all of `bytes`. The first Write() starts at the first byte of the
+  // file, each further one where the last ended.
   virtual void Write(std::string_view bytes) = 0;
 
   // Returns once everything written stands on the disk itself.
@@ -64,16 +71,26 @@ class FileSystem {
 
   virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode) = 0;
 
+  // Opens the file for reading, as OpenMode::Read does. Returns nullptr when
+  // there is no such file, or a folder of that name; a file that cannot be opened
+  // is a failure.
+  virtual std::unique_ptr<File> OpenIfThere(const std::string& path) = 0;
+
   // Deletes the file. One that does not exist is a failure.
   virtual void Remove(const std::string& path) = 0;
 
-  // Whether both paths name one file, which exists. Never throws.
-  virtual bool IsSameFile(const std::string& path, const std::string& other) {
-    return path == other;
-  }
+  // Gives the file another name in the same folder. A file that has that name
+  // already is a failure, and stays.
+  virtual void Rename(const std::string& path, const std::string& newPath) = 0;
 
-  // When the file was last written: the greater number is the later time.
-  virtual std::uint64_t LastWritten(const std::string& path) = 0;
+  // The paths of all files that begin with `prefix`, a path itself. In no order.
+  virtual std::vector<std::string> FilesThatBeginWith(const std::string& prefix) = 0;
+
+  // The path of the file `name` in the folder of the file at `path`.
+  virtual std::string Beside(const std::string& path, const std::string& name) = 0;
+
+  // How many bytes this user may still write to the disk of the file at `path`.
+  virtual std::uint64_t FreeBytes(const std::string& path) = 0;
 
   // How many bytes of a file that may be large are read or written at a time:
   // few enough for the processor's cache, many enough for each call to be

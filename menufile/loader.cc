@@ -21,22 +21,13 @@ void ShowMenu(MenuReader& reader, MenuView& view) {
 
 }  // namespace
 
-MenuItemRecord ReadMenuItem(std::string_view bytes, const std::string& path, std::size_t number) {
-  MenuReader reader(bytes, path);
-  reader.SkipMarkerLine();
-  reader.ReadTypeLine();
-  reader.ReadAppearance();
-  for (; number > 0; --number) {
-    reader.ReadItem();
+bool LoadMenuFile(MenuFile& menu, std::string_view defaultPicture, MenuView& view) {
+  if (menu.HasUnfinished()) {
+    menu.FinishEarlier();
   }
-  return reader.ReadItem();
-}
-
-bool LoadMenuFile(FileSystem& files, const std::string& path, std::string_view defaultPicture,
-                  MenuView& view) {
   for (;;) {
-    const std::string bytes = files.Open(path, OpenMode::Read)->ReadAll();
-    MenuReader reader(bytes, path);
+    const std::string bytes = menu.files().Open(menu.path(), OpenMode::Read)->ReadAll();
+    MenuReader reader(bytes, menu.path());
     if (reader.SkipMarkerLine()) {
       ShowMenu(reader, view);
       return true;
@@ -44,8 +35,25 @@ bool LoadMenuFile(FileSystem& files, const std::string& path, std::string_view d
     if (!view.ConfirmUpgrade()) {
       return false;
     }
-    UpgradeMenuFile(files, path, defaultPicture);
+    UpgradeMenuFile(menu, defaultPicture);
   }
+}
+
+std::optional<MenuEntry> ReadMenuEntry(MenuFile& menu, std::size_t number) {
+  if (menu.FinishEarlier()) {
+    return std::nullopt;
+  }
+  const std::string bytes = menu.files().Open(menu.path(), OpenMode::Read)->ReadAll();
+  MenuReader reader(bytes, menu.path());
+  reader.SkipMarkerLine();
+  reader.ReadTypeLine();
+  reader.ReadAppearance();
+  for (; number > 0; --number) {
+    reader.ReadItem();
+  }
+  const MenuItemRecord item = reader.ReadItem();
+  return MenuEntry{item.caption.Text(), item.target.Text(),   item.arguments.Text(),
+                   item.startIn.Text(), item.iconFile.Text(), item.iconIndex.Text()};
 }
 
 }  // namespace menufile

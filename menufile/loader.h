@@ -2,10 +2,11 @@
 #define CORVALIS_MENUFILE_LOADER_H_
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
-#include "menufile/file_system.h"
+#include "menufile/menu_file.h"
 #include "menufile/records.h"
 
 namespace menufile {
@@ -31,22 +32,33 @@ class MenuView {
   virtual void ShowDirectoryPointer(const DirectoryPointerRecord& directory) = 0;
 };
 
-// Reads the menu file at `path` into `view`. A file without a marker line is
-// invalid or of a previous version: the view is asked, and on yes the file is
-// converted (UpgradeMenuFile(), with `defaultPicture` as its new picture) and
-// read again, as often as that does not help. A menu type that is neither of
-// the two known ones shows the appearance and nothing else.
+// Reads the menu file into `view`. A file without a marker line is invalid or of a
+// previous version: the view is asked, and on yes the file is converted
+// (UpgradeMenuFile(), with `defaultPicture` as its new picture) and read again, as
+// often as that does not help. A menu type that is neither of the two known ones
+// shows the appearance and nothing else. A change of this window that was cut
+// short is finished first.
 //
-// False when the user declined; the file is as it was. Throws Failure when the
-// file cannot be opened or ends too early; the view keeps what it was given
+// Returns false when the user declined; the file is as it was. Throws Failure when
+// the file cannot be opened or ends too early; the view keeps what it was given
 // before.
-bool LoadMenuFile(FileSystem& files, const std::string& path, std::string_view defaultPicture,
-                  MenuView& view);
+bool LoadMenuFile(MenuFile& menu, std::string_view defaultPicture, MenuView& view);
 
-// Reads the record of one entry, the top one being number 0, out of the bytes
-// of a user-defined menu. The record borrows from them. Throws Failure, with
-// `path`, when they end before it does.
-MenuItemRecord ReadMenuItem(std::string_view bytes, const std::string& path, std::size_t number);
+// The fields of one entry, as text.
+struct MenuEntry {
+  std::string caption;
+  std::string target;
+  std::string arguments;
+  std::string startIn;
+  std::string iconFile;
+  std::string iconIndex;
+};
+
+// Reads the entry of that number, the top one being 0, of a user-defined menu. A
+// change that was cut short is finished first: nothing then, since the entries may
+// be others than what is shown. Throws Failure when the file cannot be read or ends
+// before the entry does.
+std::optional<MenuEntry> ReadMenuEntry(MenuFile& menu, std::size_t number);
 
 }  // namespace menufile
 

@@ -59,8 +59,6 @@ class MenuReader {
   bool AtEnd() const { return offset_ >= bytes_.size(); }
   // 0-based, of the next byte.
   std::uint64_t offset() const { return Position() + offset_; }
-  // Whether the record that was read last ends with CR LF.
-  bool IsBehindLineEnd() const { return bytes_.substr(0, offset_).ends_with("\r\n"); }
 
  private:
   // Of the first of bytes_ in the file.

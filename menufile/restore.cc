@@ -1,68 +1,26 @@
-#include "menufile/restore.h"
-
+// What becomes of the journals of changes that were cut short: at the start of the
+// program, and before each change.
 #include <algorithm>
-#include <cstdint>
-#include <initializer_list>
-#include <memory>
-#include <span>
-#include <utility>
+#include <iterator>
+#include <set>
 
 #include "menufile/failure.h"
 #include "menufile/file_window.h"
+#include "menufile/menu_file.h"
 #include "menufile/reader.h"
-#include "menufile/rewrite.h"
 #include "menufile/scratch_file.h"
-#include "menufile/upgrade.h"
 
 namespace menufile {
 namespace {
 
-bool IsNewer(FileSystem& files, const std::string& path, const std::string& other) {
-  try {
-    return files.LastWritten(path) > files.LastWritten(other);
-  } catch (const Failure&) {
-    return false;
-  }
-}
+constexpr const char* kToBeFound = "-";
+constexpr const char* kDeclined = "-declined-";
 
-// Whether `file` is what a writer of `whole` left that came no further: a strict
-// beginning of it. Where the power was cut, zeros may follow: a file gets its
-// new length before the bytes that belong there.
-bool IsCutShort(FileWindow file, FileWindow whole) {
-  bool isBeginning = true;
-  std::string_view inFile = file.bytes();
-  std::string_view inWhole = whole.bytes();
-  for (;;) {
-    if (inFile.empty() && file.ReadOn(file.bytes().size())) {
-      inFile = file.bytes();
-    }
-    if (inWhole.empty() && whole.ReadOn(whole.bytes().size())) {
-      inWhole = whole.bytes();
-    }
-    if (inFile.empty() || inWhole.empty()) {
-      return inFile.empty() && (!inWhole.empty() || !isBeginning);
-    }
-    const std::size_t size = std::min(inFile.size(), inWhole.size());
-    std::size_t same = 0;
-    if (isBeginning) {
-      same = static_cast<std::size_t>(
-          std::mismatch(inFile.begin(), inFile.begin() + size, inWhole.begin()).first -
-          inFile.begin());
-      isBeginning = same == size;
-    }
-    if (inFile.substr(same, size - same).find_first_not_of('\0') != std::string_view::npos) {
-      return false;
-    }
-    inFile.remove_prefix(size);
-    inWhole.remove_prefix(size);
-  }
-}
-
-// Whether what the reader reads is a whole menu: every line of it, each with its
-// end.
-bool IsComplete(FileWindow menu) {
+// True if LoadMenuFile() would read the file to its end without a question.
+bool IsLoadable(File& file, const std::string& path, std::size_t blockSize) {
+  FileWindow window(file, blockSize);
+  MenuReader reader(window, path);
   try {
-    MenuReader reader(menu, "");
     if (!reader.SkipMarkerLine()) {
       return false;
     }
@@ -74,120 +32,237 @@ bool IsComplete(FileWindow menu) {
       while (!reader.AtEnd()) {
         reader.ReadItem();
       }
-    } else {
-      return false;
     }
-    return reader.AtEnd() && reader.IsBehindLineEnd();
+    return true;
   } catch (const Failure&) {
     return false;
   }
 }
 
-// The bytes that the file begins with, up to `size` of them.
-std::string Beginning(File& file, std::size_t size) {
-  std::string bytes(size, '\0');
-  bytes.resize(file.Read(0, bytes));
-  return bytes;
-}
-
-// The size of the bitmap file that the file begins with; its header tells it. 0
-// when it begins with none, or holds only a part of it.
-std::uint64_t LeadingBitmapSize(File& file) {
-  constexpr std::size_t kSizeOffset = 2;
-  constexpr std::size_t kSizeEnd = 6;
-  const std::string header = Beginning(file, kSizeEnd);
-  if (header.size() < kSizeEnd || !header.starts_with("BM")) {
-    return 0;
-  }
-  std::uint32_t size = 0;
-  for (std::size_t i = kSizeEnd; i-- > kSizeOffset;) {
-    size = size << 8 | static_cast<unsigned char>(header[i]);
-  }
-  char last = 0;
-  return size > 0 && file.Read(size - 1, std::span(&last, 1)) == 1 ? size : 0;
-}
-
-// What the change was to leave, if it was interrupted.
-std::optional<InterruptedChange> InterruptedChangeIn(File& menu, const std::string& scratchFile,
-                                                     File& scratch, std::size_t blockSize,
-                                                     std::string_view defaultPicture) {
-  const auto isCutShort = [&](std::uint64_t from, std::string_view head) {
-    return IsCutShort({menu, blockSize, {}, from}, {scratch, blockSize, head});
-  };
-  if (HasMarkerLine(scratch, blockSize)) {
-    if (!IsComplete({scratch, blockSize})) {
-      return std::nullopt;
-    }
-    if (isCutShort(0, {})) {
-      return InterruptedChange{0, {}, scratchFile};
-    }
-    const std::uint64_t picture = LeadingBitmapSize(menu);
-    if (picture > 0 && Beginning(scratch, kMarkerLine.size()) == kMarkerLine &&
-        isCutShort(picture, {})) {
-      return InterruptedChange{picture, {}, scratchFile};
-    }
-    return std::nullopt;
-  }
-  // A conversion is known by its picture, or by a scratch file that makes a
-  // menu: the file may be empty, or have been cut while it was put back.
-  const std::string head = ConvertedHead(defaultPicture);
-  const bool begins = isCutShort(0, head);
-  if (!Beginning(scratch, 1).empty() &&
-      ((begins && !Beginning(menu, 1).empty()) ||
-       ((begins || isCutShort(0, {})) && IsComplete({scratch, blockSize, head})))) {
-    return InterruptedChange{0, head, scratchFile};
-  }
-  return std::nullopt;
+bool CanBeFinished(MenuState state) {
+  return state == MenuState::CutShort || state == MenuState::Different;
 }
 
 }  // namespace
 
-std::optional<InterruptedChange> FindInterruptedChange(FileSystem& files, const std::string& path,
-                                                       std::string_view defaultPicture) {
-  std::optional<InterruptedChange> found;
-  for (const char* scratchFile : {kListScratchFile, kDialogScratchFile}) {
-    try {
-      const std::unique_ptr<File> scratch = files.Open(scratchFile, OpenMode::Read);
-      const std::unique_ptr<File> menu = files.Open(path, OpenMode::Read);
-      auto change =
-          InterruptedChangeIn(*menu, scratchFile, *scratch, files.BlockSize(), defaultPicture);
-      // An earlier change may have left the other one, and a menu file that was
-      // cut early begins like either.
-      if (change && (!found || IsNewer(files, scratchFile, found->scratchFile))) {
-        found = std::move(change);
-      }
-    } catch (const Failure&) {
-      // Mostly there is no scratch file.
+std::string MenuFile::MenuName() { return files_.Open(path_, OpenMode::Read)->FullName(); }
+
+// The scratch files in the current directory, and those beside the menu file.
+std::vector<std::string> MenuFile::PlacesToLook() {
+  std::vector<std::string> paths(std::begin(kScratchFiles), std::end(kScratchFiles));
+  for (const char* name : kScratchFiles) {
+    if (const std::string path = files_.Beside(path_, name); path != name) {
+      paths.push_back(path);
     }
   }
+  return paths;
+}
+
+std::optional<Journal> MenuFile::JournalOfThisMenu(const std::string& scratchFile) {
+  std::optional<Journal> journal;
+  if (const std::unique_ptr<File> file = files_.OpenIfThere(scratchFile)) {
+    journal = ReadJournal(*file, files_.BlockSize());
+  }
+  return journal && journal->menu == MenuName() ? journal : std::nullopt;
+}
+
+std::vector<MenuFile::Found> MenuFile::FindJournals() {
+  std::vector<Found> found;
+  std::set<std::uint64_t> serials;  // one file may have two paths
+  for (const std::string& prefix : PlacesToLook()) {
+    std::vector<std::string> paths;
+    try {
+      paths = files_.FilesThatBeginWith(prefix);
+    } catch (const Failure&) {
+    }
+    for (const std::string& path : paths) {
+      if (path.starts_with(prefix + kDeclined)) {
+        continue;
+      }
+      try {
+        std::optional<Journal> journal = JournalOfThisMenu(path);
+        if (journal && serials.insert(journal->serial).second) {
+          found.push_back({path, std::move(*journal)});
+        }
+      } catch (const Failure&) {
+      }
+    }
+  }
+  std::sort(found.begin(), found.end(), [](const Found& left, const Found& right) {
+    return left.journal.serial > right.journal.serial;
+  });
   return found;
 }
 
-void MakeMenuWhole(FileSystem& files, const std::string& path, std::string_view defaultPicture) {
-  if (const auto change = FindInterruptedChange(files, path, defaultPicture)) {
-    FinishInterruptedChange(files, path, *change);
-    return;
+MenuState MenuFile::StateBy(const Found& found) {
+  const std::unique_ptr<File> scratch = files_.Open(found.scratchFile, OpenMode::Read);
+  const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Read);
+  return CompareMenu(*menu, *scratch, found.journal, files_.BlockSize());
+}
+
+bool MenuFile::WasCutShort() {
+  for (const Found& found : FindJournals()) {
+    try {
+      const MenuState state = StateBy(found);
+      if (CanBeFinished(state)) {
+        asked_ = found.journal.serial;
+        return true;
+      }
+      if (state == MenuState::Finished) {
+        Retire(found);
+        return false;  // whatever came before it, this is how the menu is to be
+      }
+    } catch (const Failure&) {
+    }
   }
-  const std::unique_ptr<File> menu = files.Open(path, OpenMode::Read);
-  if (!IsComplete({*menu, files.BlockSize()})) {
-    throw Failure(path, "change the file",
-                  "Its last change was interrupted and cannot be finished. The whole menu is in a "
-                  "file in the current folder, \"" +
-                      std::string(kListScratchFile) + "\" or \"" + kDialogScratchFile + '"');
+  return false;
+}
+
+void MenuFile::AnswerYes() {
+  bool isFinished = false;
+  for (const Found& found : FindJournals()) {
+    if (isFinished) {
+      PutAside(found.scratchFile, kDeclined);  // of an earlier change
+      continue;
+    }
+    const MenuState state = StateBy(found);
+    isFinished = state == MenuState::Finished || (CanBeFinished(state) && Finish(found));
   }
 }
 
-void FinishInterruptedChange(FileSystem& files, const std::string& path,
-                             const InterruptedChange& change) {
+bool MenuFile::FinishEarlier() {
+  TakeBackHalfLine();
+  bool isFinished = false;
+  for (const std::string& path : PlacesToLook()) {
+    std::optional<Journal> journal;
+    try {
+      journal = JournalOfThisMenu(path);
+    } catch (const Failure&) {
+      // Whoever needs this name looks again.
+      if (unfinished_) {
+        throw;
+      }
+    }
+    if (journal) {
+      isFinished = Settle({path, std::move(*journal)}) || isFinished;
+    }
+  }
+  if (unfinished_) {
+    // Its journal is gone: another window may have finished the change.
+    if (!IsLoadable(*files_.Open(path_, OpenMode::Read), path_, files_.BlockSize())) {
+      throw Failure(path_, "change the file",
+                    "Its last change was cut short, and what it takes to finish it is gone");
+    }
+    unfinished_.reset();
+    isFinished = true;
+  }
+  return isFinished;
+}
+
+// What becomes of a journal of this menu before the next change. True if its
+// change was finished.
+bool MenuFile::Settle(const Found& found) {
+  const std::uint64_t serial = found.journal.serial;
+  const MenuState state = StateBy(found);
+  if (state == MenuState::Finished) {
+    Retire(found);
+    const bool isOwn = unfinished_ == serial;
+    if (isOwn) {
+      unfinished_.reset();
+    }
+    return isOwn;
+  }
+  if (serial <= declined_ || state == MenuState::Replaced) {
+    PutAside(found.scratchFile, kDeclined);
+    return false;
+  }
+  // Somebody else may have put another menu there since. The next start asks.
+  if (state == MenuState::Different && unfinished_ != serial &&
+      IsLoadable(*files_.Open(path_, OpenMode::Read), path_, files_.BlockSize())) {
+    PutAside(found.scratchFile, kToBeFound);
+    return false;
+  }
+  return Finish(found);
+}
+
+bool MenuFile::Finish(const Found& found) {
   {
-    const std::unique_ptr<File> scratch = files.Open(change.scratchFile, OpenMode::Change);
-    const std::unique_ptr<File> menu = files.Open(path, OpenMode::Change);
-    menu->Truncate(change.kept);
-    menu->Write(change.head);
-    AppendFile(*scratch, *menu, files.BlockSize());
+    const std::unique_ptr<File> scratch = files_.Open(found.scratchFile, OpenMode::Change);
+    // Another window may have worked with it until now.
+    const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
+    if (!journal || journal->serial != found.journal.serial) {
+      return false;
+    }
+    const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
+    WriteMenu(*menu, *scratch, path_, *journal, files_.BlockSize());
+    DropJournal(*scratch, *journal);
+  }
+  if (unfinished_ == found.journal.serial) {
+    unfinished_.reset();
+  }
+  left_.reset();
+  RemoveScratchFile(files_, found.scratchFile);
+  return true;
+}
+
+// Deletes a scratch file whose journal is of no use any more. One that cannot be
+// deleted loses its journal.
+void MenuFile::Retire(const Found& found) {
+  {
+    const std::unique_ptr<File> scratch = files_.Open(found.scratchFile, OpenMode::Change);
+    const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
+    if (!journal || journal->serial != found.journal.serial) {
+      return;
+    }
+    scratch->Truncate(journal->descriptionSize);
+    scratch->Flush();
+  }
+  RemoveScratchFile(files_, found.scratchFile);
+}
+
+// Gives a file with a journal a name of its own. Where another program reads the
+// file, so that it has to keep its name, its bytes are copied.
+void MenuFile::PutAside(const std::string& scratchFile, const char* infix) {
+  std::string aside;
+  int number = 0;
+  do {
+    aside = scratchFile + infix + std::to_string(++number);
+  } while (files_.OpenIfThere(aside) != nullptr);
+  try {
+    files_.Rename(scratchFile, aside);
+    files_.Open(aside, OpenMode::Change)->Flush();
+    return;
+  } catch (const Failure&) {
+    if (files_.OpenIfThere(scratchFile) == nullptr) {
+      throw;  // it has the new name
+    }
+  }
+  const std::unique_ptr<File> scratch = files_.Open(scratchFile, OpenMode::Change);
+  const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
+  if (!journal) {
+    return;  // another editor has finished its change
+  }
+  const std::unique_ptr<File> copy = files_.Open(aside, OpenMode::Create);
+  AppendFile(*scratch, *copy, files_.BlockSize());
+  copy->Flush();
+  if (!ReadJournal(*copy, files_.BlockSize())) {
+    throw Failure(aside, "write the file", "It does not hold what was written to it");
+  }
+  scratch->Truncate(journal->descriptionSize);
+  scratch->Flush();
+}
+
+void MenuFile::TakeBackHalfLine() {
+  if (!halfLine_) {
+    return;
+  }
+  const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
+  const std::uint64_t size = menu->Size();
+  if (size > halfLine_->start && size <= halfLine_->end) {
+    menu->Truncate(halfLine_->start);
     menu->Flush();
   }
-  RemoveScratchFile(files, change.scratchFile);
+  halfLine_.reset();
 }
 
 }  // namespace menufile

@@ -5,31 +5,26 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
 
-#include "menufile/failure.h"
-#include "menufile/file_system.h"
+#include "menufile/menu_file.h"
 #include "menufile/records.h"
+#include "menufile/scratch_file.h"
 
 namespace menufile {
-
-// The scratch files stand in the current directory, whatever the menu's own.
-inline constexpr const char* kListScratchFile = "temporaryfile";
-inline constexpr const char* kDialogScratchFile = "zoltempfileoktodelete";
 
 enum class ErrorMode {
   // The first failure is thrown; nothing is put back.
   Throws,
-  // Nothing is reported. What a failure leaves out is left out, and fields
-  // that the file does not hold are empty.
+  // No Failure is thrown: ChangeResult::Failed tells it. Fields that the file does
+  // not hold are empty.
   Ignores,
 };
 
-// The records behind the appearance line, as a record rule sees them.
+// The records after the appearance line, as a record rule sees them.
 class RecordStream {
  public:
-  // The record behind the one that was read last, the rule's own at first. Of
-  // the records read, the last two are good.
+  // Reads the next record: at first the one after the rule's own. The last two
+  // records that were read are good.
   virtual MenuItemRecord ReadNext() = 0;
   virtual void Write(const MenuItemRecord& record) = 0;
   // Writes the line of a separator.
@@ -41,7 +36,7 @@ class RecordStream {
 
 // Called once for each item record, top one first, with a counter from 0. It
 // writes the record or does not, and may write or read others. The counter
-// counts calls, so it runs behind the records once a rule reads one itself.
+// counts calls, so it lags by one once a rule has read a record itself.
 using RecordRule =
     std::function<void(std::size_t counter, const MenuItemRecord& record, RecordStream& records)>;
 
@@ -49,51 +44,33 @@ using RecordRule =
 void KeepRecord(std::size_t counter, const MenuItemRecord& record, RecordStream& records);
 
 // One change to a menu file: what the rewrite does differently for each of its
-// callers.
+// callers. menufile/changes.h makes them.
 struct MenuChange {
   const char* scratchFile = kListScratchFile;
-  // Off where a scratch file that is there already is written over from its
-  // front: what is longer in it then ends up behind the new menu. One that holds
-  // a menu is deleted first all the same.
+  // False where a scratch file that is there already is written over from its
+  // front, and what is longer in it ends up after the new menu.
   bool deleteScratchFirst = true;
   ErrorMode errorMode = ErrorMode::Throws;
   // What the type line is to say. Absent: what it says.
   std::optional<MenuType> type;
-  // Absent: the one in the file stays.
-  std::optional<AppearanceRecord> appearance;
-  // Absent: the records in the file are not read, and dropped.
+  // The new appearance line, with its line end. Absent: the one in the file stays.
+  std::optional<std::string> appearanceLine;
+  // Empty: the records in the file are not read, and dropped.
   RecordRule recordRule;
-  // Written behind the records.
-  std::optional<DirectoryPointerRecord> directory;
+  // Written after the records.
+  std::string directoryLine;
   // A picture file to replace the one at the head. Absent: that one stays.
-  std::optional<std::string_view> picture;
+  std::optional<std::string> picture;
 };
 
-// What a change that failed left of the menu file.
-enum class RewriteResult {
-  Done,
-  // A failure was ignored; the menu file is as it was.
-  MenuUntouched,
-  // A failure was ignored while the menu file was being written. It may be cut
-  // short; the scratch file holds it whole.
-  MenuMayBeCut,
-};
-
-// Thrown for MenuMayBeCut where failures are not ignored.
-class MenuMayBeCutFailure final : public Failure {
- public:
-  explicit MenuMayBeCutFailure(const Failure& failure) : Failure(failure) {}
-};
-
-// Applies `change` to the menu file at `path`: writes the menu as it is to be
-// into the scratch file, empties the menu file, copies the scratch file back
-// and deletes it.
+// Applies `change` to the menu file: writes the menu as it is to be into the
+// scratch file, empties the menu file, copies the scratch file back and deletes
+// it. A new picture goes to the menu file alone; the scratch file then holds what
+// comes after the picture.
 //
 // The menu file is not touched before the scratch file stands complete on the
-// disk, and the scratch file is not deleted before the menu file does. When
-// this fails in between, the scratch file stays where it is, and MakeMenuWhole()
-// is due before the next change.
-RewriteResult RewriteMenuFile(FileSystem& files, const std::string& path, const MenuChange& change);
+// disk, with a journal, and the journal stays until the menu file is complete there.
+ChangeResult RewriteMenuFile(MenuFile& menu, const MenuChange& change);
 
 }  // namespace menufile
 

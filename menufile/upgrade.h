@@ -1,16 +1,11 @@
 #ifndef CORVALIS_MENUFILE_UPGRADE_H_
 #define CORVALIS_MENUFILE_UPGRADE_H_
 
-#include <string>
 #include <string_view>
 
-#include "menufile/file_system.h"
+#include "menufile/menu_file.h"
 
 namespace menufile {
-
-// What a user-defined menu with that picture holds in front of the appearance
-// line, where a file without a marker line begins.
-std::string ConvertedHead(std::string_view picture);
 
 // Turns a file without a marker line into a user-defined menu: `picture`, the
 // marker line and the type line are put in front of what the file holds, which
@@ -18,11 +13,10 @@ std::string ConvertedHead(std::string_view picture);
 // entries.) The old bytes go through the scratch file "temporaryfile" in the
 // current directory.
 //
-// False when the file could not be converted, or has a marker line by now, and
-// stands as it was. Throws Failure only when the file could neither be converted
-// nor put back; its old bytes then are in the scratch file, and the message says
-// so.
-bool UpgradeMenuFile(FileSystem& files, const std::string& path, std::string_view picture);
+// A file that cannot be converted, or has a marker line by now, stays as it was,
+// and nothing is told. Throws Failure when the file had been emptied and could not be
+// written: what it is to hold is then in the scratch file, with a journal.
+void UpgradeMenuFile(MenuFile& menu, std::string_view picture);
 
 }  // namespace menufile
 

@@ -117,9 +117,41 @@ std::string NumberText(double number) {
   return std::string(text, result.ptr);
 }
 
-std::string FontSizeText(double points) {
-  constexpr double kScale = 10000;
-  return NumberText(std::nearbyint(points * kScale) / kScale);
+std::optional<std::string> FontSizeText(double points) {
+  if (!std::isfinite(points)) {
+    return std::nullopt;
+  }
+  constexpr std::size_t kFractionalDigits = 4;
+  // The greatest number has 309 digits before the point, the least 324 zeros and
+  // some digits after it.
+  char buffer[800];
+  const auto end =
+      std::to_chars(buffer, buffer + sizeof buffer, std::fabs(points), std::chars_format::fixed)
+          .ptr;
+  std::string digits(buffer, end);
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  const std::string rest = digits.substr(std::min(point + 1 + kFractionalDigits, digits.size()));
+  std::string fraction = digits.substr(std::min(point + 1, digits.size()), kFractionalDigits);
+  fraction.resize(kFractionalDigits, '0');
+  digits = '0' + digits.substr(0, point) + fraction;  // room for a carry
+  const bool isEven = (digits.back() - '0') % 2 == 0;
+  if (isEven ? rest > "5" : rest >= "5") {
+    auto digit = digits.rbegin();
+    for (; *digit == '9'; ++digit) {
+      *digit = '0';
+    }
+    ++*digit;
+  }
+  digits.insert(digits.size() - kFractionalDigits, 1, '.');
+  digits.erase(digits.find_last_not_of('0') + 1);
+  if (digits.back() == '.') {
+    digits.pop_back();
+  }
+  digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size()));
+  if (digits.empty() || digits.front() == '.') {
+    digits.insert(0, 1, '0');
+  }
+  return points < 0 && digits != "0" ? '-' + digits : digits;
 }
 
 }  // namespace menufile

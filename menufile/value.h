@@ -2,6 +2,7 @@
 #define CORVALIS_MENUFILE_VALUE_H_
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -67,8 +68,10 @@ class Value {
 std::string NumberText(double number);
 
 // A font size as the format wants it: fixed point with at most four fractional
-// digits, trailing zeros and point dropped (8.25, 10).
-std::string FontSizeText(double points);
+// digits, rounded from the shortest decimal that reads back as `points` (halves to
+// the even digit), without trailing zeros and point (8.25, 10). Nothing for a size
+// that is no finite number.
+std::optional<std::string> FontSizeText(double points);
 
 }  // namespace menufile
 

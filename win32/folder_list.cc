@@ -65,10 +65,6 @@ std::wstring InFolder(const std::wstring& folder, const std::wstring& name) {
   return folder.ends_with(L'\\') ? folder + name : folder + L"\\" + name;
 }
 
-struct CloseSearch {
-  void operator()(HANDLE search) const { FindClose(search); }
-};
-
 bool ComesBefore(const std::wstring& a, const std::wstring& b) {
   const int order =
       CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, a.c_str(), -1, b.c_str(), -1);
@@ -198,7 +194,7 @@ std::optional<std::vector<std::wstring>> FolderList::FoldersIn(const std::wstrin
     }
     return std::nullopt;
   }
-  const UniqueHandle<HANDLE, CloseSearch> search(handle);
+  const UniqueSearch search(handle);
   std::vector<std::wstring> names;
   do {
     const std::wstring name = found.cFileName;

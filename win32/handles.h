@@ -47,6 +47,9 @@ struct ReleaseObject {
 struct ReleaseDc {
   void operator()(HDC dc) const { DeleteDC(dc); }
 };
+struct ReleaseSearch {
+  void operator()(HANDLE search) const { FindClose(search); }
+};
 struct ReleaseKernelObject {
   void operator()(HANDLE object) const { CloseHandle(object); }
 };
@@ -57,6 +60,8 @@ using UniqueBitmap = UniqueHandle<HBITMAP, ReleaseObject>;
 using UniqueBrush = UniqueHandle<HBRUSH, ReleaseObject>;
 // Of a file, among others: INVALID_HANDLE_VALUE must not get here.
 using UniqueKernelHandle = UniqueHandle<HANDLE, ReleaseKernelObject>;
+// Of FindFirstFile(): INVALID_HANDLE_VALUE must not get here.
+using UniqueSearch = UniqueHandle<HANDLE, ReleaseSearch>;
 using UniqueMemoryDc = UniqueHandle<HDC, ReleaseDc>;
 
 // The window's own device context, given back on destruction.

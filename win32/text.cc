@@ -9,10 +9,6 @@
 namespace win32 {
 namespace {
 
-struct CloseSearch {
-  void operator()(HANDLE search) const { FindClose(search); }
-};
-
 constexpr wchar_t kReplacement = L'\xFFFD';
 
 // Nothing when the flags forbid what is in the bytes.
@@ -68,7 +64,7 @@ std::wstring ShortNameOf(const std::wstring& path, std::wstring_view name) {
   if (handle == INVALID_HANDLE_VALUE) {
     return {};
   }
-  const UniqueHandle<HANDLE, CloseSearch> search(handle);
+  const UniqueSearch search(handle);
   return found.cAlternateFileName;
 }
 

@@ -3,13 +3,12 @@
 #include <vector>
 
 #include "editor/form2.h"
-#include "menufile/append.h"
+#include "menufile/changes.h"
 #include "menufile/failure.h"
 #include "win32/message_box.h"
 #include "win32/shell_file.h"
 #include "win32/text.h"
 #include "win32/wait_pointer.h"
-#include "wizard/entry.h"
 
 namespace editor {
 namespace {
@@ -60,14 +59,11 @@ void Form2::List1Drop() {
 // time.
 void Form2::AddDropped(const std::vector<std::string>& paths) {
   const win32::WaitPointer wait;
-  std::vector<wizard::Entry> entries;
+  std::vector<menufile::EntryTexts> entries;
   for (const std::string& path : paths) {
     entries.push_back({NameOf(path), path, {}, {}});
   }
-  menufile::MenuAppender menu = OpenToAppend();
-  for (const wizard::Entry& entry : entries) {
-    wizard::AppendEntry(menu, items_, entry);
-  }
+  AddEntries(entries, false);
 }
 
 }  // namespace editor

@@ -2,10 +2,8 @@
 
 #include <utility>
 
-#include "menufile/append.h"
+#include "menufile/changes.h"
 #include "menufile/failure.h"
-#include "menufile/rewrite.h"
-#include "menufile/scratch_file.h"
 #include "resources/resource.h"
 #include "win32/edit_box.h"
 #include "win32/file_dialog.h"
@@ -48,9 +46,8 @@ Form3::Form3(editor::Form2& form2) : Form(kForm3Plan, form2.window(), kTargetPag
   SetDefaultButton(IDC_FORM3_COMMAND1);
 }
 
-void Form3::Fill(const menufile::MenuItemRecord& entry) {
-  const auto fill = [this](int box, const menufile::Value& value) {
-    const std::string bytes = value.Text();
+void Form3::Fill(const menufile::MenuEntry& entry) {
+  const auto fill = [this](int box, const std::string& bytes) {
     // An empty text is what the box holds already: no change to report.
     if (!bytes.empty()) {
       win32::SetText(Control(box), win32::ToText(bytes));
@@ -114,15 +111,15 @@ void Form3::Command4Click() {
 }
 
 void Form3::Command5Click() {
-  const std::optional<Entry> entry = TypedEntry();
+  const std::optional<menufile::EntryTexts> entry = TypedEntry();
   if (!entry) {
     return;
   }
   try {
     if (editedRow_) {
       ChangeEntry(*editedRow_, *entry);
-    } else {
-      AddEntry(*entry);
+    } else if (!form2_.AddEntries({*entry}, true)) {
+      return;  // another press adds it
     }
   } catch (const menufile::Failure&) {
     return;  // nothing is told; the wizard stays open
@@ -151,7 +148,7 @@ std::optional<std::string> Form3::Target() const {
   return target_.PathBytesOf(Text(IDC_FORM3_TEXT1));
 }
 
-std::optional<Entry> Form3::TypedEntry() const {
+std::optional<menufile::EntryTexts> Form3::TypedEntry() const {
   const struct {
     const wchar_t* name;
     int box;
@@ -170,25 +167,14 @@ std::optional<Entry> Form3::TypedEntry() const {
       return std::nullopt;
     }
   }
-  return Entry{*fields[0].bytes, *fields[1].bytes, *fields[2].bytes, *fields[3].bytes};
+  return menufile::EntryTexts{*fields[0].bytes, *fields[1].bytes, *fields[2].bytes,
+                              *fields[3].bytes};
 }
 
-void Form3::AddEntry(const Entry& entry) {
-  menufile::MenuAppender menu = form2_.OpenToAppend();
-  // Not before: until then it may hold the only whole copy of the menu.
-  menufile::RemoveScratchFile(form2_.files(), menufile::kDialogScratchFile);
-  AppendEntry(menu, form2_.items(), entry);
-}
-
-void Form3::ChangeEntry(int row, const Entry& entry) {
-  menufile::MenuChange change;
-  change.scratchFile = menufile::kDialogScratchFile;
-  change.recordRule = [&](std::size_t counter, const menufile::MenuItemRecord& record,
-                          menufile::RecordStream& records) {
-    records.Write(counter == static_cast<std::size_t>(row) ? entry.Record(record) : record);
-  };
-  form2_.Rewrite(change);
-
+void Form3::ChangeEntry(int row, const menufile::EntryTexts& entry) {
+  if (!form2_.Rewrite(menufile::EditEntry(static_cast<std::size_t>(row), entry))) {
+    return;
+  }
   // The row shows the icon of the new target until the file is loaded again,
   // also when the entry has an icon file; and it keeps the tag of the old one.
   form2_.items().Rename(row, entry.caption);

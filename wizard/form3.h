@@ -7,11 +7,11 @@
 #include <string>
 
 #include "editor/form2.h"
-#include "menufile/records.h"
+#include "menufile/changes.h"
+#include "menufile/loader.h"
 #include "win32/form.h"
 #include "win32/handles.h"
 #include "win32/text.h"
-#include "wizard/entry.h"
 
 namespace wizard {
 
@@ -28,7 +28,7 @@ class Form3 final : public win32::Form {
   // The entry to edit: its place among the entries of the file, which is its
   // row in the list, from 0.
   void EditRow(int row) { editedRow_ = row; }
-  void Fill(const menufile::MenuItemRecord& entry);
+  void Fill(const menufile::MenuEntry& entry);
 
   void Text1Change();
   void Text4Change();
@@ -48,10 +48,9 @@ class Form3 final : public win32::Form {
   std::optional<std::string> Target() const;
   // Nothing, after a message, when a menu file cannot hold what one of the boxes
   // says.
-  std::optional<Entry> TypedEntry() const;
-  // What Finish does to the file and to the list. Both throw menufile::Failure.
-  void AddEntry(const Entry& entry);
-  void ChangeEntry(int row, const Entry& entry);
+  std::optional<menufile::EntryTexts> TypedEntry() const;
+  // What Finish does to the file and to the list. Throws menufile::Failure.
+  void ChangeEntry(int row, const menufile::EntryTexts& entry);
 
   editor::Form2& form2_;
   std::optional<int> editedRow_;

@@ -1,6 +1,5 @@
 #include <memory>
 #include <optional>
-#include <string>
 #include <utility>
 
 #include "editor/form2.h"
@@ -15,8 +14,7 @@ void Form2::Command3Click() {
   if (row < 0) {
     return;
   }
-  std::string bytes;
-  const std::optional<menufile::MenuItemRecord> entry = ReadEntry(row, bytes);
+  const std::optional<menufile::MenuEntry> entry = ReadEntry(row);
   if (!entry) {
     return;
   }

@@ -11,7 +11,7 @@
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/fuzz/require.h"
 #include "tests/menufile/compare_with_literal.h"
-#include "tests/menufile/operation.h"
+#include "tests/menufile/user_change.h"
 
 namespace {
 
@@ -22,23 +22,25 @@ constexpr unsigned kCannotBeDeleted = 2;
 constexpr unsigned kHasTexts = 4;
 constexpr unsigned kLongLeftover = 8;
 
-void ReadTexts(FuzzInput& input, Operation& operation) {
-  for (std::string* text : {&operation.caption, &operation.target, &operation.arguments,
-                            &operation.startIn, &operation.iconFile, &operation.fontName,
-                            &operation.picture, &operation.folderPath, &operation.filePattern}) {
+void ReadTexts(FuzzInput& input, UserChange& operation) {
+  for (std::string* text :
+       {&operation.texts.caption, &operation.texts.target, &operation.texts.arguments,
+        &operation.texts.startIn, &operation.iconFile, &operation.appearance.fontName,
+        &operation.appearance.picture, &operation.directory.folderPath,
+        &operation.directory.filePattern}) {
     *text = input.Text();
   }
   // What stands in these is a number in every case.
   operation.iconIndex = std::to_string(input.Byte());
-  operation.smallIcons = std::to_string(input.Byte() % 3);
+  operation.appearance.smallIcons = input.Byte() % 2 == 1;
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzInput input(data, size);
-  const auto kind = static_cast<Operation::Kind>(input.Byte() % kOperationKinds);
-  Operation operation = MakeOperation(kind, input.Byte());
+  const auto kind = static_cast<UserChange::Kind>(input.Byte() % kUserChanges);
+  UserChange operation = SampleChange(kind, input.Byte());
   const unsigned flags = input.Byte();
   std::optional<std::string> leftover;
   if (flags & kHasLeftover) {

@@ -13,7 +13,7 @@
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/fuzz/require.h"
 #include "tests/menufile/loaded_menu.h"
-#include "tests/menufile/operation.h"
+#include "tests/menufile/user_change.h"
 #include "tests/menufile/sample_menus.h"
 
 namespace {
@@ -42,7 +42,7 @@ std::string Number(FuzzInput& input) {
   if (!std::isfinite(number)) {
     return "";
   }
-  return kind % 2 == 0 ? NumberText(number) : FontSizeText(std::fmod(number, 10000));
+  return kind % 2 == 0 ? NumberText(number) : FontSizeText(std::fmod(number, 10000)).value();
 }
 
 std::string ToldText(const std::string& text) { return "T:" + text; }
@@ -110,8 +110,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   files.Put(kMenuPath, menu);
   Require(Load(files) == LoadedMenu{shown, LoadedMenu::End::Menu, ""}, "what was written loads");
   if (!pointer) {
-    const Operation keep = MakeOperation(Operation::Kind::Keep);
-    RewriteMenuFile(files, kMenuPath, ChangeFor(keep));
+    Make(files, kMenuPath, SampleChange(UserChange::Kind::Keep));
     Require(files.Get(kMenuPath) == menu, "a rewrite gives back the same bytes");
   }
   return 0;

@@ -1,9 +1,9 @@
-#include "menufile/append.h"
-
+// Adding entries at the end of a menu file.
 #include <gtest/gtest.h>
 
 #include <string>
 
+#include "menufile/changes.h"
 #include "menufile/failure.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"
@@ -12,51 +12,97 @@ namespace menufile {
 namespace {
 
 using namespace std::string_literals;
+using Writes = std::vector<std::string>;
 
-const MenuItemRecord kItem = {Value::Quoted("New, entry"),
-                              Value::Quoted("C:\\new"),
-                              Value(),
-                              Value(),
-                              Value(),
-                              Value::Bare("0")};
-constexpr const char* kLine = "\"New, entry\",\"C:\\new\",\"\",\"\",\"\",0\r\n";
+const std::vector<EntryTexts> kEntries = {{"New, entry", "C:\\new", "", ""},
+                                          {"Second", "C:\\2", "/s", "C:\\"}};
+const std::string kLines =
+    "\"New, "
+    "entry\",\"C:\\new\",\"\",\"\",\"\",0\r\n\"Second\",\"C:\\2\",\"/s\",\"C:\\\",\"\",0\r\n";
+const std::string kWriteLines =
+    "write " + std::to_string(kLines.size()) + " bytes to C:\\menus\\a.menu";
+constexpr const char* kScratch = "zoltempfileoktodelete";
 
-TEST(MenuAppender, WritesBehindTheLastByte) {
-  for (const std::string& old : {UserMenu(3), UserMenu(0), DirectoryMenu(), ""s, "cut \"off"s}) {
+ChangeResult Add(MemoryFiles& files, bool deletesScratchFile = true) {
+  MenuFile menu(files, kMenuPath);
+  return AddEntries(menu, kEntries, deletesScratchFile);
+}
+
+TEST(AddEntries, WritesAfterTheLastByte) {
+  for (const std::string& old : {UserMenu(3), UserMenu(0), DirectoryMenu(), ""s}) {
     MemoryFiles files;
     files.Put(kMenuPath, old);
-    MenuAppender(files, kMenuPath).Append(kItem);
-    EXPECT_EQ(old + kLine, files.Get(kMenuPath));
+    EXPECT_EQ(ChangeResult::Made, Add(files));
+    EXPECT_EQ(old + kLines, files.Get(kMenuPath));
+    EXPECT_EQ(std::nullopt, files.Get(kScratch));
   }
 }
 
-TEST(MenuAppender, WritesSeveralInTheirOrder) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(3));
-  MenuAppender appender(files, kMenuPath);
-  MenuItemRecord second = kItem;
-  second.caption = Value::Quoted("Second");
-  appender.Append(kItem);
-  EXPECT_EQ(UserMenu(3) + kLine, files.AfterPowerCut(Unflushed::Dropped)[kMenuPath]);
-  appender.Append(second);
-  EXPECT_EQ(UserMenu(3) + kLine + "\"Second\",\"C:\\new\",\"\",\"\",\"\",0\r\n",
-            files.AfterPowerCut(Unflushed::Dropped)[kMenuPath]);
+// Glued to the last line, the menu would not load any more.
+TEST(AddEntries, EndsALastLineThatHasNoEndFirst) {
+  for (const char* end : {"\r\n", "\r", "\n", ""}) {
+    const std::string old = UserMenu(1).substr(0, UserMenu(1).size() - 2) + end;
+    MemoryFiles files;
+    files.Put(kMenuPath, old);
+    Add(files);
+    EXPECT_EQ(old + (*end == '\0' ? "\r\n" : "") + kLines, files.Get(kMenuPath));
+    EXPECT_EQ(4u, Load(files).shown.size());
+  }
 }
 
-TEST(MenuAppender, ReadsNothingAndNeedsNoScratchFile) {
+TEST(AddEntries, IsOnTheDiskWhenItIsMade) {
   MemoryFiles files;
   files.Put(kMenuPath, UserMenu(3));
-  MenuAppender(files, kMenuPath).Append(kItem);
-  EXPECT_EQ((std::vector<std::string>{
-                "open to change C:\\menus\\a.menu", "seek to the end of C:\\menus\\a.menu",
-                "write 34 bytes to C:\\menus\\a.menu", "flush C:\\menus\\a.menu"}),
-            files.log());
+  Add(files);
+  for (PowerCut cut = 0; cut < 40; ++cut) {
+    MemoryFiles next(files.AfterPowerCut(cut));
+    EXPECT_EQ(UserMenu(3) + kLines, next.Get(kMenuPath));
+    EXPECT_FALSE(MenuFile(next, kMenuPath).WasCutShort());
+  }
 }
 
-TEST(MenuAppender, DoesNotMakeAMissingFile) {
+TEST(AddEntries, HasItsJournalOnTheDiskBeforeTheMenuIsTouched) {
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(3));
+  Add(files);
+  const Writes writes = files.Writes();
+  ASSERT_EQ(9u, writes.size());
+  EXPECT_EQ((Writes{"remove temporaryfile", kWriteLines, "flush C:\\menus\\a.menu",
+                    "truncate to 0: zoltempfileoktodelete", "flush zoltempfileoktodelete",
+                    "remove zoltempfileoktodelete"}),
+            Writes(writes.begin() + 3, writes.end()));
+  EXPECT_EQ("flush zoltempfileoktodelete", writes[1]);
+}
+
+TEST(AddEntries, NeedsNoScratchFile) {
+  for (const bool folderTakesNone : {true, false}) {
+    MemoryFiles files;
+    files.Put(kMenuPath, UserMenu(3));
+    if (folderTakesNone) {
+      files.ForbidNewFiles();
+    } else {
+      files.Put(kScratch, "somebody's");
+    }
+    EXPECT_EQ(ChangeResult::Made, Add(files, false));
+    EXPECT_EQ(UserMenu(3) + kLines, files.Get(kMenuPath));
+    EXPECT_EQ(folderTakesNone ? std::nullopt : std::optional("somebody's"s), files.Get(kScratch));
+  }
+}
+
+TEST(AddEntries, DeletesAnOldScratchFileOnlyWhereItIsToldTo) {
+  for (const bool deletes : {true, false}) {
+    MemoryFiles files;
+    files.Put(kMenuPath, UserMenu(3));
+    files.Put(kScratch, "old");
+    Add(files, deletes);
+    EXPECT_EQ(deletes ? std::nullopt : std::optional("old"s), files.Get(kScratch));
+  }
+}
+
+TEST(AddEntries, DoesNotMakeAMissingFile) {
   MemoryFiles files;
   try {
-    MenuAppender appender(files, kMenuPath);
+    Add(files);
     ADD_FAILURE() << "no failure";
   } catch (const Failure& failure) {
     EXPECT_STREQ("Cannot open the file:\nC:\\menus\\a.menu\n\nThere is no such file.",
@@ -65,56 +111,62 @@ TEST(MenuAppender, DoesNotMakeAMissingFile) {
   EXPECT_EQ(std::nullopt, files.Get(kMenuPath));
 }
 
-TEST(MenuAppender, TakesBackALineThatCouldNotBeWrittenWhole) {
-  for (std::size_t operation : {3u, 4u}) {
-    for (Fault::Done done : {Fault::Done::Nothing, Fault::Done::Half, Fault::Done::All}) {
-      MemoryFiles files;
-      files.Put(kMenuPath, UserMenu(3));
-      files.SetFault({operation, Fault::Kind::FailsOnce, done});
-      MenuAppender appender(files, kMenuPath);
-      try {
-        appender.Append(kItem);
-        ADD_FAILURE() << "no failure";
-      } catch (const Failure& failure) {
-        EXPECT_STREQ("Cannot use the file:\nC:\\menus\\a.menu\n\nThe disk does not answer.",
-                     failure.what());
-      }
-      EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
-      appender.Append(kItem);
-      EXPECT_EQ(UserMenu(3) + kLine, files.Get(kMenuPath));
-    }
-  }
-}
-
-TEST(MenuAppender, TellsTheFirstFailureWhereTheLineCannotBeTakenBack) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(3));
-  files.SetFault({3, Fault::Kind::FailsForGood, Fault::Done::Half});
-  MenuAppender appender(files, kMenuPath);
-  EXPECT_THROW(appender.Append(kItem), Failure);
-  EXPECT_EQ(UserMenu(3) + std::string(kLine).substr(0, 17), files.Get(kMenuPath));
-}
-
-TEST(MenuAppender, LeavesTheMenuWhenTheDiskIsFull) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(3));
-  files.SetCapacity(UserMenu(3).size() + 10);
-  MenuAppender appender(files, kMenuPath);
-  try {
-    appender.Append(kItem);
-    ADD_FAILURE() << "no failure";
-  } catch (const Failure& failure) {
-    EXPECT_STREQ("Cannot write the file:\nC:\\menus\\a.menu\n\nThe disk is full.", failure.what());
-  }
-  EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
-}
-
-TEST(MenuAppender, CannotChangeAFileThatAnotherProgramHolds) {
+TEST(AddEntries, CannotChangeAFileThatAnotherProgramHolds) {
   MemoryFiles files;
   files.Put(kMenuPath, UserMenu(3));
   files.HoldByOther(kMenuPath);
-  EXPECT_THROW(MenuAppender(files, kMenuPath), Failure);
+  EXPECT_THROW(Add(files), Failure);
   EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
+}
+
+TEST(AddEntries, LeavesTheMenuWhenTheDiskIsFull) {
+  for (const std::size_t left : {0u, 10u, 60u}) {
+    MemoryFiles files;
+    files.Put(kMenuPath, UserMenu(3));
+    files.SetCapacity(UserMenu(3).size() + left);
+    EXPECT_THROW(Add(files), Failure);
+    EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
+    EXPECT_EQ(std::nullopt, files.Get(kScratch));
+  }
+}
+
+// Finds the operation of a log that begins like this.
+std::size_t NumberOf(const MemoryFiles& files, std::string_view beginning) {
+  for (std::size_t i = 0; i < files.log().size(); ++i) {
+    if (files.log()[i].starts_with(beginning)) {
+      return i + 1;
+    }
+  }
+  ADD_FAILURE() << beginning << " is not done";
+  return 0;
+}
+
+// Where the lines cannot be taken back either, the next change does so before it
+// builds upon them, or finishes them where there is a journal.
+TEST(AddEntries, DoesNotBuildUponHalfALine) {
+  for (const bool hasJournal : {true, false}) {
+    MemoryFiles files;
+    files.Put(kMenuPath, UserMenu(3));
+    if (!hasJournal) {
+      files.ForbidNewFiles();
+    }
+    Add(files);
+    const std::size_t write = NumberOf(files, kWriteLines);
+    files.Put(kMenuPath, UserMenu(3));
+    files.SetFault({write, Fault::Kind::FailsForGood, Fault::Done::Half});
+    MenuFile menu(files, kMenuPath);
+    EXPECT_THROW(AddEntries(menu, kEntries, true), Failure);
+    EXPECT_EQ(UserMenu(3) + kLines.substr(0, kLines.size() / 2), files.Get(kMenuPath));
+    EXPECT_TRUE(menu.HasUnfinished());
+    files.SetFault({});
+    if (hasJournal) {
+      EXPECT_EQ(ChangeResult::EarlierFinished, AddEntries(menu, kEntries, true));
+    } else {
+      EXPECT_EQ(ChangeResult::Made, AddEntries(menu, kEntries, true));
+    }
+    EXPECT_EQ(UserMenu(3) + kLines, files.Get(kMenuPath));
+    EXPECT_FALSE(menu.HasUnfinished());
+  }
 }
 
 }  // namespace

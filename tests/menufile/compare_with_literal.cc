@@ -41,15 +41,21 @@ bool HasMarkerLine(std::string_view bytes) {
   return line == "<START ZOL>";
 }
 
+// A picture that the literal rewrite would put there, for every reader to split the
+// menu in the middle of it.
+bool RefusesPicture(const std::string& picture) {
+  return (picture + "\r").find("<START ZOL>\r") != std::string::npos;
+}
+
 }  // namespace
 
 Comparison CompareWithLiteral(std::string_view menu, const std::optional<std::string>& leftover,
-                              bool scratchCanBeDeleted, const Operation& operation) {
+                              bool scratchCanBeDeleted, const UserChange& operation) {
   // A leftover with a menu in it goes, where the literal rewrite would have taken
   // the end of it for entries.
-  const bool isDeleted = leftover && scratchCanBeDeleted && HasMarkerLine(*leftover);
+  const bool isEmptied = leftover && HasMarkerLine(*leftover);
   const LiteralResult literal =
-      RewriteLiterally(menu, isDeleted ? std::nullopt : leftover, scratchCanBeDeleted, operation);
+      RewriteLiterally(menu, isEmptied ? std::nullopt : leftover, scratchCanBeDeleted, operation);
 
   const char* const scratchFile = ScratchFileOf(operation.kind);
   MemoryFiles files;
@@ -65,19 +71,26 @@ Comparison CompareWithLiteral(std::string_view menu, const std::optional<std::st
     files.ForbidRemove(scratchFile);
   }
   Comparison comparison;
+  if (operation.kind == UserChange::Kind::SaveAppearance &&
+      RefusesPicture(operation.appearance.picture)) {
+    comparison.failed = true;
+    bool wasRefused = false;
+    try {
+      Make(files, kMenuPath, operation);
+    } catch (const Failure&) {
+      wasRefused = files.Get(kMenuPath) == menu;
+    }
+    comparison.difference = wasRefused ? "" : "a picture with the marker was not refused";
+    return comparison;
+  }
   try {
-    RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+    Make(files, kMenuPath, operation);
   } catch (const Failure&) {
     comparison.failed = true;
   }
   const std::string written = files.Get(kMenuPath).value_or("(no file)");
   const std::string scratch = files.Get(scratchFile).value_or("(no file)");
   std::string expectedScratch = literal.scratch.value_or("(no file)");
-  if (operation.kind == Operation::Kind::SaveAppearance && literal.scratch) {
-    // The literal scratch file lacks the new picture. That would then stand
-    // nowhere as a whole while the menu file is being written.
-    expectedScratch.insert(0, operation.picture);
-  }
   if (comparison.failed != literal.failed) {
     comparison.difference = comparison.failed ? "only the rewrite failed" : "the rewrite went on";
   } else if (written != literal.menu) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/menufile/operation.h"
+#include "tests/menufile/user_change.h"
 
 namespace menufile {
 
@@ -17,7 +17,7 @@ struct Comparison {
 // Runs the operation on the same bytes through RewriteMenuFile() and through
 // RewriteLiterally(), and compares what they leave.
 Comparison CompareWithLiteral(std::string_view menu, const std::optional<std::string>& leftover,
-                              bool scratchCanBeDeleted, const Operation& operation);
+                              bool scratchCanBeDeleted, const UserChange& operation);
 
 }  // namespace menufile
 

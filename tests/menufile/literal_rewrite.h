@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/menufile/operation.h"
+#include "tests/menufile/user_change.h"
 
 namespace menufile {
 
@@ -22,7 +22,7 @@ struct LiteralResult {
 // what the rewrite is to achieve. `scratch` is what a scratch file holds that
 // is there already.
 LiteralResult RewriteLiterally(std::string_view menu, const std::optional<std::string>& scratch,
-                               bool scratchCanBeDeleted, const Operation& operation);
+                               bool scratchCanBeDeleted, const UserChange& operation);
 
 }  // namespace menufile
 

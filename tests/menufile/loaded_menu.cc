@@ -117,9 +117,10 @@ void RecordingView::ShowDirectoryPointer(const DirectoryPointerRecord& d) {
 
 LoadedMenu Load(MemoryFiles& files, int yesAnswers, std::string_view picture) {
   RecordingView view(yesAnswers);
+  MenuFile file(files, kMenuPath);
   LoadedMenu menu;
   try {
-    const bool loaded = LoadMenuFile(files, kMenuPath, picture, view);
+    const bool loaded = LoadMenuFile(file, picture, view);
     menu.end = loaded ? LoadedMenu::End::Menu : LoadedMenu::End::Declined;
   } catch (const Failure& failure) {
     menu.end = LoadedMenu::End::Failed;

@@ -172,24 +172,30 @@ TEST(LoadMenuFile, AConvertedFileThatIsNoPreviousVersionFails) {
   EXPECT_EQ("ico\r\n<START ZOL>\r\n\"USERDEF\"\r\n", files.Get(kMenuPath));
 }
 
-TEST(ReadMenuItem, TakesTheEntryOfThatNumber) {
-  const std::string menu = UserMenu(5);
-  EXPECT_EQ("Caption 0", ReadMenuItem(menu, kMenuPath, 0).caption.Text());
-  EXPECT_EQ("Icon", ReadMenuItem(menu, kMenuPath, 1).caption.Text());
-  EXPECT_EQ("", ReadMenuItem(menu, kMenuPath, 2).caption.Text());
-  EXPECT_EQ("http://host/<path>", ReadMenuItem(menu, kMenuPath, 3).target.Text());
+TEST(ReadMenuEntry, TakesTheEntryOfThatNumber) {
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(5));
+  MenuFile menu(files, kMenuPath);
+  EXPECT_EQ("Caption 0", ReadMenuEntry(menu, 0)->caption);
+  EXPECT_EQ("C:\\t.exe", ReadMenuEntry(menu, 1)->target);
+  EXPECT_EQ("C:\\icons.dll", ReadMenuEntry(menu, 1)->iconFile);
+  EXPECT_EQ("1", ReadMenuEntry(menu, 1)->iconIndex);
+  EXPECT_EQ("", ReadMenuEntry(menu, 2)->caption);
+  EXPECT_EQ("http://host/<path>", ReadMenuEntry(menu, 3)->target);
 }
 
-TEST(ReadMenuItem, OfANumberThatTheMenuDoesNotHaveIsAFailure) {
-  const std::string menu = UserMenu(2);
+TEST(ReadMenuEntry, OfANumberThatTheMenuDoesNotHaveIsAFailure) {
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(2));
+  MenuFile menu(files, kMenuPath);
   try {
-    ReadMenuItem(menu, kMenuPath, 2);
+    ReadMenuEntry(menu, 2);
     ADD_FAILURE() << "no failure";
   } catch (const Failure& failure) {
     EXPECT_EQ(
         "Cannot read entry 3, field caption, of the file:\nC:\\menus\\a.menu\n\n"
         "The file ends too early (at byte offset " +
-            std::to_string(menu.size()) + ").",
+            std::to_string(UserMenu(2).size()) + ").",
         std::string(failure.what()));
   }
 }

@@ -9,6 +9,8 @@
 namespace menufile {
 namespace {
 
+constexpr std::string_view kCurrentFolder = "C:\\current\\";
+
 void WriteAt(std::string& bytes, std::size_t position, std::string_view written) {
   if (bytes.size() < position + written.size()) {
     bytes.resize(position + written.size(), '\0');
@@ -35,37 +37,46 @@ class MemoryFiles::OpenFile final : public File {
     stored_->openedToChange.erase(this);
   }
 
+  std::string FullName() override {
+    files_.Begin("ask the name of", path_);
+    files_.End(path_);
+    return Full(path_);
+  }
+
+  std::uint64_t Size() override {
+    files_.Begin("ask the size of", path_);
+    files_.End(path_);
+    return stored_->bytes.size();
+  }
+
   std::string ReadAll() override {
     files_.Begin("read", path_);
     files_.End(path_);
-    return stored_->bytes;
+    return stored_->bytes.substr(0, stored_->bytes.size() / (files_.faulty_ ? 2 : 1));
   }
 
   std::size_t Read(std::uint64_t offset, std::span<char> bytes) override {
     files_.Begin("read from " + std::to_string(offset) + ":", path_);
     files_.End(path_);
     const std::size_t at = std::min(static_cast<std::size_t>(offset), stored_->bytes.size());
-    return stored_->bytes.copy(bytes.data(), bytes.size(), at);
+    const std::size_t got = stored_->bytes.copy(bytes.data(), bytes.size(), at);
+    return files_.faulty_ ? got / 2 : got;
   }
 
   void Truncate(std::uint64_t size) override {
     const Fault::Done done = files_.Begin("truncate to " + std::to_string(size) + ":", path_);
     if (done != Fault::Done::Nothing) {
       RequireWritable();
-      const auto end = static_cast<std::size_t>(size);
-      stored_->bytes.resize(std::min(end, stored_->bytes.size()));
-      stored_->unflushed.push_back({end, "", true});
-      position_ = end;
+      if (files_.forbiddenToTruncate_.count(Full(path_)) && size < stored_->bytes.size()) {
+        files_.Refuse(path_, "write the file", "The file cannot be made shorter");
+      }
+      stored_->bytes.resize(static_cast<std::size_t>(size));
+      position_ = static_cast<std::size_t>(size);
     }
     files_.End(path_);
   }
 
-  std::uint64_t SeekToEnd() override {
-    files_.Begin("seek to the end of", path_);
-    files_.End(path_);
-    position_ = stored_->bytes.size();
-    return position_;
-  }
+  void Seek(std::uint64_t offset) override { position_ = static_cast<std::size_t>(offset); }
 
   void Write(std::string_view bytes) override {
     const Fault::Done done =
@@ -81,8 +92,6 @@ class MemoryFiles::OpenFile final : public File {
       const std::size_t tooMany = grows - std::min(grows, left);
       const std::string_view fits = bytes.substr(0, bytes.size() - tooMany);
       WriteAt(stored_->bytes, position_, fits);
-      stored_->written = ++files_.clock_;
-      stored_->unflushed.push_back({position_, std::string(fits), false});
       position_ += fits.size();
       if (tooMany > 0) {
         files_.Refuse(path_, "write the file", "The disk is full");
@@ -94,7 +103,7 @@ class MemoryFiles::OpenFile final : public File {
   void Flush() override {
     if (files_.Begin("flush", path_) != Fault::Done::Nothing) {
       stored_->durable = stored_->bytes;
-      stored_->unflushed.clear();
+      files_.durableNames_[Full(path_)] = stored_;
     }
     files_.End(path_);
   }
@@ -113,107 +122,171 @@ class MemoryFiles::OpenFile final : public File {
   std::size_t position_ = 0;
 };
 
+MemoryFiles::MemoryFiles(const Disk& disk) {
+  for (const auto& [path, bytes] : disk) {
+    Put(path, bytes);
+  }
+}
+
+std::string MemoryFiles::Full(const std::string& path) {
+  return path.find('\\') == std::string::npos ? std::string(kCurrentFolder) + path : path;
+}
+
 void MemoryFiles::Put(const std::string& path, std::string_view bytes) {
   auto stored = std::make_shared<Stored>();
   stored->bytes = bytes;
-  stored->durable = stored->bytes;
-  stored->written = ++clock_;
-  files_[path] = std::move(stored);
+  stored->durable = bytes;
+  names_[Full(path)] = stored;
+  durableNames_[Full(path)] = std::move(stored);
 }
 
 std::optional<std::string> MemoryFiles::Get(const std::string& path) const {
-  const auto found = files_.find(path);
-  if (found == files_.end()) {
-    return std::nullopt;
+  const auto found = names_.find(Full(path));
+  return found == names_.end() ? std::nullopt : std::optional(found->second->bytes);
+}
+
+MemoryFiles::Disk MemoryFiles::Everything() const { return AfterPowerCut(kEverythingKept); }
+
+std::unique_ptr<File> MemoryFiles::OpenStored(const std::string& path, OpenMode mode,
+                                              std::shared_ptr<Stored> stored) {
+  if (stored != nullptr && mode != OpenMode::Read &&
+      (heldByOther_.count(Full(path)) || !stored->openedToChange.empty())) {
+    Refuse(path, "open the file", "Another program uses the file");
   }
-  return found->second->bytes;
+  End(path);
+  return stored == nullptr ? nullptr
+                           : std::make_unique<OpenFile>(*this, path, std::move(stored), mode);
 }
 
 std::unique_ptr<File> MemoryFiles::Open(const std::string& path, OpenMode mode) {
   const char* const purpose = mode == OpenMode::Read     ? "open to read"
                               : mode == OpenMode::Change ? "open to change"
                                                          : "open or make";
-  const Fault::Done done = Begin(purpose, path);
-  std::shared_ptr<Stored> stored;
-  if (done != Fault::Done::Nothing) {
-    const auto found = files_.find(path);
-    if (found != files_.end()) {
-      stored = found->second;
-    } else if (mode == OpenMode::Create) {
-      stored = std::make_shared<Stored>();
-      files_[path] = stored;
-    } else {
-      Refuse(path, "open the file", "There is no such file");
-    }
-    if (mode != OpenMode::Read && (heldByOther_.count(path) || !stored->openedToChange.empty())) {
-      Refuse(path, "open the file", "Another program uses the file");
-    }
+  if (Begin(purpose, path) == Fault::Done::Nothing) {
+    End(path);
   }
-  End(path);
-  return std::make_unique<OpenFile>(*this, path, stored, mode);
+  const auto found = names_.find(Full(path));
+  std::shared_ptr<Stored> stored = found == names_.end() ? nullptr : found->second;
+  if (stored == nullptr) {
+    if (mode != OpenMode::Create || newFilesForbidden_) {
+      Refuse(path, "open the file",
+             mode == OpenMode::Create ? "Access is denied" : "There is no such file");
+    }
+    stored = std::make_shared<Stored>();
+    names_[Full(path)] = stored;
+  }
+  return OpenStored(path, mode, std::move(stored));
+}
+
+std::unique_ptr<File> MemoryFiles::OpenIfThere(const std::string& path) {
+  if (Begin("look for", path) == Fault::Done::Nothing) {
+    End(path);
+  }
+  const auto found = names_.find(Full(path));
+  return OpenStored(path, OpenMode::Read, found == names_.end() ? nullptr : found->second);
 }
 
 void MemoryFiles::Remove(const std::string& path) {
   if (Begin("remove", path) != Fault::Done::Nothing) {
-    const auto found = files_.find(path);
-    if (found == files_.end()) {
+    const auto found = names_.find(Full(path));
+    if (found == names_.end()) {
       Refuse(path, "delete the file", "There is no such file");
     }
-    if (heldByOther_.count(path) || forbiddenToRemove_.count(path) ||
+    if (heldByOther_.count(Full(path)) || forbiddenToRemove_.count(Full(path)) ||
         !found->second->opened.empty()) {
       Refuse(path, "delete the file", "The file cannot be deleted");
     }
-    files_.erase(found);
+    names_.erase(found);
   }
   End(path);
 }
 
-std::uint64_t MemoryFiles::LastWritten(const std::string& path) {
-  Begin("ask the time of", path);
-  const auto found = files_.find(path);
-  if (found == files_.end()) {
-    Refuse(path, "open the file", "There is no such file");
+void MemoryFiles::Rename(const std::string& path, const std::string& newPath) {
+  if (Begin("rename to " + newPath + ":", path) != Fault::Done::Nothing) {
+    const auto found = names_.find(Full(path));
+    if (found == names_.end()) {
+      Refuse(path, "rename the file", "There is no such file");
+    }
+    if (heldByOther_.count(Full(path)) || forbiddenToRemove_.count(Full(path)) ||
+        !found->second->opened.empty() || names_.count(Full(newPath)) || newFilesForbidden_) {
+      Refuse(path, "rename the file", "The file cannot be renamed");
+    }
+    names_[Full(newPath)] = found->second;
+    names_.erase(found);
   }
   End(path);
-  return found->second->written;
 }
 
-MemoryFiles::Disk MemoryFiles::AfterPowerCut(Unflushed unflushed) const {
+std::vector<std::string> MemoryFiles::FilesThatBeginWith(const std::string& prefix) {
+  Begin("list", prefix);
+  End(prefix);
+  const std::string full = Full(prefix);
+  std::vector<std::string> paths;
+  for (const auto& [path, stored] : names_) {
+    if (path.starts_with(full) && path.find('\\', full.size()) == std::string::npos) {
+      paths.push_back(prefix + path.substr(full.size()));
+    }
+  }
+  return paths;
+}
+
+std::string MemoryFiles::Beside(const std::string& path, const std::string& name) {
+  return path.substr(0, path.find_last_of('\\') + 1) + name;
+}
+
+std::uint64_t MemoryFiles::FreeBytes(const std::string& path) {
+  Begin("ask for the free bytes of", path);
+  End(path);
+  return tellsFree_ ? capacity_ - std::min(capacity_, Used()) : capacity_;
+}
+
+std::vector<std::string> MemoryFiles::Writes() const {
+  std::vector<std::string> writes;
+  for (const std::string& operation : log_) {
+    for (const char* kind : {"write ", "truncate ", "flush ", "remove ", "rename "}) {
+      if (operation.starts_with(kind)) {
+        writes.push_back(operation);
+      }
+    }
+  }
+  return writes;
+}
+
+MemoryFiles::Disk MemoryFiles::AfterPowerCut(PowerCut cut) const {
+  std::mt19937 random(cut);
+  std::set<std::string> paths;
+  for (const Names* names : {&names_, &durableNames_}) {
+    for (const auto& [path, stored] : *names) {
+      paths.insert(path);
+    }
+  }
   Disk disk;
-  for (const auto& [path, stored] : files_) {
-    if (unflushed != Unflushed::Dropped || stored->durable) {
-      disk[path] = Apply(*stored, unflushed);
+  for (const std::string& path : paths) {
+    const auto now = names_.find(path);
+    const auto before = durableNames_.find(path);
+    const bool isNew = cut == kEverythingKept || (cut != kEverythingLost && random() % 2 == 0);
+    const auto found = isNew ? now : before;
+    if (found != (isNew ? names_ : durableNames_).end()) {
+      disk[path] = CutBytes(*found->second, cut, random);
     }
   }
   return disk;
 }
 
-std::string MemoryFiles::Apply(const Stored& stored, Unflushed unflushed) {
-  std::string bytes = stored.durable.value_or("");
-  if (unflushed == Unflushed::Dropped) {
-    return bytes;
+std::string MemoryFiles::CutBytes(const Stored& stored, PowerCut cut, std::mt19937& random) {
+  constexpr std::size_t kSector = 16;  // menus of the tests are small
+  if (cut <= kEverythingLost) {
+    return cut == kEverythingKept ? stored.bytes : stored.durable;
   }
-  std::size_t left = std::numeric_limits<std::size_t>::max();
-  if (unflushed == Unflushed::HalfKept) {
-    left = 0;
-    for (const Change& change : stored.unflushed) {
-      left += change.bytes.size();
-    }
-    left /= 2;
-  }
-  for (const Change& change : stored.unflushed) {
-    if (change.truncates) {
-      bytes.resize(std::min(change.position, bytes.size()));
-      continue;
-    }
-    std::string kept = change.bytes.substr(0, left);
-    if (unflushed == Unflushed::SizesKept) {
-      kept.assign(kept.size(), '\0');
-    }
-    WriteAt(bytes, change.position, kept);
-    left -= kept.size();
-    if (kept.size() < change.bytes.size()) {
-      break;
+  std::string bytes(random() % 2 == 0 ? stored.bytes.size() : stored.durable.size(), '\0');
+  for (std::size_t at = 0; at < bytes.size(); at += kSector) {
+    const std::string& source = random() % 2 == 0 ? stored.bytes : stored.durable;
+    const std::string written = at < source.size() ? source.substr(at, kSector) : std::string();
+    // A sector that was not changed keeps its bytes.
+    const bool isSame = stored.bytes.substr(std::min(at, stored.bytes.size()), kSector) ==
+                        stored.durable.substr(std::min(at, stored.durable.size()), kSector);
+    if (isSame || random() % 3 != 0) {
+      WriteAt(bytes, at, written.substr(0, bytes.size() - at));
     }
   }
   return bytes;
@@ -221,7 +294,7 @@ std::string MemoryFiles::Apply(const Stored& stored, Unflushed unflushed) {
 
 std::size_t MemoryFiles::Used() const {
   std::size_t used = 0;
-  for (const auto& [path, stored] : files_) {
+  for (const auto& [path, stored] : names_) {
     used += stored->bytes.size();
   }
   return used;
@@ -234,17 +307,17 @@ Fault::Done MemoryFiles::Begin(const std::string& operation, const std::string& 
   }
   log_.push_back(operation + ' ' + path);
   const std::size_t number = log_.size();
-  const bool behind = fault_.operation != 0 && number > fault_.operation &&
-                      fault_.kind == Fault::Kind::FailsForGood;
-  faulty_ = behind || (fault_.operation != 0 && number == fault_.operation);
-  if (!faulty_) {
+  const bool after = fault_.operation != 0 && number > fault_.operation &&
+                     fault_.kind == Fault::Kind::FailsForGood;
+  faulty_ = after || (fault_.operation != 0 && number == fault_.operation);
+  if (!faulty_ || fault_.kind == Fault::Kind::EndsEarly) {
     return Fault::Done::All;
   }
-  return behind ? Fault::Done::Nothing : fault_.done;
+  return after ? Fault::Done::Nothing : fault_.done;
 }
 
 void MemoryFiles::End(const std::string& path) {
-  if (!faulty_) {
+  if (!faulty_ || fault_.kind == Fault::Kind::EndsEarly) {
     return;
   }
   if (fault_.kind == Fault::Kind::EndsProcess) {

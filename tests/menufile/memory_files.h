@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <random>
 #include <set>
 #include <string>
 #include <string_view>
@@ -17,14 +18,15 @@
 namespace menufile {
 
 // Leaves the code under test where the process would have ended. It is no
-// Failure, so nothing of that code catches it.
+// std::exception, so nothing of that code catches it.
 struct ProcessEnded {};
 
 // What is to go wrong at one file operation.
 struct Fault {
   enum class Kind {
     FailsOnce,
-    FailsForGood,  // this operation and every one behind it
+    FailsForGood,  // this operation and every one after it
+    EndsEarly,     // a read gives half of the bytes and says that the file ends there
     EndsProcess,
   };
   // How much of the operation is done all the same. Half of an operation that
@@ -36,82 +38,104 @@ struct Fault {
   Done done = Done::Nothing;
 };
 
-// What a power cut leaves of the changes that were not flushed to the disk.
-// A file that was removed is gone in each case: that is the worst one.
-enum class Unflushed {
-  Kept,
-  Dropped,
-  HalfKept,   // the first half of the bytes written, and what came before them
-  SizesKept,  // files have their new sizes, and zeros where bytes were written
-};
-inline constexpr Unflushed kEveryUnflushed[] = {Unflushed::Kept, Unflushed::Dropped,
-                                                Unflushed::HalfKept, Unflushed::SizesKept};
+// What a power cut leaves of what was not flushed. From 2 on these are seeds: each
+// sector of each file has its old bytes, its new bytes or zeros; each file has its
+// old length or its new one; and each name that was made, deleted or given to
+// another file stands for what it stood for before, or for what it does now.
+using PowerCut = std::uint32_t;
+inline constexpr PowerCut kEverythingKept = 0;
+inline constexpr PowerCut kEverythingLost = 1;
 
-// Files in memory, with the sharing rules that FileSystem tells.
+// Files in memory, with the sharing rules that FileSystem tells. A path without a
+// folder means "C:\current".
 class MemoryFiles final : public FileSystem {
  public:
   using Disk = std::map<std::string, std::string>;
+
+  MemoryFiles() = default;
+  // Files that stand safely on the disk.
+  explicit MemoryFiles(const Disk& disk);
 
   // Makes a file that stands safely on the disk.
   void Put(const std::string& path, std::string_view bytes);
   // Nothing when there is no such file.
   std::optional<std::string> Get(const std::string& path) const;
+  // All files, by their full paths.
+  Disk Everything() const;
 
   // Another program reads the file and lets no one write or delete it.
-  void HoldByOther(const std::string& path) { heldByOther_.insert(path); }
-  void ReleaseByOther(const std::string& path) { heldByOther_.erase(path); }
-  // The file can be written, but not deleted.
-  void ForbidRemove(const std::string& path) { forbiddenToRemove_.insert(path); }
+  void HoldByOther(const std::string& path) { heldByOther_.insert(Full(path)); }
+  void ReleaseByOther(const std::string& path) { heldByOther_.erase(Full(path)); }
+  // The file can be written, but neither deleted nor renamed.
+  void ForbidRemove(const std::string& path) { forbiddenToRemove_.insert(Full(path)); }
+  // The file can be written, but not made shorter.
+  void ForbidTruncate(const std::string& path) { forbiddenToTruncate_.insert(Full(path)); }
+  // No file can be made in the current folder.
+  void ForbidNewFiles() { newFilesForbidden_ = true; }
   // The bytes that are read or written at a time; most menus of the tests are
   // shorter than the block that they have without this.
   void SetBlockSize(std::size_t size) { blockSize_ = size; }
-  // The bytes that all files together may hold.
-  void SetCapacity(std::size_t capacity) { capacity_ = capacity; }
+  // The bytes that all files together may hold. Where `tellsFree` is false,
+  // FreeBytes() does not know of it.
+  void SetCapacity(std::size_t capacity, bool tellsFree = true) {
+    capacity_ = capacity;
+    tellsFree_ = tellsFree;
+  }
 
-  void SetFault(const Fault& fault) { fault_ = fault; }
-  // How many operations there were, and each with its file, for example
-  // "truncate to 0: C:\\a.menu".
+  void SetFault(const Fault& fault) {
+    fault_ = fault;
+    log_.clear();
+  }
+  // How many operations there were since SetFault(), and each with its file, for
+  // example "truncate to 0: C:\\menus\\a.menu".
   std::size_t operations() const { return log_.size(); }
   const std::vector<std::string>& log() const { return log_; }
+  // The writes, truncations, flushes, deletions and renamings of these.
+  std::vector<std::string> Writes() const;
   // Operations that were asked for after the process had ended.
   std::size_t operationsAfterEnd() const { return operationsAfterEnd_; }
 
-  Disk AfterPowerCut(Unflushed unflushed) const;
+  Disk AfterPowerCut(PowerCut cut) const;
 
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
+  std::unique_ptr<File> OpenIfThere(const std::string& path) override;
   void Remove(const std::string& path) override;
+  void Rename(const std::string& path, const std::string& newPath) override;
+  std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
+  std::string Beside(const std::string& path, const std::string& name) override;
+  std::uint64_t FreeBytes(const std::string& path) override;
   std::size_t BlockSize() const override { return blockSize_; }
-  std::uint64_t LastWritten(const std::string& path) override;
 
  private:
-  struct Change {
-    std::size_t position;
-    std::string bytes;  // written at the position
-    bool truncates;     // instead: the file ends at the position
-  };
+  // A file's bytes, whatever its name is by now.
   struct Stored {
     std::string bytes;
-    std::optional<std::string> durable;  // nothing: the file is not on the disk yet
-    std::vector<Change> unflushed;
-    std::uint64_t written = 0;  // by clock_
+    std::string durable;  // what of them is sure to be on the disk
     std::set<const void*> opened;
     std::set<const void*> openedToChange;
   };
+  using Names = std::map<std::string, std::shared_ptr<Stored>>;
   class OpenFile;
 
+  static std::string Full(const std::string& path);
   Fault::Done Begin(const std::string& operation, const std::string& path);
   void End(const std::string& path);
   // End(), and a failure that would have come without a fault.
   [[noreturn]] void Refuse(const std::string& path, const char* doing, const char* reason);
-  static std::string Apply(const Stored& stored, Unflushed unflushed);
+  std::unique_ptr<File> OpenStored(const std::string& path, OpenMode mode,
+                                   std::shared_ptr<Stored> stored);
+  static std::string CutBytes(const Stored& stored, PowerCut cut, std::mt19937& random);
   std::size_t Used() const;
 
-  std::map<std::string, std::shared_ptr<Stored>> files_;
-  std::uint64_t clock_ = 0;  // moved on by every write
+  Names names_;
+  Names durableNames_;
   std::set<std::string> heldByOther_;
   std::set<std::string> forbiddenToRemove_;
+  std::set<std::string> forbiddenToTruncate_;
+  bool newFilesForbidden_ = false;
   std::size_t blockSize_ = 1000;
-  std::size_t capacity_ = std::numeric_limits<std::size_t>::max();
+  std::size_t capacity_ = std::numeric_limits<std::size_t>::max() / 4;
+  bool tellsFree_ = true;
   Fault fault_;
   bool faulty_ = false;  // this operation has the fault
   bool ended_ = false;

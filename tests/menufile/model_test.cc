@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "tests/menufile/compare_with_literal.h"
-#include "tests/menufile/operation.h"
 #include "tests/menufile/sample_menus.h"
+#include "tests/menufile/user_change.h"
 
 namespace menufile {
 namespace {
@@ -56,15 +56,15 @@ class RandomPieces {
     return OneIn(4) ? menu.substr(0, Below(menu.size() + 1)) : menu;
   }
 
-  Operation AnyOperation() {
-    Operation operation = MakeOperation(static_cast<Operation::Kind>(Below(kOperationKinds)),
+  UserChange AnyOperation() {
+    UserChange operation = SampleChange(static_cast<UserChange::Kind>(Below(kUserChanges)),
                                         OneIn(8) ? 1000 : Below(5));
     if (OneIn(3)) {
-      operation.caption = FieldLike();
+      operation.texts.caption = FieldLike();
       operation.iconFile = OneIn(2) ? "Icon" : FieldLike();
-      operation.fontName = FieldLike();
-      operation.picture = PictureLike();
-      operation.folderPath = FieldLike();
+      operation.appearance.fontName = FieldLike();
+      operation.appearance.picture = PictureLike();
+      operation.directory.folderPath = FieldLike();
     }
     return operation;
   }
@@ -87,7 +87,7 @@ TEST(LiteralRewrite, GivesTheSameBytes) {
   for (std::uint32_t seed = 0; seed < kCases; ++seed) {
     RandomPieces random(seed);
     const std::string menu = random.Menu();
-    const Operation operation = random.AnyOperation();
+    const UserChange operation = random.AnyOperation();
     std::optional<std::string> leftover;
     if (random.OneIn(2)) {
       leftover = random.OneIn(2) ? random.PictureLike() : std::string(random.Below(600), 'L');

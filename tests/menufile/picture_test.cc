@@ -7,20 +7,20 @@
 #include "menufile/failure.h"
 #include "menufile/rewrite.h"
 #include "tests/menufile/loaded_menu.h"
-#include "tests/menufile/operation.h"
 #include "tests/menufile/sample_menus.h"
+#include "tests/menufile/user_change.h"
 
 namespace menufile {
 namespace {
 
 using namespace std::string_literals;
-using Kind = Operation::Kind;
+using Kind = UserChange::Kind;
 
 std::string Rewritten(const std::string& menu, Kind kind, std::size_t row = 0) {
   MemoryFiles files;
   files.Put(kMenuPath, menu);
-  const Operation operation = MakeOperation(kind, row);
-  RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+  const UserChange operation = SampleChange(kind, row);
+  Make(files, kMenuPath, operation);
   return files.Get(kMenuPath).value_or("(none)");
 }
 
@@ -84,9 +84,9 @@ TEST(NewPicture, MayHoldAnyBytes) {
   for (const std::string& picture : {""s, "<"s, "\r\n"s, "\0\xff\r<START"s, SamplePicture()}) {
     MemoryFiles files;
     files.Put(kMenuPath, UserMenu(3));
-    Operation operation = MakeOperation(Kind::SaveAppearance);
-    operation.picture = picture;
-    RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+    UserChange operation = SampleChange(Kind::SaveAppearance);
+    operation.appearance.picture = picture;
+    Make(files, kMenuPath, operation);
     EXPECT_EQ(picture + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n" +
                   ItemLine(0) + ItemLine(1) + ItemLine(2),
               files.Get(kMenuPath));
@@ -122,9 +122,9 @@ TEST(NoMarker, FailsOtherwiseAndTheMenuStays) {
                     Kind::SwitchToDirectory, Kind::SwitchToUserDefined}) {
     MemoryFiles files;
     files.Put(kMenuPath, PreviousVersionMenu(2));
-    const Operation operation = MakeOperation(kind);
+    const UserChange operation = SampleChange(kind);
     try {
-      RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+      Make(files, kMenuPath, operation);
       ADD_FAILURE() << "no failure from " << NameOf(kind);
     } catch (const Failure& failure) {
       EXPECT_EQ(

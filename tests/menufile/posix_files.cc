@@ -4,6 +4,7 @@
 #include <stdlib.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -35,13 +36,18 @@ class PosixFiles::OpenFile final : public File {
 
   ~OpenFile() override { close(descriptor_); }
 
-  std::string ReadAll() override {
+  std::string FullName() override { return path_; }
+
+  std::uint64_t Size() override {
     EndIfAsked();
     struct stat status;
     Require(fstat(descriptor_, &status) == 0, path_, "read");
-    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
-    const ssize_t read = pread(descriptor_, bytes.data(), bytes.size(), 0);
-    Require(read == status.st_size, path_, "read");
+    return static_cast<std::uint64_t>(status.st_size);
+  }
+
+  std::string ReadAll() override {
+    std::string bytes(static_cast<std::size_t>(Size()), '\0');
+    bytes.resize(Read(0, bytes));
     return bytes;
   }
 
@@ -66,12 +72,7 @@ class PosixFiles::OpenFile final : public File {
     position_ = static_cast<off_t>(size);
   }
 
-  std::uint64_t SeekToEnd() override {
-    EndIfAsked();
-    position_ = lseek(descriptor_, 0, SEEK_END);
-    Require(position_ >= 0, path_, "find the end of");
-    return static_cast<std::uint64_t>(position_);
-  }
+  void Seek(std::uint64_t offset) override { position_ = static_cast<off_t>(offset); }
 
   void Write(std::string_view bytes) override {
     if (files_.CountOperation()) {
@@ -147,6 +148,10 @@ std::unique_ptr<File> PosixFiles::Open(const std::string& path, OpenMode mode) {
   return file;
 }
 
+std::unique_ptr<File> PosixFiles::OpenIfThere(const std::string& path) {
+  return access(Full(path).c_str(), F_OK) == 0 ? Open(path, OpenMode::Read) : nullptr;
+}
+
 void PosixFiles::Remove(const std::string& path) {
   if (CountOperation()) {
     _exit(kExitCode);
@@ -154,11 +159,29 @@ void PosixFiles::Remove(const std::string& path) {
   Require(unlink(Full(path).c_str()) == 0, path, "delete");
 }
 
-std::uint64_t PosixFiles::LastWritten(const std::string& path) {
-  struct stat status;
-  Require(stat(Full(path).c_str(), &status) == 0, path, "open");
-  return static_cast<std::uint64_t>(status.st_mtim.tv_sec) * 1'000'000'000 +
-         static_cast<std::uint64_t>(status.st_mtim.tv_nsec);
+void PosixFiles::Rename(const std::string& path, const std::string& newPath) {
+  if (CountOperation()) {
+    _exit(kExitCode);
+  }
+  Require(renameat2(AT_FDCWD, Full(path).c_str(), AT_FDCWD, Full(newPath).c_str(),
+                    RENAME_NOREPLACE) == 0,
+          path, "rename");
+}
+
+std::vector<std::string> PosixFiles::FilesThatBeginWith(const std::string& prefix) {
+  std::vector<std::string> paths;
+  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+    if (const std::string name = entry.path().filename().string(); name.starts_with(prefix)) {
+      paths.push_back(name);
+    }
+  }
+  return paths;
+}
+
+std::uint64_t PosixFiles::FreeBytes(const std::string& path) {
+  struct statvfs status;
+  Require(statvfs(folder_.c_str(), &status) == 0, path, "find the disk of");
+  return std::uint64_t{status.f_bavail} * status.f_frsize;
 }
 
 }  // namespace menufile

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "menufile/file_system.h"
 
@@ -28,9 +29,13 @@ class PosixFiles final : public FileSystem {
   void SetBlockSize(std::size_t size) { blockSize_ = size; }
 
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
+  std::unique_ptr<File> OpenIfThere(const std::string& path) override;
   void Remove(const std::string& path) override;
   std::size_t BlockSize() const override { return blockSize_; }
-  std::uint64_t LastWritten(const std::string& path) override;
+  void Rename(const std::string& path, const std::string& newPath) override;
+  std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
+  std::string Beside(const std::string&, const std::string& name) override { return name; }
+  std::uint64_t FreeBytes(const std::string& path) override;
 
  private:
   class OpenFile;

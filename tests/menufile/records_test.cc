@@ -43,10 +43,9 @@ TEST(Lines, AppearanceQuotesOnlyTheFontName) {
 }
 
 TEST(Lines, CheckBoxSetAnd10PointBold) {
-  EXPECT_EQ(
-      "1,\"Arial\",10,-1,0\r\n",
-      LineOf(AppearanceRecord{Value::Bare("1"), Value::Quoted("Arial"),
-                              Value::Bare(FontSizeText(10)), Value::Bare("-1"), Value::Bare("0")}));
+  EXPECT_EQ("1,\"Arial\",10,-1,0\r\n",
+            LineOf(AppearanceRecord{Value::Bare("1"), Value::Quoted("Arial"), Value::Bare("10"),
+                                    Value::Bare("-1"), Value::Bare("0")}));
 }
 
 TEST(Lines, ItemQuotesFiveFieldsEvenEmptyOnes) {

@@ -1,257 +1,440 @@
-#include "menufile/restore.h"
-
+// Changes that were cut short, and everything that may stand in the way of
+// finishing them: one named damage a test.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstddef>
+#include <optional>
 #include <string>
-#include <utility>
 
+#include "menufile/changes.h"
 #include "menufile/failure.h"
-#include "menufile/rewrite.h"
+#include "menufile/loader.h"
+#include "menufile/upgrade.h"
 #include "tests/menufile/loaded_menu.h"
-#include "tests/menufile/memory_files.h"
 #include "tests/menufile/sample_menus.h"
+#include "tests/menufile/user_change.h"
 
 namespace menufile {
 namespace {
 
 using namespace std::string_literals;
+using Kind = UserChange::Kind;
 
-constexpr std::string_view kPicture = "default picture";
+constexpr const char* kOther = "C:\\menus\\b.menu";
 
-// What start-up makes of the menu file, or nothing.
-std::optional<std::string> Intended(std::string_view menu, std::string_view scratch,
-                                    const char* scratchFile = "temporaryfile") {
-  MemoryFiles files;
-  files.Put(kMenuPath, menu);
-  files.Put(scratchFile, scratch);
-  const auto change = FindInterruptedChange(files, kMenuPath, kPicture);
-  if (!change) {
+constexpr Kind kRewrites[] = {Kind::MoveUp,
+                              Kind::MoveDown,
+                              Kind::Delete,
+                              Kind::Separator,
+                              Kind::Edit,
+                              Kind::ChangeIcon,
+                              Kind::SaveAppearance,
+                              Kind::SaveDirectory,
+                              Kind::SwitchToDirectory,
+                              Kind::SwitchToUserDefined};
+
+bool IsAsked(FileSystem& files, const std::string& path = kMenuPath) {
+  return MenuFile(files, path).WasCutShort();
+}
+
+std::optional<std::string> FinishedByTheNextStart(MemoryFiles& files,
+                                                  const std::string& path = kMenuPath) {
+  MenuFile menu(files, path);
+  if (!menu.WasCutShort()) {
     return std::nullopt;
   }
-  EXPECT_EQ(scratchFile, change->scratchFile);
-  FinishInterruptedChange(files, kMenuPath, *change);
-  EXPECT_EQ(std::nullopt, files.Get(scratchFile));
-  return files.Get(kMenuPath);
+  menu.AnswerYes();
+  EXPECT_FALSE(IsAsked(files, path));
+  return files.Get(path);
 }
 
-TEST(FindInterruptedChange, SeesEveryStrictBeginningOfACompleteScratchFile) {
-  for (const std::string& whole : {UserMenu(3), DirectoryMenu()}) {
-    for (std::size_t size = 0; size < whole.size(); ++size) {
-      const std::string menu = whole.substr(0, size);
-      EXPECT_EQ(whole, Intended(menu, whole)) << size;
-      EXPECT_EQ(whole, Intended(menu, whole, "zoltempfileoktodelete")) << size;
-      EXPECT_EQ(whole, Intended(menu + std::string(whole.size() - size, '\0'), whole)) << size;
+// A menu whose change ended where the menu file had been emptied.
+struct Cut {
+  explicit Cut(Kind kind = Kind::Edit, std::string oldMenu = UserMenu(4))
+      : old(std::move(oldMenu)) {
+    MemoryFiles whole;
+    whole.Put(kMenuPath, old);
+    Make(whole, kMenuPath, SampleChange(kind, 1));
+    finished = whole.Get(kMenuPath).value();
+    files.Put(kMenuPath, old);
+    std::size_t truncation = 0;
+    for (std::size_t i = 0; i < whole.log().size(); ++i) {
+      if (whole.log()[i] == "truncate to 0: C:\\menus\\a.menu") {
+        truncation = i + 1;
+      }
     }
-    EXPECT_EQ(std::nullopt, Intended(whole, whole));
-    EXPECT_EQ(std::nullopt, Intended(whole + '\0', whole));
+    files.SetFault({truncation, Fault::Kind::EndsProcess, Fault::Done::All});
+    EXPECT_THROW(Make(files, kMenuPath, SampleChange(kind, 1)), ProcessEnded);
+    const MemoryFiles::Disk disk = files.Everything();
+    EXPECT_EQ("", disk.at(kMenuPath));
+    scratch = disk.at("C:\\current\\"s + ScratchFileOf(kind));
+    next = std::make_unique<MemoryFiles>(disk);
   }
-}
 
-TEST(FindInterruptedChange, SeesNoneInAnIncompleteScratchFile) {
-  const std::string whole = UserMenu(1, "picture");
-  for (std::size_t cut = 1; cut < 10; ++cut) {
-    EXPECT_EQ(std::nullopt, Intended("pic", whole.substr(0, whole.size() - cut))) << cut;
-  }
-  EXPECT_EQ(std::nullopt, Intended("pic", whole + "\r\n"));
-  EXPECT_EQ(std::nullopt, Intended("pic", whole + "x\r\n"));
-  EXPECT_EQ(std::nullopt, Intended("pic", DirectoryMenu() + "x\r\n"));
-  EXPECT_EQ(std::nullopt, Intended("", "\r\n<START ZOL>\r\n\"OTHER\"\r\n0,\"f\",8,0,0\r\n"));
-}
+  std::string old;
+  std::string finished;
+  std::string scratch;  // with its journal
+  std::unique_ptr<MemoryFiles> next;
 
-TEST(FindInterruptedChange, SeesNoneWhereTheMenuIsAnother) {
-  const std::string whole = UserMenu(2);
-  EXPECT_EQ(std::nullopt, Intended("x", whole));
-  EXPECT_EQ(std::nullopt, Intended(whole.substr(0, 9) + "x", whole));
-}
-
-TEST(FindInterruptedChange, SeesANewBitmapBeforeACutDescription) {
-  const std::string bitmap = "BM\x0B\0\0\0<\r\n<x"s;
-  const std::string description = "\r\n<START ZOL>\r\n\"USERDEF\"\r\n0,\"f\",8,0,0\r\n";
-  for (std::size_t size = 0; size < description.size(); ++size) {
-    EXPECT_EQ(bitmap + description, Intended(bitmap + description.substr(0, size), description));
-  }
-  EXPECT_EQ(std::nullopt, Intended(bitmap + description, description));
-  EXPECT_EQ(std::nullopt, Intended(bitmap.substr(0, 10), description));
-  EXPECT_EQ(std::nullopt, Intended("BM", description));
-  EXPECT_EQ(std::nullopt, Intended("another picture", description));
-  EXPECT_EQ(std::nullopt, Intended(bitmap, "picture" + description));
-}
-
-TEST(FindInterruptedChange, SeesAConversion) {
-  const std::string old = PreviousVersionMenu(2);
-  const std::string converted = std::string(kPicture) + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n" + old;
-  for (std::size_t size = 0; size < converted.size(); ++size) {
-    EXPECT_EQ(converted, Intended(converted.substr(0, size), old)) << size;
-  }
-  for (std::size_t size = 0; size < old.size(); ++size) {
-    EXPECT_EQ(converted, Intended(old.substr(0, size), old)) << size;
-  }
-  EXPECT_EQ(std::nullopt, Intended(converted, old));
-  EXPECT_EQ(std::nullopt, Intended(old, old));
-  // Of an old file that makes no menu only the new picture tells.
-  EXPECT_EQ(std::nullopt, Intended("", "anything"));
-  EXPECT_EQ(std::nullopt, Intended("any", "anything"));
-  EXPECT_EQ(std::string(kPicture) + "\r\n<START ZOL>\r\n\"USERDEF\"\r\nanything",
-            Intended("def", "anything"));
-  EXPECT_EQ(std::nullopt, Intended("def", ""));
-}
-
-// The older one was left by a change that ended before it touched the menu file,
-// and would bring back the menu as it was then.
-TEST(FindInterruptedChange, TakesTheScratchFileThatWasWrittenLast) {
-  const char* const lists = "temporaryfile";
-  const char* const dialogs = "zoltempfileoktodelete";
-  for (const auto& [older, newer] : {std::pair(lists, dialogs), std::pair(dialogs, lists)}) {
-    for (const std::size_t size : {std::size_t{0}, std::size_t{5}}) {
-      MemoryFiles files;
-      files.Put(kMenuPath, UserMenu(3).substr(0, size));
-      files.Put(older, UserMenu(2));
-      files.Put(newer, UserMenu(3));
-      const auto change = FindInterruptedChange(files, kMenuPath, kPicture);
-      ASSERT_TRUE(change.has_value());
-      EXPECT_EQ(newer, change->scratchFile);
-      FinishInterruptedChange(files, kMenuPath, *change);
-      EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
-    }
-  }
-}
-
-TEST(FindInterruptedChange, SeesNoneWithoutBothFiles) {
+ private:
   MemoryFiles files;
-  EXPECT_FALSE(FindInterruptedChange(files, kMenuPath, kPicture).has_value());
-  files.Put("temporaryfile", UserMenu(2));
-  EXPECT_FALSE(FindInterruptedChange(files, kMenuPath, kPicture).has_value());
+};
+
+TEST(CutShort, EveryChangeIsFinishedByTheNextStart) {
+  for (const Kind kind : kRewrites) {
+    const bool isPointer = kind == Kind::SaveDirectory || kind == Kind::SwitchToUserDefined;
+    Cut cut(kind, isPointer ? DirectoryMenu() : UserMenu(4));
+    EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next)) << NameOf(kind);
+    EXPECT_EQ((MemoryFiles::Disk{{kMenuPath, cut.finished}}), cut.next->Everything());
+  }
 }
 
-// A fault, for good or once, at each file operation of two changes in a row:
-// the second must not delete what the first one left in the scratch file.
-TEST(MakeMenuWhole, LetsNoSecondChangeLoseWhatTheFirstOneLeft) {
-  MenuChange change;
-  change.errorMode = ErrorMode::Ignores;
-  change.recordRule = KeepRecord;
-  const std::string menu = UserMenu(3);
-  std::size_t mended = 0;
-  for (std::size_t operation = 1; operation <= 30; ++operation) {
-    for (Fault::Kind kind : {Fault::Kind::FailsOnce, Fault::Kind::FailsForGood}) {
-      for (Fault::Done done : {Fault::Done::Nothing, Fault::Done::Half, Fault::Done::All}) {
+// Whatever stands in the menu file by now: this is what power cuts leave.
+TEST(CutShort, IsSeenWhateverTheMenuFileHolds) {
+  Cut cut;
+  const std::string& finished = cut.finished;
+  const std::string half = finished.substr(0, finished.size() / 2);
+  const std::string zeros(finished.size() - half.size(), '\0');
+  for (const std::string& menu :
+       {""s, half, half + zeros, std::string(finished.size(), '\0'), zeros + half,
+        half + cut.old.substr(half.size()), cut.old.substr(0, half.size()) + half, cut.old,
+        finished + "x", "garbage"s, finished.substr(0, finished.size() - 1)}) {
+    cut.next->Put(kMenuPath, menu);
+    cut.next->Put("zoltempfileoktodelete", cut.scratch);
+    EXPECT_EQ(finished, FinishedByTheNextStart(*cut.next)) << testing::PrintToString(menu);
+  }
+}
+
+TEST(CutShort, IsNotSeenWhereTheMenuIsFinished) {
+  Cut cut;
+  cut.next->Put(kMenuPath, cut.finished);
+  EXPECT_FALSE(IsAsked(*cut.next));
+  EXPECT_EQ((MemoryFiles::Disk{{kMenuPath, cut.finished}}), cut.next->Everything());
+}
+
+TEST(CutShort, IsNotSeenByATornJournal) {
+  Cut cut;
+  for (std::size_t at = 0; at < cut.scratch.size(); ++at) {
+    std::string torn = cut.scratch;
+    torn[at] = static_cast<char>(torn[at] ^ 0x10);
+    cut.next->Put("zoltempfileoktodelete", torn);
+    EXPECT_FALSE(IsAsked(*cut.next)) << at;
+    cut.next->Put("zoltempfileoktodelete", cut.scratch.substr(0, at));
+    EXPECT_FALSE(IsAsked(*cut.next)) << at;
+  }
+}
+
+// Leftovers without a journal, menus that begin like another, copies of an older
+// menu: none of these is a change that was cut short.
+TEST(CutShort, IsNotSeenByContentsAlone) {
+  for (const std::string& menu : {UserMenu(2), ""s, "picture"s, UserMenu(3).substr(0, 100)}) {
+    for (const std::string& leftover : {UserMenu(3), UserMenu(2), ""s, menu + "x"}) {
+      MemoryFiles files;
+      files.Put(kMenuPath, menu);
+      files.Put("temporaryfile", leftover);
+      files.Put("zoltempfileoktodelete", leftover);
+      EXPECT_FALSE(IsAsked(files));
+      EXPECT_EQ(leftover, files.Get("temporaryfile"));
+    }
+  }
+}
+
+TEST(CutShort, IsSeenBesideTheMenuToo) {
+  Cut cut;
+  MemoryFiles files;
+  files.Put(kMenuPath, "");
+  files.Put("C:\\menus\\zoltempfileoktodelete", cut.scratch);
+  EXPECT_EQ(cut.finished, FinishedByTheNextStart(files));
+}
+
+TEST(CutShort, BelongsToItsMenuOnly) {
+  Cut cut;
+  cut.next->Put(kOther, "");
+  EXPECT_FALSE(IsAsked(*cut.next, kOther));
+  EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
+}
+
+// Everything that another menu may do in the same folder.
+TEST(CutShort, SurvivesEveryChangeOfAnotherMenu) {
+  for (const Kind cutBy : {Kind::Edit, Kind::MoveUp}) {
+    for (int kind = 0; kind <= kUserChanges + 1; ++kind) {
+      Cut cut(cutBy);
+      cut.next->Put(kOther, kind == kUserChanges ? PreviousVersionMenu(2) : UserMenu(3));
+      MenuFile other(*cut.next, kOther);
+      EXPECT_FALSE(other.WasCutShort());
+      try {
+        if (kind == kUserChanges) {
+          UpgradeMenuFile(other, "ico");
+        } else if (kind > kUserChanges) {
+          AddEntries(other, {{"New", "C:\\", "", ""}}, true);
+        } else {
+          Make(other, SampleChange(static_cast<Kind>(kind), 1));
+        }
+      } catch (const Failure&) {
+      }
+      EXPECT_NE(UserMenu(3), cut.next->Get(kOther).value() + (kind == 0 ? "x" : "")) << kind;
+      EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next)) << kind;
+    }
+  }
+}
+
+TEST(CutShort, SurvivesNoAndAConversion) {
+  Cut cut(Kind::MoveUp);
+  MenuFile menu(*cut.next, kMenuPath);
+  ASSERT_TRUE(menu.WasCutShort());
+  menu.AnswerNo();
+  RecordingView view(1);
+  EXPECT_THROW(LoadMenuFile(menu, "ico", view), Failure);  // nothing to convert
+  EXPECT_EQ("ico\r\n<START ZOL>\r\n\"USERDEF\"\r\n", cut.next->Get(kMenuPath));
+  EXPECT_EQ(cut.scratch, cut.next->Get("temporaryfile-declined-1"));
+  EXPECT_FALSE(IsAsked(*cut.next));
+}
+
+TEST(CutShort, IsAskedAgainAfterANoWithoutAChange) {
+  Cut cut;
+  MenuFile menu(*cut.next, kMenuPath);
+  ASSERT_TRUE(menu.WasCutShort());
+  menu.AnswerNo();
+  EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
+}
+
+TEST(CutShort, SurvivesAYesThatFails) {
+  Cut cut(Kind::MoveUp);
+  MenuFile menu(*cut.next, kMenuPath);
+  ASSERT_TRUE(menu.WasCutShort());
+  cut.next->SetCapacity(0, false);
+  EXPECT_THROW(menu.AnswerYes(), Failure);
+  UpgradeMenuFile(menu, "ico");
+  EXPECT_EQ(cut.scratch, cut.next->Get("temporaryfile"));
+  cut.next->SetCapacity(100000);
+  EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
+}
+
+// A second window, whose list is still full, makes any change.
+TEST(CutShort, IsFinishedFirstByASecondWindow) {
+  for (const Kind kind : kRewrites) {
+    for (const Kind cutBy : {Kind::Delete, Kind::Edit}) {
+      for (const std::size_t missing : {1u, 50u, 300u}) {
+        Cut cut(cutBy);
+        const std::size_t size = cut.finished.size();
+        cut.next->Put(kMenuPath,
+                      cut.finished.substr(0, size - std::min<std::size_t>(size, missing)));
+        MenuFile second(*cut.next, kMenuPath);
+        EXPECT_EQ(ChangeResult::EarlierFinished, Make(second, SampleChange(kind, 1)));
+        EXPECT_EQ((MemoryFiles::Disk{{kMenuPath, cut.finished}}), cut.next->Everything());
+      }
+    }
+  }
+}
+
+// One failing look at the start must not lead to the loss of the scratch file.
+TEST(CutShort, SurvivesALookThatFails) {
+  Cut cut(Kind::MoveUp);
+  for (std::size_t operation = 1; operation <= 12; ++operation) {
+    MemoryFiles files(cut.next->Everything());
+    files.SetFault({operation, Fault::Kind::FailsOnce, Fault::Done::Nothing});
+    MenuFile menu(files, kMenuPath);
+    if (!menu.WasCutShort()) {
+      UpgradeMenuFile(menu, "ico");
+    }
+    menu.FinishEarlier();
+    EXPECT_EQ(cut.finished, files.Get(kMenuPath)) << operation;
+  }
+}
+
+// Somebody put a good menu there before the second window's change.
+TEST(CutShort, IsPutAsideWhereTheMenuIsAnotherByNow) {
+  Cut cut;
+  cut.next->Put(kMenuPath, UserMenu(6));
+  MenuFile second(*cut.next, kMenuPath);
+  EXPECT_EQ(ChangeResult::Made, Make(second, SampleChange(Kind::Keep)));
+  EXPECT_EQ(UserMenu(6), cut.next->Get(kMenuPath));
+  EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
+}
+
+// Another program reads the scratch file, so that it cannot be renamed.
+TEST(CutShort, IsCopiedAsideWhereItCannotBeRenamed) {
+  Cut cut;
+  cut.next->ForbidRemove("zoltempfileoktodelete");
+  cut.next->Put(kOther, UserMenu(3));
+  Make(*cut.next, kOther, SampleChange(Kind::Edit, 1));
+  EXPECT_EQ(cut.scratch, cut.next->Get("zoltempfileoktodelete-1"));
+  MemoryFiles clean;
+  clean.Put(kOther, UserMenu(3));
+  Make(clean, kOther, SampleChange(Kind::Edit, 1));
+  EXPECT_EQ(clean.Get(kOther), cut.next->Get(kOther));
+  EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
+}
+
+TEST(CutShort, StaysWhereItCanNeitherBeRenamedNorCopied) {
+  Cut cut;
+  cut.next->HoldByOther("zoltempfileoktodelete");
+  cut.next->Put(kOther, UserMenu(3));
+  EXPECT_THROW(Make(*cut.next, kOther, SampleChange(Kind::Edit, 1)), Failure);
+  EXPECT_EQ(UserMenu(3), cut.next->Get(kOther));
+  cut.next->ReleaseByOther("zoltempfileoktodelete");
+  EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
+}
+
+TEST(CutShort, TheLaterOfTwoIsFinished) {
+  for (const Kind earlier : {Kind::MoveUp, Kind::Edit}) {
+    const Kind later = earlier == Kind::Edit ? Kind::MoveUp : Kind::Edit;
+    Cut first(earlier);
+    Cut second(later);
+    first.next->Put(ScratchFileOf(later), second.scratch);
+    EXPECT_EQ(second.finished, FinishedByTheNextStart(*first.next));
+    EXPECT_EQ(first.scratch, first.next->Get(ScratchFileOf(earlier) + "-declined-1"s));
+  }
+}
+
+// After a power cut a file that was deleted may be there again.
+TEST(CutShort, IsNotSeenByAJournalThatCameBack) {
+  for (const Kind first : kRewrites) {
+    for (const Kind second : {Kind::MoveUp, Kind::Edit, Kind::SaveAppearance}) {
+      for (const bool isSecondWindow : {false, true}) {
         MemoryFiles files;
-        files.Put(kMenuPath, menu);
-        files.SetFault({operation, kind, done});
-        bool mayBeCut = false;
-        for (int i = 0; i < 3; ++i) {
-          try {
-            if (mayBeCut) {
-              MakeMenuWhole(files, kMenuPath, kPicture);
-              ++mended;
-            }
-            mayBeCut = RewriteMenuFile(files, kMenuPath, change) == RewriteResult::MenuMayBeCut;
-          } catch (const Failure&) {
-            EXPECT_TRUE(mayBeCut);
-          }
-          EXPECT_TRUE(files.Get(kMenuPath) == menu || files.Get("temporaryfile") == menu)
-              << operation;
+        files.Put(kMenuPath, UserMenu(4));
+        MenuFile menu(files, kMenuPath);
+        if (first == Kind::SaveDirectory || first == Kind::SwitchToDirectory) {
+          continue;
+        }
+        Make(menu, SampleChange(second, 1));
+        Make(menu, SampleChange(first, 1));
+        MenuFile other(files, kMenuPath);
+        EXPECT_EQ(ChangeResult::Made, Make(isSecondWindow ? other : menu, SampleChange(second, 2)));
+        for (PowerCut cut = 0; cut < 12; ++cut) {
+          MemoryFiles next(files.AfterPowerCut(cut));
+          ASSERT_EQ(files.Get(kMenuPath), next.Get(kMenuPath));
+          EXPECT_FALSE(IsAsked(next)) << NameOf(first) << ", " << NameOf(second);
         }
       }
     }
   }
-  EXPECT_GT(mended, 0U);
 }
 
-TEST(MakeMenuWhole, DoesNothingToAWholeMenu) {
+TEST(CutShort, AddedEntriesAreFinishedWhateverIsThereOfThem) {
+  MemoryFiles whole;
+  whole.Put(kMenuPath, UserMenu(3));
+  const std::vector<EntryTexts> entries = {{"New", "C:\\new", "", ""}, {"Two", "C:\\2", "", ""}};
+  MenuFile menu(whole, kMenuPath);
+  AddEntries(menu, entries, true);
+  const std::string finished = whole.Get(kMenuPath).value();
+  std::size_t write = 0;
+  for (std::size_t i = 0; i < whole.log().size(); ++i) {
+    if (whole.log()[i].starts_with("write") && whole.log()[i].ends_with(kMenuPath)) {
+      write = i + 1;
+    }
+  }
   MemoryFiles files;
   files.Put(kMenuPath, UserMenu(3));
-  files.Put("temporaryfile", UserMenu(2));
-  MakeMenuWhole(files, kMenuPath, kPicture);
-  EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
-  EXPECT_EQ(UserMenu(2), files.Get("temporaryfile"));
+  files.SetFault({write, Fault::Kind::EndsProcess, Fault::Done::Nothing});
+  MenuFile cutMenu(files, kMenuPath);
+  EXPECT_THROW(AddEntries(cutMenu, entries, true), ProcessEnded);
+  const MemoryFiles::Disk disk = files.Everything();
+  for (std::size_t size = UserMenu(3).size(); size < finished.size(); ++size) {
+    for (const bool zeros : {false, true}) {
+      MemoryFiles next(disk);
+      std::string cut = finished.substr(0, size);
+      cut.resize(zeros ? finished.size() : size, '\0');
+      next.Put(kMenuPath, cut);
+      EXPECT_EQ(finished, FinishedByTheNextStart(next)) << size;
+    }
+  }
+  // The old entries are gone: there is nothing to finish.
+  for (const std::string& other : {UserMenu(3).substr(0, 200), UserMenu(8, "x"), ""s}) {
+    MemoryFiles next(disk);
+    next.Put(kMenuPath, other);
+    EXPECT_FALSE(IsAsked(next));
+  }
 }
 
-TEST(MakeMenuWhole, SaysWhereTheMenuIsWhenItCannotBeRead) {
-  for (const char* menu : {"", "\r\n", "cut\r\n<START ZOL>\r\n\"USERDEF\"\r\n"}) {
+TEST(Replace, LeavesTheMenuWhereTheDiskHasNoRoom) {
+  for (const Kind kind : kRewrites) {
     MemoryFiles files;
+    const std::string menu = kind == Kind::SwitchToUserDefined ? DirectoryMenu() : UserMenu(4);
     files.Put(kMenuPath, menu);
-    try {
-      MakeMenuWhole(files, kMenuPath, kPicture);
-      ADD_FAILURE() << "no failure";
-    } catch (const Failure& failure) {
-      EXPECT_STREQ(
-          "Cannot change the file:\nC:\\menus\\a.menu\n\n"
-          "Its last change was interrupted and cannot be finished. The whole menu is in a file in "
-          "the current folder, \"temporaryfile\" or \"zoltempfileoktodelete\".",
-          failure.what());
+    MemoryFiles clean;
+    clean.Put(kMenuPath, menu);
+    Make(clean, kMenuPath, SampleChange(kind, 1));
+    const std::size_t newSize = clean.Get(kMenuPath)->size();
+    for (std::size_t left = 0; left < 2 * newSize; left += 7) {
+      MemoryFiles full;
+      full.Put(kMenuPath, menu);
+      full.SetCapacity(menu.size() + left);
+      try {
+        Make(full, kMenuPath, SampleChange(kind, 1));
+      } catch (const Failure&) {
+      }
+      EXPECT_TRUE(full.Get(kMenuPath) == menu || full.Get(kMenuPath) == clean.Get(kMenuPath))
+          << NameOf(kind) << " with " << left;
+      EXPECT_FALSE(IsAsked(full));
     }
   }
 }
 
-// A fault at each file operation of finishing, with each kind of change that is
-// finished: the start after that finishes it all the same.
-TEST(FinishInterruptedChange, CanBeInterruptedItself) {
-  const std::string bitmap = "BM\x0B\0\0\0<\r\n<x"s;
-  const std::string description = UserMenu(2, "");
-  const std::string old = PreviousVersionMenu(2);
-  const std::string converted = std::string(kPicture) + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n" + old;
-  const struct {
-    std::string menu;
-    std::string scratch;
-    std::string whole;
-  } kChanges[] = {
-      {UserMenu(3).substr(0, 200), UserMenu(3), UserMenu(3)},
-      {bitmap + description.substr(0, 20), description, bitmap + description},
-      {converted.substr(0, 99), old, converted},
-  };
-  std::size_t finishedAgain = 0;
-  for (const auto& change : kChanges) {
-    const auto finish = [](MemoryFiles& files) {
-      files.SetBlockSize(50);
-      const auto found = FindInterruptedChange(files, kMenuPath, kPicture);
-      if (found) {
-        FinishInterruptedChange(files, kMenuPath, *found);
-      }
-      return found.has_value();
-    };
-    std::size_t operations = 1;
-    for (std::size_t operation = 1; operation <= operations; ++operation) {
-      for (Fault::Kind kind :
-           {Fault::Kind::FailsOnce, Fault::Kind::FailsForGood, Fault::Kind::EndsProcess}) {
-        for (Fault::Done done : {Fault::Done::Nothing, Fault::Done::Half, Fault::Done::All}) {
-          MemoryFiles files;
-          files.Put(kMenuPath, change.menu);
-          files.Put("temporaryfile", change.scratch);
-          files.SetFault({operation, kind, done});
-          try {
-            finish(files);
-          } catch (const Failure&) {
-          } catch (const ProcessEnded&) {
-          }
-          operations = std::max(operations, files.operations());
-          for (Unflushed unflushed : kEveryUnflushed) {
-            MemoryFiles next;
-            for (const auto& [path, bytes] : files.AfterPowerCut(unflushed)) {
-              next.Put(path, bytes);
-            }
-            finishedAgain += finish(next) ? 1 : 0;
-            EXPECT_EQ(change.whole, next.Get(kMenuPath)) << "behind operation " << operation;
-          }
-        }
-      }
-    }
-    EXPECT_GT(operations, 10U);
-  }
-  EXPECT_GT(finishedAgain, 100U);
-}
-
-TEST(FinishInterruptedChange, LeavesTheScratchFileWhereTheMenuCannotBeWritten) {
-  const std::string whole = UserMenu(3);
-  for (std::size_t operation = 1; operation <= 4; ++operation) {
+// That nothing could be cut is no cut.
+TEST(Replace, WritesOverAMenuThatCannotBeMadeShorter) {
+  for (const Kind kind : {Kind::Separator, Kind::MoveUp}) {
     MemoryFiles files;
-    files.Put(kMenuPath, "");
-    files.Put("temporaryfile", whole);
-    files.SetFault({operation, Fault::Kind::FailsForGood, Fault::Done::Half});
-    EXPECT_THROW(FinishInterruptedChange(files, kMenuPath, {0, {}, "temporaryfile"}), Failure);
-    EXPECT_EQ(whole, files.Get("temporaryfile"));
+    files.Put(kMenuPath, UserMenu(4));
+    files.ForbidTruncate(kMenuPath);
+    EXPECT_EQ(ChangeResult::Made, Make(files, kMenuPath, SampleChange(kind, 1)));
+    EXPECT_NE(UserMenu(4), files.Get(kMenuPath));
+    EXPECT_FALSE(IsAsked(files));
   }
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(4));
+  files.ForbidTruncate(kMenuPath);
+  MenuFile menu(files, kMenuPath);
+  EXPECT_EQ(ChangeResult::Failed, Make(menu, SampleChange(Kind::Delete, 1)));
+  EXPECT_EQ((MemoryFiles::Disk{{kMenuPath, UserMenu(4)}}), files.Everything());
+  EXPECT_FALSE(menu.HasUnfinished());
+}
+
+// A scratch file that stays, because another program reads it, holds just the
+// description: three saves in a row give the same file.
+TEST(Replace, LeavesTheDescriptionInAScratchFileThatStays) {
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(4));
+  files.Put("zoltempfileoktodelete", "");
+  files.ForbidRemove("zoltempfileoktodelete");
+  const UserChange save = SampleChange(Kind::SaveAppearance);
+  for (int i = 0; i < 3; ++i) {
+    Make(files, kMenuPath, save);
+    EXPECT_EQ(save.appearance.picture + files.Get("zoltempfileoktodelete").value(),
+              files.Get(kMenuPath));
+    EXPECT_EQ(5u, Load(files).shown.size());
+  }
+}
+
+// The entries of another, longer menu must not end up after this one's.
+TEST(Replace, TakesNothingFromAMenuThatStaysInTheScratchFile) {
+  for (const Kind kind : kRewrites) {
+    MemoryFiles clean;
+    const bool isPointer = kind == Kind::SaveDirectory || kind == Kind::SwitchToUserDefined;
+    clean.Put(kMenuPath, isPointer ? DirectoryMenu() : UserMenu(4));
+    MemoryFiles files(clean.Everything());
+    Make(clean, kMenuPath, SampleChange(kind, 1));
+    files.Put(ScratchFileOf(kind), UserMenu(40));
+    files.ForbidRemove(ScratchFileOf(kind));
+    Make(files, kMenuPath, SampleChange(kind, 1));
+    EXPECT_EQ(clean.Get(kMenuPath), files.Get(kMenuPath)) << NameOf(kind);
+  }
+}
+
+// What is not a Failure is not lost either.
+TEST(Replace, SaysAfterAnyExceptionThatItIsUnfinished) {
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(4));
+  MenuFile menu(files, kMenuPath);
+  MenuChange change;
+  change.errorMode = ErrorMode::Ignores;
+  change.recordRule = [](std::size_t, const MenuItemRecord&, RecordStream&) {
+    throw std::bad_alloc();
+  };
+  EXPECT_THROW(RewriteMenuFile(menu, change), std::bad_alloc);
+  EXPECT_FALSE(menu.HasUnfinished());
+  EXPECT_EQ(UserMenu(4), files.Get(kMenuPath));
+  EXPECT_EQ(std::nullopt, files.Get("temporaryfile"));
 }
 
 }  // namespace

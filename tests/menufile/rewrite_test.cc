@@ -8,14 +8,14 @@
 
 #include "menufile/failure.h"
 #include "tests/menufile/loaded_menu.h"
-#include "tests/menufile/operation.h"
 #include "tests/menufile/sample_menus.h"
+#include "tests/menufile/user_change.h"
 
 namespace menufile {
 namespace {
 
 using namespace std::string_literals;
-using Kind = Operation::Kind;
+using Kind = UserChange::Kind;
 
 const std::string kHead =
     SamplePicture() + std::string(kMarker) + "\"USERDEF\"\r\n" + std::string(kAppearanceLine);
@@ -23,16 +23,16 @@ const std::string kPointerHead =
     SamplePicture() + std::string(kMarker) + "\"DIRPOINT\"\r\n" + std::string(kAppearanceLine);
 
 // The menu file after the operation; no scratch file may be left.
-std::string Rewritten(const std::string& menu, const Operation& operation) {
+std::string Rewritten(const std::string& menu, const UserChange& operation) {
   MemoryFiles files;
   files.Put(kMenuPath, menu);
-  RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+  Make(files, kMenuPath, operation);
   EXPECT_EQ(std::nullopt, files.Get(ScratchFileOf(operation.kind)));
   return files.Get(kMenuPath).value_or("(none)");
 }
 
 std::string Rewritten(const std::string& menu, Kind kind, std::size_t row = 0) {
-  return Rewritten(menu, MakeOperation(kind, row));
+  return Rewritten(menu, SampleChange(kind, row));
 }
 
 std::string Items(std::vector<int> numbers) {
@@ -108,7 +108,7 @@ TEST(Edit, KeepsWhateverTypeLineThereIs) {
   for (const char* keyword : {"USERDEF", "DIRPOINT", "", "other\r\nkind"}) {
     const std::string menu = std::string(kMarker) + '"' + keyword + "\"\r\n" +
                              std::string(kAppearanceLine) + Items({0, 1});
-    Operation nothing = MakeOperation(Kind::Edit, 99);
+    UserChange nothing = SampleChange(Kind::Edit, 99);
     EXPECT_EQ(menu, Rewritten(menu, nothing));
   }
 }
@@ -119,7 +119,7 @@ TEST(ChangeIcon, ReplacesTheLastTwoFields) {
 }
 
 TEST(ChangeIcon, ToTheCaptionEmptiesTheIconFile) {
-  Operation operation = MakeOperation(Kind::ChangeIcon, 1);
+  UserChange operation = SampleChange(Kind::ChangeIcon, 1);
   operation.iconFile = "Icon";
   EXPECT_EQ(kHead + Items({0}) + "\"Icon\",\"C:\\t.exe\",\"\",\"\",\"\",12\r\n",
             Rewritten(UserMenu(2), operation));
@@ -129,17 +129,18 @@ TEST(ChangeIcon, ToTheCaptionEmptiesTheIconFile) {
 }
 
 TEST(SaveAppearance, ReplacesThePictureAndTheAppearanceLine) {
-  const Operation operation = MakeOperation(Kind::SaveAppearance);
-  EXPECT_EQ(operation.picture + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n" +
+  const UserChange operation = SampleChange(Kind::SaveAppearance);
+  EXPECT_EQ(operation.appearance.picture +
+                "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n" +
                 Items({0, 1, 2, 3}),
             Rewritten(UserMenu(4), operation));
 }
 
 TEST(SaveAppearance, WritesTheTypeLineAsUserDefinedWhateverItWas) {
-  const Operation operation = MakeOperation(Kind::SaveAppearance);
+  const UserChange operation = SampleChange(Kind::SaveAppearance);
   EXPECT_EQ(
-      operation.picture + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n" +
-          Items({0}),
+      operation.appearance.picture +
+          "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n" + Items({0}),
       Rewritten(std::string(kMarker) + "\"DIRPOINT\"\r\n" + PreviousVersionMenu(1), operation));
 }
 
@@ -147,8 +148,8 @@ TEST(SaveAppearance, OfADirectoryPointerFailsAndLeavesTheMenu) {
   MemoryFiles files;
   files.Put(kMenuPath, DirectoryMenu());
   try {
-    const Operation operation = MakeOperation(Kind::SaveAppearance);
-    RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+    const UserChange operation = SampleChange(Kind::SaveAppearance);
+    Make(files, kMenuPath, operation);
     ADD_FAILURE() << "no failure";
   } catch (const Failure& failure) {
     EXPECT_EQ(
@@ -158,8 +159,7 @@ TEST(SaveAppearance, OfADirectoryPointerFailsAndLeavesTheMenu) {
         failure.what());
   }
   EXPECT_EQ(DirectoryMenu(), files.Get(kMenuPath));
-  EXPECT_EQ(MakeOperation(Kind::SaveAppearance).picture +
-                "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n",
+  EXPECT_EQ("\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n",
             files.Get("zoltempfileoktodelete"));
 }
 
@@ -170,9 +170,9 @@ TEST(SaveDirectory, WritesTheRecordBehindTheAppearanceAsRead) {
 }
 
 TEST(SaveDirectory, StoresEmptyTexts) {
-  Operation operation = MakeOperation(Kind::SaveDirectory);
-  operation.folderPath = "";
-  operation.filePattern = "";
+  UserChange operation = SampleChange(Kind::SaveDirectory);
+  operation.directory.folderPath = "";
+  operation.directory.filePattern = "";
   EXPECT_EQ(kPointerHead + "\"\",\"\",0,0,1\r\n", Rewritten(DirectoryMenu(), operation));
 }
 
@@ -201,7 +201,8 @@ TEST(Rewrite, CountsCallsOfTheRuleNotRecords) {
       out.Write(out.ReadNext());
     }
   };
-  RewriteMenuFile(files, kMenuPath, change);
+  MenuFile menu(files, kMenuPath);
+  EXPECT_EQ(ChangeResult::Made, RewriteMenuFile(menu, change));
   EXPECT_EQ((std::vector<std::size_t>{0, 1, 2, 3}), counters);
   EXPECT_EQ(UserMenu(5), files.Get(kMenuPath));
 }
@@ -241,8 +242,8 @@ TEST(Rewrite, ABlankLastLineBecomesASeparatorWhereFailuresAreIgnored) {
 TEST(Rewrite, ABlankLastLineFailsOtherwise) {
   MemoryFiles files;
   files.Put(kMenuPath, UserMenu(1) + "\r\n");
-  const Operation operation = MakeOperation(Kind::Edit, 0);
-  EXPECT_THROW(RewriteMenuFile(files, kMenuPath, ChangeFor(operation)), Failure);
+  const UserChange operation = SampleChange(Kind::Edit, 0);
+  EXPECT_THROW(Make(files, kMenuPath, operation), Failure);
   EXPECT_EQ(UserMenu(1) + "\r\n", files.Get(kMenuPath));
 }
 
@@ -259,8 +260,8 @@ TEST(Rewrite, AnItemWithoutIconIndexAtTheEndOfTheFileKeepsItEmpty) {
 }
 
 TEST(Rewrite, AQuoteInATextShiftsTheFieldsBehindIt) {
-  Operation operation = MakeOperation(Kind::Edit, 0);
-  operation.caption = "6\" nails";
+  UserChange operation = SampleChange(Kind::Edit, 0);
+  operation.texts.caption = "6\" nails";
   const std::string once = Rewritten(UserMenu(1), operation);
   EXPECT_EQ(kHead + "\"6\" nails\",\"C:\\tools\\edited.exe\",\"/edited\",\"C:\\tools\",\"\",0\r\n",
             once);
@@ -270,9 +271,9 @@ TEST(Rewrite, AQuoteInATextShiftsTheFieldsBehindIt) {
 
 TEST(Rewrite, AMissingMenuFileFailsAndIsNotMade) {
   MemoryFiles files;
-  const Operation operation = MakeOperation(Kind::Edit);
+  const UserChange operation = SampleChange(Kind::Edit);
   try {
-    RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+    Make(files, kMenuPath, operation);
     ADD_FAILURE() << "no failure";
   } catch (const Failure& failure) {
     EXPECT_STREQ("Cannot open the file:\nC:\\menus\\a.menu\n\nThere is no such file.",
@@ -284,25 +285,23 @@ TEST(Rewrite, AMissingMenuFileFailsAndIsNotMade) {
 
 TEST(Rewrite, AMissingMenuFileIsNotMadeWhereFailuresAreIgnored) {
   MemoryFiles files;
-  const Operation operation = MakeOperation(Kind::MoveUp, 1);
-  RewriteMenuFile(files, kMenuPath, ChangeFor(operation));
+  const UserChange operation = SampleChange(Kind::MoveUp, 1);
+  Make(files, kMenuPath, operation);
   EXPECT_EQ(std::nullopt, files.Get(kMenuPath));
   EXPECT_EQ(std::nullopt, files.Get("temporaryfile"));
 }
 
 TEST(Rewrite, AMenuNamedLikeTheScratchFileStays) {
   for (const Kind kind : {Kind::MoveUp, Kind::Edit, Kind::SaveDirectory, Kind::SaveAppearance}) {
-    const Operation operation = MakeOperation(kind, 1);
     const std::string path = ScratchFileOf(kind);
     const std::string menu = kHead + Items({1, 2, 3});
     MemoryFiles files;
     files.Put(path, menu);
-    MenuChange change = ChangeFor(operation);
-    change.errorMode = ErrorMode::Ignores;
-    EXPECT_EQ(RewriteResult::MenuUntouched, RewriteMenuFile(files, path, change));
-    EXPECT_EQ(menu, files.Get(path));
-    change.errorMode = ErrorMode::Throws;
-    EXPECT_THROW(RewriteMenuFile(files, path, change), Failure);
+    if (IgnoresFailures(kind)) {
+      EXPECT_EQ(ChangeResult::Failed, Make(files, path, SampleChange(kind, 1)));
+    } else {
+      EXPECT_THROW(Make(files, path, SampleChange(kind, 1)), Failure);
+    }
     EXPECT_EQ(menu, files.Get(path));
   }
 }

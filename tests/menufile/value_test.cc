@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <random>
 #include <string>
 #include <utility>
@@ -169,20 +170,48 @@ TEST(NumberText, PlainDigitsInTheMiddleAndExponentsOutside) {
   EXPECT_EQ("1e+16", NumberText(1e16));
 }
 
-TEST(FontSizeText, HasAtMostFourFractionalDigits) {
-  EXPECT_EQ("8.25", FontSizeText(8.25));
-  EXPECT_EQ("10", FontSizeText(10));
-  EXPECT_EQ("8", FontSizeText(8.00001));
-  EXPECT_EQ("8.3333", FontSizeText(25.0 / 3));
-  EXPECT_EQ("6.6667", FontSizeText(20.0 / 3));
-  EXPECT_EQ("0.0001", FontSizeText(0.0001));
-  EXPECT_EQ("0", FontSizeText(0.00004));
-  EXPECT_EQ("1638.35", FontSizeText(1638.35));
+TEST(FontSizeText, IsAFixedPointNumberWithAtMostFourFractionalDigits) {
+  const std::pair<double, std::string> kSizes[] = {
+      {8.25, "8.25"},
+      {10, "10"},
+      {8.00001, "8"},
+      {25.0 / 3, "8.3333"},
+      {20.0 / 3, "6.6667"},
+      {0.0001, "0.0001"},
+      {0.00015, "0.0002"},
+      {0.00025, "0.0002"},
+      {0.00025000001, "0.0003"},
+      {0.00004, "0"},
+      {-0.00004, "0"},
+      {-8.5, "-8.5"},
+      {9.99995, "10"},
+      {99.99996, "100"},
+      {1638.35, "1638.35"},
+      {123456789012345, "123456789012345"},
+      {1e16, "10000000000000000"},
+      {5e-324, "0"},
+  };
+  for (const auto& [points, text] : kSizes) {
+    EXPECT_EQ(text, FontSizeText(points)) << points;
+  }
+}
+
+TEST(FontSizeText, OfEveryFiniteNumberIsReadable) {
+  for (const double points : {1e305, 1.7976931348623157e308, 1e15, 4503599627370497.5}) {
+    const std::string text = FontSizeText(points).value();
+    EXPECT_EQ(points, Value::Bare(text).Number()) << text;
+    EXPECT_EQ(std::string::npos, text.find_first_not_of("0123456789.")) << text;
+  }
+}
+
+TEST(FontSizeText, OfNoNumberThereIsNone) {
+  EXPECT_EQ(std::nullopt, FontSizeText(std::numeric_limits<double>::infinity()));
+  EXPECT_EQ(std::nullopt, FontSizeText(std::numeric_limits<double>::quiet_NaN()));
 }
 
 TEST(FontSizeText, ReadsBackAsTheSameText) {
   for (int tenThousandths = 1; tenThousandths < 200000; tenThousandths += 37) {
-    const std::string text = FontSizeText(tenThousandths / 10000.0);
+    const std::string text = FontSizeText(tenThousandths / 10000.0).value();
     EXPECT_EQ(text, TextOfBare(text));
     EXPECT_LE(text.size() - std::min(text.find('.'), text.size() - 1), 5u) << text;
   }

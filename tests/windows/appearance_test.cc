@@ -4,9 +4,10 @@
 #include <cstdlib>
 #include <vector>
 
-#include "menufile/rewrite.h"
+#include "menufile/menu_file.h"
+#include "menufile/scratch_file.h"
 #include "tests/windows/appearance_test_base.h"
-#include "tests/windows/failing_files.h"
+#include "tests/windows/faulty_files.h"
 #include "tests/windows/handle_count.h"
 
 using testing_menus::DirectoryMenu;
@@ -223,14 +224,23 @@ TEST_F(AppearanceTest, AnOldScratchFileIsDeletedFirst) {
   EXPECT_EQ(MenuBytes(), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));
 }
 
-TEST_F(AppearanceTest, WhenTheDiskIsFullTheScratchFileHoldsTheMenu) {
-  FailingFiles full(windowsFiles, MenuPath());
+TEST_F(AppearanceTest, ThatFailsHalfWayIsFinishedByTheNextStart) {
+  FaultyFiles full(windowsFiles);
   files = &full;
   OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
-  full.failing = true;
+  full.limitedFile = "test.menu";
+  full.bytesLeft = 100;
   Save();
-  ExpectWriteError();
-  EXPECT_EQ(ReadBytes(PathOf(scratch)), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));
+  // The window tries to finish it as it goes.
+  ASSERT_EQ(answers.Shown().size(), 2U);
+  EXPECT_EQ(answers.Shown()[0].text, "Error writing to file.");
+  EXPECT_EQ(answers.Shown()[1].title, "Error!");
+  EXPECT_TRUE(answers.Shown()[1].text.starts_with("Cannot write the file:\n" + MenuPath()));
+  EXPECT_EQ(ExitCode(), EXIT_SUCCESS);
+  menufile::MenuFile next(windowsFiles, MenuPath());
+  ASSERT_TRUE(next.WasCutShort());
+  next.AnswerYes();
+  EXPECT_EQ(MenuBytes(), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));
 }
 
 // Else the menu would begin in the middle of its picture.

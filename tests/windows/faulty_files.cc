@@ -8,45 +8,87 @@
 namespace {
 
 using menufile::Failure;
+using menufile::File;
 
-class LimitedFile final : public menufile::File {
+std::string NameOf(const std::string& path) { return path.substr(path.find_last_of('\\') + 1); }
+
+}  // namespace
+
+class FaultyFiles::FaultyFile final : public File {
  public:
-  LimitedFile(std::unique_ptr<menufile::File> file, std::string path, std::size_t& bytesLeft)
-      : file_(std::move(file)), path_(std::move(path)), bytesLeft_(bytesLeft) {}
+  FaultyFile(FaultyFiles& files, std::string path, std::unique_ptr<File> file)
+      : files_(files), path_(std::move(path)), file_(std::move(file)) {}
 
-  std::string ReadAll() override { return file_->ReadAll(); }
+  std::string FullName() override { return file_->FullName(); }
+  std::uint64_t Size() override { return file_->Size(); }
+  void Seek(std::uint64_t offset) override { file_->Seek(offset); }
+  std::string ReadAll() override {
+    files_.Count(path_);
+    return file_->ReadAll();
+  }
   std::size_t Read(std::uint64_t offset, std::span<char> bytes) override {
+    files_.Count(path_);
     return file_->Read(offset, bytes);
   }
-  void Truncate(std::uint64_t size) override { file_->Truncate(size); }
-  std::uint64_t SeekToEnd() override { return file_->SeekToEnd(); }
+  void Truncate(std::uint64_t size) override {
+    files_.Count(path_);
+    file_->Truncate(size);
+  }
   void Write(std::string_view bytes) override {
-    const std::size_t count = std::min(bytes.size(), bytesLeft_);
+    files_.Count(path_);
+    if (NameOf(path_) != files_.limitedFile) {
+      file_->Write(bytes);
+      return;
+    }
+    const std::size_t count = std::min(bytes.size(), files_.bytesLeft);
     file_->Write(bytes.substr(0, count));
-    bytesLeft_ -= count;
+    files_.bytesLeft -= count;
     if (count < bytes.size()) {
       throw Failure(path_, "write the file", "The disk is full");
     }
   }
-  void Flush() override { file_->Flush(); }
+  void Flush() override {
+    files_.Count(path_);
+    file_->Flush();
+  }
 
  private:
-  std::unique_ptr<menufile::File> file_;
+  FaultyFiles& files_;
   std::string path_;
-  std::size_t& bytesLeft_;
+  std::unique_ptr<File> file_;
 };
 
-}  // namespace
+void FaultyFiles::Count(const std::string& path) {
+  if (operationsLeft && (*operationsLeft)-- <= 0) {
+    throw Failure(path, "use the file", "It was made to fail");
+  }
+}
 
-std::unique_ptr<menufile::File> FaultyFiles::Open(const std::string& path,
-                                                  menufile::OpenMode mode) {
-  const std::string name = path.substr(path.find_last_of('\\') + 1);
-  if (mode != menufile::OpenMode::Read && unwritable.count(name) > 0) {
+std::unique_ptr<File> FaultyFiles::Open(const std::string& path, menufile::OpenMode mode) {
+  Count(path);
+  if (mode != menufile::OpenMode::Read && unwritable.count(NameOf(path)) > 0) {
     throw Failure(path, "write the file", "Access is denied");
   }
-  std::unique_ptr<menufile::File> file = files_.Open(path, mode);
-  if (name == limitedFile && mode != menufile::OpenMode::Read) {
-    return std::make_unique<LimitedFile>(std::move(file), path, bytesLeft);
-  }
-  return file;
+  return std::make_unique<FaultyFile>(*this, path, files_.Open(path, mode));
+}
+
+std::unique_ptr<File> FaultyFiles::OpenIfThere(const std::string& path) {
+  Count(path);
+  std::unique_ptr<File> file = files_.OpenIfThere(path);
+  return file == nullptr ? nullptr : std::make_unique<FaultyFile>(*this, path, std::move(file));
+}
+
+void FaultyFiles::Remove(const std::string& path) {
+  Count(path);
+  files_.Remove(path);
+}
+
+void FaultyFiles::Rename(const std::string& path, const std::string& newPath) {
+  Count(path);
+  files_.Rename(path, newPath);
+}
+
+std::vector<std::string> FaultyFiles::FilesThatBeginWith(const std::string& prefix) {
+  Count(prefix);
+  return files_.FilesThatBeginWith(prefix);
 }

@@ -1,14 +1,18 @@
 #ifndef CORVALIS_TESTS_WINDOWS_FAULTY_FILES_H_
 #define CORVALIS_TESTS_WINDOWS_FAULTY_FILES_H_
 
+#include <cstddef>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "menufile/file_system.h"
 
-// Files of which some fail. Names are without their folders.
+// Files of which some fail, as a test tells it; all else goes on to other files.
+// Names are without their folders.
 class FaultyFiles final : public menufile::FileSystem {
  public:
   explicit FaultyFiles(menufile::FileSystem& files) : files_(files) {}
@@ -18,12 +22,24 @@ class FaultyFiles final : public menufile::FileSystem {
   // Once so many bytes more were written to this file, the disk is full for it.
   std::string limitedFile;
   std::size_t bytesLeft = std::numeric_limits<std::size_t>::max();
+  // After so many operations more, each one fails.
+  std::optional<int> operationsLeft;
 
   std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override;
-  void Remove(const std::string& path) override { files_.Remove(path); }
-  std::uint64_t LastWritten(const std::string& path) override { return files_.LastWritten(path); }
+  std::unique_ptr<menufile::File> OpenIfThere(const std::string& path) override;
+  void Remove(const std::string& path) override;
+  void Rename(const std::string& path, const std::string& newPath) override;
+  std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
+  std::string Beside(const std::string& path, const std::string& name) override {
+    return files_.Beside(path, name);
+  }
+  std::uint64_t FreeBytes(const std::string& path) override { return files_.FreeBytes(path); }
 
  private:
+  class FaultyFile;
+
+  void Count(const std::string& path);
+
   menufile::FileSystem& files_;
 };
 

@@ -59,6 +59,11 @@ void Form2Test::Type(int editId, const std::string& text) {
   RunMessages();
 }
 
+bool Form2Test::TakeQuit() {
+  MSG message;
+  return PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && message.message == WM_QUIT;
+}
+
 void Form2Test::RunMessages() {
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {

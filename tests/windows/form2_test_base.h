@@ -36,6 +36,8 @@ class Form2Test : public ::testing::Test {
   void SelectTab(int tab);
   void Type(int editId, const std::string& text);
   static void RunMessages();
+  // True if the program was told to end. It is not any more.
+  static bool TakeQuit();
 
   // What the user sees.
   std::vector<std::string> Rows();

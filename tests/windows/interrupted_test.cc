@@ -1,19 +1,36 @@
-// Changes that end while the menu file is being written.
-#include "tests/windows/failing_files.h"
+// Changes that end while the menu file is being written, as the user sees them.
+#include "menufile/changes.h"
+#include "menufile/failure.h"
+#include "tests/windows/faulty_files.h"
 #include "tests/windows/form2_test_base.h"
 
 using testing_menus::DirectoryMenu;
 using testing_menus::ItemLine;
-using testing_menus::kAppearance;
 using testing_menus::UserDefinedMenu;
 
 namespace {
 
-const std::string kMenu = UserDefinedMenu(
-    {ItemLine("One", "C:\\1"), ItemLine("Two", "C:\\2"), ItemLine("Three", "C:\\3")});
+const std::string kOne = ItemLine("One", "C:\\1");
+const std::string kTwo = ItemLine("Two", "C:\\2");
+const std::string kThree = ItemLine("Three", "C:\\3");
+const std::string kMenu = UserDefinedMenu({kOne, kTwo, kThree});
 
 class InterruptedTest : public Form2Test {
  protected:
+  // Leaves `menu` as a change does that could write only so many bytes of it.
+  void CutShort(const menufile::MenuChange& change, const std::string& menu, std::size_t bytes) {
+    WriteBytes(MenuPath(), menu);
+    FaultyFiles full(windowsFiles);
+    full.limitedFile = "test.menu";
+    full.bytesLeft = bytes;
+    menufile::MenuFile file(full, MenuPath());
+    try {
+      menufile::RewriteMenuFile(file, change);
+    } catch (const menufile::Failure&) {
+    }
+    ASSERT_EQ(MenuBytes().size(), bytes);
+  }
+
   void ExpectTheQuestion() {
     ASSERT_GE(answers.Shown().size(), 1U);
     EXPECT_EQ(answers.Shown()[0].title, "Query?");
@@ -26,41 +43,34 @@ class InterruptedTest : public Form2Test {
 }  // namespace
 
 TEST_F(InterruptedTest, IsFinishedOnYes) {
-  for (const char* scratch : {"temporaryfile", "zoltempfileoktodelete"}) {
-    for (const std::string& whole : {kMenu, DirectoryMenu("\"C:\\\",\"*.*\",1,0,0\r\n")}) {
-      WriteBytes(PathOf(scratch), whole);
-      answers.Answer({IDYES});
-      ASSERT_TRUE(Open(whole.substr(0, whole.size() / 2)));
-      ExpectTheQuestion();
-      EXPECT_EQ(MenuBytes(), whole);
-      EXPECT_FALSE(Exists(PathOf(scratch)));
-    }
-  }
-  EXPECT_EQ(answers.Shown().size(), 4U);
-}
-
-TEST_F(InterruptedTest, StaysOnNo) {
-  const std::string menu = UserDefinedMenu({ItemLine("One", "C:\\1")});
-  WriteBytes(PathOf("temporaryfile"), kMenu);
-  answers.Answer({IDNO});
-  ASSERT_TRUE(Open(menu));
-  ExpectTheQuestion();
-  EXPECT_EQ(answers.Shown().size(), 1U);
-  EXPECT_EQ(Rows(), std::vector<std::string>{"One"});
-  EXPECT_EQ(MenuBytes(), menu);
-  EXPECT_EQ(ReadBytes(PathOf("temporaryfile")), kMenu);
-}
-
-TEST_F(InterruptedTest, WithANewPictureIsFinishedOnYes) {
-  const std::string bitmap("BM\x0A\0\0\0<\r\n<", 10);
-  const std::string description =
-      "\r\n<START ZOL>\r\n\"USERDEF\"\r\n" + kAppearance + ItemLine("One", "C:\\1");
-  WriteBytes(PathOf("zoltempfileoktodelete"), description);
+  CutShort(menufile::Delete(1), kMenu, 50);
   answers.Answer({IDYES});
-  ASSERT_TRUE(Open(bitmap + description.substr(0, 20)));
+  ASSERT_TRUE(Load());
   ExpectTheQuestion();
-  EXPECT_EQ(MenuBytes(), bitmap + description);
-  EXPECT_EQ(Rows(), std::vector<std::string>{"One"});
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"One", "Three"}));
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kOne, kThree}));
+  EXPECT_FALSE(Exists(PathOf("temporaryfile")));
+}
+
+TEST_F(InterruptedTest, StaysOnNoAndIsAskedAgain) {
+  const std::string newMenu = UserDefinedMenu({kOne});
+  CutShort(menufile::MoveUp(2), kMenu, newMenu.size());
+  const std::string scratch = ReadBytes(PathOf("temporaryfile"));
+  for (int i = 0; i < 2; ++i) {
+    answers.Answer({IDNO});
+    ASSERT_TRUE(Load());
+    ExpectTheQuestion();
+    EXPECT_EQ(Rows(), std::vector<std::string>{"One"});
+    EXPECT_EQ(MenuBytes(), newMenu);
+    EXPECT_EQ(ReadBytes(PathOf("temporaryfile")), scratch);
+  }
+  // The next change keeps what was not wanted, under another name.
+  SelectRow(0);
+  Press(IDC_FORM2_COMMAND7);
+  EXPECT_EQ(MenuBytes(), UserDefinedMenu({}));
+  EXPECT_EQ(ReadBytes(PathOf("temporaryfile-declined-1")), scratch);
+  ASSERT_TRUE(Load());
+  EXPECT_EQ(answers.Shown().size(), 2U);
 }
 
 TEST_F(InterruptedTest, IsNotSeenInAnythingElse) {
@@ -68,32 +78,98 @@ TEST_F(InterruptedTest, IsNotSeenInAnythingElse) {
                                      std::string("other"), kMenu + "\r\n"}) {
     WriteBytes(PathOf("temporaryfile"), scratch);
     WriteBytes(PathOf("zoltempfileoktodelete"), scratch);
-    ASSERT_TRUE(Open(kMenu));
-    ASSERT_EQ(answers.Shown().size(), 0U) << scratch << answers.Shown()[0].text;
-    EXPECT_EQ(MenuBytes(), kMenu);
-    EXPECT_EQ(ReadBytes(PathOf("temporaryfile")), scratch);
+    for (const std::string& menu : {kMenu, UserDefinedMenu({kOne})}) {
+      ASSERT_TRUE(Open(menu));
+      ASSERT_EQ(answers.Shown().size(), 0U) << scratch << answers.Shown()[0].text;
+      EXPECT_EQ(MenuBytes(), menu);
+      EXPECT_EQ(ReadBytes(PathOf("temporaryfile")), scratch);
+    }
   }
 }
 
-// The entries must survive: the first change leaves half of the menu file, and
-// the whole in the scratch file, which the second one would delete first.
-TEST_F(InterruptedTest, IsFinishedByTheNextChangeOfTheSameWindow) {
-  FailingFiles failing(windowsFiles, MenuPath());
-  files = &failing;
+// The next button finishes it. The window then shows the menu as it is, whatever
+// page that takes; the button does nothing more.
+TEST_F(InterruptedTest, IsFinishedByTheNextButtonWhichDoesNothingMore) {
+  const struct {
+    int failing;
+    int next;
+    bool opensChild;
+  } kCases[] = {
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND4, false},
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND8, false},
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND7, false},
+      {IDC_FORM2_COMMAND4, IDC_FORM2_COMMAND9, false},
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND3, true},   // Edit
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND11, true},  // Change Icon
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND12, false},
+  };
+  for (const auto& [failing, next, opensChild] : kCases) {
+    SCOPED_TRACE(std::to_string(failing) + ", " + std::to_string(next));
+    FaultyFiles faulty(windowsFiles);
+    files = &faulty;
+    ASSERT_TRUE(Open(kMenu));
+    SelectRow(1);
+    faulty.limitedFile = "test.menu";
+    faulty.bytesLeft = 40;
+    Press(failing);
+    EXPECT_EQ(MenuBytes().size(), 40U);
+    faulty.limitedFile.clear();
+    SelectRow(next == IDC_FORM2_COMMAND8 ? 0 : 1);
+    Press(next);
+    const bool deleted = failing == IDC_FORM2_COMMAND7;
+    EXPECT_EQ(MenuBytes(), UserDefinedMenu(deleted ? std::vector{kOne, kThree}
+                                                   : std::vector{kTwo, kOne, kThree}));
+    EXPECT_EQ(Rows(), deleted ? (std::vector<std::string>{"One", "Three"})
+                              : (std::vector<std::string>{"Two", "One", "Three"}));
+    EXPECT_EQ(SelectedRow(), -1);
+    EXPECT_EQ(FindWindowA(opensChild ? "Form3" : nullptr, opensChild ? nullptr : "-"), nullptr);
+    EXPECT_EQ(FindWindowA("Form4", nullptr), nullptr);
+    EXPECT_TRUE(IsWindowEnabled(form().window()));
+    EXPECT_TRUE(answers.Shown().empty());
+    EXPECT_FALSE(Exists(PathOf("temporaryfile")));
+  }
+}
+
+TEST_F(InterruptedTest, ASwitchOfTheTypeIsFinishedOnItsPage) {
+  FaultyFiles faulty(windowsFiles);
+  files = &faulty;
   ASSERT_TRUE(Open(kMenu));
-  menufile::MenuChange change;
-  change.errorMode = menufile::ErrorMode::Ignores;
-  change.recordRule = menufile::KeepRecord;
-  failing.failing = true;
-  form().Rewrite(change);
-  EXPECT_EQ(MenuBytes(), kMenu.substr(0, kMenu.size() / 2));
-  EXPECT_EQ(ReadBytes(PathOf("temporaryfile")), kMenu);
-  form().Rewrite(change);
-  EXPECT_EQ(ReadBytes(PathOf("temporaryfile")), kMenu);
-  EXPECT_THROW(form().OpenToAppend(), menufile::Failure);
-  EXPECT_EQ(ReadBytes(PathOf("temporaryfile")), kMenu);
-  failing.failing = false;
-  form().OpenToAppend().Append({menufile::Value::Quoted("Four"), {}, {}, {}, {}, {}});
-  EXPECT_EQ(MenuBytes(), kMenu + "\"Four\",\"\",\"\",\"\",\"\",\r\n");
-  EXPECT_FALSE(Exists(PathOf("temporaryfile")));
+  faulty.limitedFile = "test.menu";
+  faulty.bytesLeft = 40;
+  answers.Answer({IDYES});
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_EQ(Rows().size(), 3U);
+  faulty.limitedFile.clear();
+  SelectRow(1);
+  Press(IDC_FORM2_COMMAND7);
+  EXPECT_EQ(MenuBytes(), DirectoryMenu("\"C:\\\",\"*.*\",1,0,0\r\n"));
+  EXPECT_TRUE(Rows().empty());
+  EXPECT_TRUE(IsVisible(IDC_FORM2_TEXT7));
+  EXPECT_FALSE(IsVisible(IDC_FORM2_LIST1));
+  EXPECT_EQ(Text(IDC_FORM2_TEXT7), "C:\\");
+}
+
+TEST_F(InterruptedTest, ClosingTheWindowFinishesItOrSaysThatItCouldNot) {
+  for (const bool succeeds : {true, false}) {
+    FaultyFiles faulty(windowsFiles);
+    files = &faulty;
+    ASSERT_TRUE(Open(kMenu));
+    SelectRow(1);
+    faulty.limitedFile = "test.menu";
+    faulty.bytesLeft = 40;
+    Press(IDC_FORM2_COMMAND7);
+    if (succeeds) {
+      faulty.limitedFile.clear();
+    }
+    Press(IDC_FORM2_COMMAND5);
+    EXPECT_EQ(answers.Shown().size(), succeeds ? 0U : 1U);
+    if (succeeds) {
+      EXPECT_EQ(MenuBytes(), UserDefinedMenu({kOne, kThree}));
+    } else {
+      EXPECT_TRUE(answers.Shown()[0].text.ends_with("offer to finish it at its next start."));
+      menufile::MenuFile next(windowsFiles, MenuPath());
+      EXPECT_TRUE(next.WasCutShort());
+    }
+    EXPECT_TRUE(TakeQuit());
+  }
 }

@@ -37,11 +37,6 @@ bool ListTest::PreviewIsClear() {
   return form().iconic1().BitmapFile() == clear.BitmapFile();
 }
 
-bool ListTest::TakeQuit() {
-  MSG message;
-  return PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && message.message == WM_QUIT;
-}
-
 std::string ListTest::IconLine(const std::string& caption, const std::string& target) {
   return testing_menus::ItemLine(caption, target, "", "", ThisProgram(), "0");
 }

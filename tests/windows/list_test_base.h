@@ -36,9 +36,6 @@ class ListTest : public Form2Test {
 
   bool PreviewIsClear();
 
-  // Whether the program was told to end. It is not any more.
-  static bool TakeQuit();
-
   // A line of an entry with an icon of its own, the first one of this program.
   static std::string IconLine(const std::string& caption, const std::string& target);
   static std::string ThisProgram();

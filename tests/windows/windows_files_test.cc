@@ -1,11 +1,13 @@
 // Files of Windows as the rewrite reads and writes them: block by block.
 #include "editor/windows_files.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
 
-#include "menufile/rewrite.h"
+#include "menufile/changes.h"
+#include "menufile/failure.h"
 #include "tests/windows/form2_test_base.h"
 #include "tests/windows/menu_bytes.h"
 
@@ -45,26 +47,64 @@ TEST_F(WindowsFilesTest, ReadingDoesNotMoveWhereWritingGoesOn) {
 TEST_F(WindowsFilesTest, KnowsAFileByAnotherPath) {
   WriteBytes(PathOf("one"), "1");
   WriteBytes(PathOf("two"), "1");
-  EXPECT_TRUE(windowsFiles.IsSameFile(PathOf("one"), "ONE"));
-  EXPECT_TRUE(windowsFiles.IsSameFile("one", ".\\one"));
-  EXPECT_FALSE(windowsFiles.IsSameFile("one", "two"));
-  EXPECT_FALSE(windowsFiles.IsSameFile("one", "none"));
-  EXPECT_FALSE(windowsFiles.IsSameFile("none", "none"));
+  const auto nameOf = [this](const std::string& path) {
+    return windowsFiles.Open(path, OpenMode::Read)->FullName();
+  };
   const auto held = windowsFiles.Open("one", OpenMode::Change);
-  EXPECT_TRUE(windowsFiles.IsSameFile(PathOf("one"), "one"));
+  EXPECT_EQ(held->FullName(), nameOf(PathOf("one")));
+  EXPECT_EQ(held->FullName(), nameOf("ONE"));
+  EXPECT_EQ(held->FullName(), nameOf(".\\one"));
+  EXPECT_NE(held->FullName(), nameOf("two"));
 }
 
 TEST_F(WindowsFilesTest, AMenuNamedLikeAScratchFileStays) {
   const std::string menu = testing_menus::UserDefinedMenu(
       {testing_menus::ItemLine("One", "C:\\1"), testing_menus::ItemLine("Two", "C:\\2")});
-  for (const char* name : {"temporaryfile", "zoltempfileoktodelete"}) {
-    WriteBytes(PathOf(name), menu);
-    menufile::MenuChange change;
-    change.scratchFile = name;
-    change.recordRule = menufile::KeepRecord;
-    EXPECT_THROW(menufile::RewriteMenuFile(windowsFiles, PathOf(name), change), menufile::Failure);
-    EXPECT_EQ(menu, ReadBytes(PathOf(name)));
+  WriteBytes(PathOf("zoltempfileoktodelete"), menu);
+  menufile::MenuFile file(windowsFiles, PathOf("zoltempfileoktodelete"));
+  EXPECT_THROW(menufile::RewriteMenuFile(file, menufile::EditEntry(0, {})), menufile::Failure);
+  EXPECT_EQ(menu, ReadBytes(PathOf("zoltempfileoktodelete")));
+}
+
+TEST_F(WindowsFilesTest, OpensWhatIsThere) {
+  EXPECT_EQ(nullptr, windowsFiles.OpenIfThere("none"));
+  EXPECT_EQ(nullptr, windowsFiles.OpenIfThere("no\\folder\\none"));
+  CreateDirectoryA(PathOf("a folder").c_str(), nullptr);
+  EXPECT_EQ(nullptr, windowsFiles.OpenIfThere("a folder"));
+  RemoveDirectoryA(PathOf("a folder").c_str());
+  WriteBytes(PathOf("one"), "123");
+  EXPECT_EQ("123", windowsFiles.OpenIfThere("one")->ReadAll());
+  EXPECT_EQ(3U, windowsFiles.OpenIfThere("one")->Size());
+}
+
+TEST_F(WindowsFilesTest, ListsTheFilesThatBeginWithAName) {
+  for (const char* name : {"scratch", "Scratch-1", "scratch-declined-1", "other", "scratc"}) {
+    WriteBytes(PathOf(name), "");
   }
+  for (const std::string& prefix : {std::string("scratch"), PathOf("scratch")}) {
+    std::vector<std::string> paths = windowsFiles.FilesThatBeginWith(prefix);
+    std::sort(paths.begin(), paths.end());
+    EXPECT_EQ((std::vector<std::string>{prefix, prefix + "-1", prefix + "-declined-1"}), paths);
+  }
+  EXPECT_TRUE(windowsFiles.FilesThatBeginWith("none").empty());
+  EXPECT_TRUE(windowsFiles.FilesThatBeginWith("no\\folder\\none").empty());
+}
+
+TEST_F(WindowsFilesTest, GivesAFileAnotherNameButNeverOneThatIsTaken) {
+  WriteBytes(PathOf("one"), "1");
+  WriteBytes(PathOf("two"), "2");
+  EXPECT_THROW(windowsFiles.Rename("one", "two"), menufile::Failure);
+  windowsFiles.Rename("one", "three");
+  EXPECT_FALSE(Exists(PathOf("one")));
+  EXPECT_EQ("1", ReadBytes(PathOf("three")));
+  EXPECT_EQ("2", ReadBytes(PathOf("two")));
+}
+
+TEST_F(WindowsFilesTest, KnowsTheFolderOfAFileAndItsRoom) {
+  EXPECT_EQ("C:\\menus\\x", windowsFiles.Beside("C:\\menus\\a.menu", "x"));
+  EXPECT_EQ("x", windowsFiles.Beside("a.menu", "x"));
+  EXPECT_GT(windowsFiles.FreeBytes(MenuPath()), 1000U);
+  EXPECT_GT(windowsFiles.FreeBytes("a.menu"), 1000U);
 }
 
 TEST_F(WindowsFilesTest, RewritesAMenuOfSeveralBlocks) {
@@ -81,17 +121,11 @@ TEST_F(WindowsFilesTest, RewritesAMenuOfSeveralBlocks) {
   }
   ASSERT_GT(menu.size(), 3 * windowsFiles.BlockSize());
   WriteBytes(MenuPath(), menu);
-  menufile::MenuChange change;
-  change.recordRule = [](std::size_t counter, const menufile::MenuItemRecord& record,
-                         menufile::RecordStream& records) {
-    if (counter != kDeleted) {
-      records.Write(record);
-    }
-  };
-  EXPECT_EQ(menufile::RewriteResult::Done,
-            menufile::RewriteMenuFile(windowsFiles, MenuPath(), change));
+  menufile::MenuFile file(windowsFiles, MenuPath());
+  EXPECT_EQ(menufile::ChangeResult::Made,
+            menufile::RewriteMenuFile(file, menufile::Delete(kDeleted)));
   EXPECT_TRUE(expected == MenuBytes());
-  EXPECT_FALSE(Exists(PathOf(change.scratchFile)));
+  EXPECT_FALSE(Exists(PathOf("temporaryfile")));
 }
 
 }  // namespace

@@ -1,0 +1,312 @@
+#include "menufile/menu_file.h"
+
+#include <algorithm>
+#include <chrono>
+#include <exception>
+
+#include "menufile/failure.h"
+#include "menufile/file_window.h"
+#include "menufile/reader.h"
+#include "menufile/scratch_file.h"
+
+namespace menufile {
+namespace {
+
+// Cuts the menu file to what the change keeps of it. Where that fails and the new
+// menu is not shorter than the old one, it will be written over all of that.
+void MakeRoom(File& menu, const Journal& journal) {
+  if (menu.Size() <= journal.keptSize) {
+    return;
+  }
+  try {
+    menu.Truncate(journal.keptSize);
+  } catch (const Failure&) {
+    if (menu.Size() > journal.FinishedSize()) {
+      throw;
+    }
+  }
+}
+
+// Adds what the file holds from `offset` on to a checksum.
+void AddTo(Checksum& sum, File& file, std::uint64_t offset, std::size_t blockSize) {
+  if (file.Size() <= offset) {
+    return;
+  }
+  FileWindow window(file, blockSize, {}, offset);
+  while (window.ReadOn(window.bytes().size())) {
+    sum.Add(window.bytes());
+  }
+}
+
+// True if the file ends where it did before something was added to it.
+bool TakeBackLines(File& menu, std::uint64_t oldSize) {
+  try {
+    menu.Truncate(oldSize);
+    menu.Flush();
+    return true;
+  } catch (const Failure&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+std::uint64_t WriteMenu(File& menu, File& scratch, const std::string& path, const Journal& journal,
+                        std::size_t blockSize) {
+  MakeRoom(menu, journal);
+  menu.Seek(journal.keptSize);
+  if (!journal.head.empty()) {
+    menu.Write(journal.head);
+  }
+  Checksum sum;
+  sum.Add(journal.head);
+  std::uint64_t left = journal.descriptionSize;
+  FileWindow window(scratch, blockSize);
+  while (left > 0 && window.ReadOn(window.bytes().size())) {
+    const std::string_view bytes = window.bytes().substr(
+        0, static_cast<std::size_t>(std::min<std::uint64_t>(left, window.bytes().size())));
+    menu.Write(bytes);
+    sum.Add(bytes);
+    left -= bytes.size();
+  }
+  if (left > 0) {
+    throw Failure(path, "write the file", "The scratch file ends too early");
+  }
+  menu.Flush();
+  return sum.value();
+}
+
+void DropJournal(File& scratch, const Journal& journal) {
+  try {
+    scratch.Truncate(journal.descriptionSize);
+    scratch.Flush();
+  } catch (const Failure&) {
+  }
+}
+
+void MenuFile::FreeScratchFile(const char* name, bool deletes) {
+  bool hasJournal = false;
+  bool holdsMenu = false;
+  {
+    const std::unique_ptr<File> scratch = files_.OpenIfThere(name);
+    if (scratch == nullptr) {
+      return;
+    }
+    const std::string menuName = MenuName();
+    if (scratch->FullName() == menuName) {
+      throw Failure(path_, "change the file", "It has the name of a scratch file");
+    }
+    const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
+    hasJournal = journal.has_value();
+    if (hasJournal && journal->menu == menuName) {
+      // It came since FinishEarlier() looked, or could not be read then.
+      throw Failure(path_, "change the file", "Another change to it has not ended");
+    }
+    holdsMenu = HasMarkerLine(*scratch, files_.BlockSize());
+  }
+  if (hasJournal) {
+    PutAside(name, "-");
+  } else if (deletes || holdsMenu) {
+    RemoveScratchFile(files_, name);
+  }
+}
+
+// Opens a scratch file whose name was made free. What it holds stays, unless it is
+// a menu.
+std::unique_ptr<File> MenuFile::OpenScratchFile(const char* name) {
+  std::unique_ptr<File> scratch = files_.Open(name, OpenMode::Create);
+  if (scratch->Size() > 0) {
+    // Another editor may have left it since the name was made free.
+    if (ReadJournal(*scratch, files_.BlockSize())) {
+      throw Failure(name, "write the file", "Another menu's change stands in it");
+    }
+    if (HasMarkerLine(*scratch, files_.BlockSize())) {
+      scratch->Truncate(0);
+    }
+  }
+  return scratch;
+}
+
+Journal MenuFile::NewJournal(File& menu) const {
+  using std::chrono::nanoseconds;
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  Journal journal;
+  journal.menu = menu.FullName();
+  journal.serial =
+      std::max(static_cast<std::uint64_t>(std::chrono::duration_cast<nanoseconds>(now).count()),
+               std::max(asked_, declined_) + 1);
+  return journal;
+}
+
+void MenuFile::Replace(const ScratchUse& use, std::string_view head,
+                       const std::function<void(File& menu, BlockWriter& description)>& write) {
+  FreeScratchFile(use.name, use.deletesFirst);
+  const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
+  std::unique_ptr<File> scratch = OpenScratchFile(use.name);
+  try {
+    BlockWriter out(*scratch, files_.BlockSize());
+    try {
+      write(*menu, out);
+    } catch (const Failure&) {
+      out.WriteRest();
+      throw;
+    }
+    out.WriteRest();
+    // What an old scratch file holds beyond that belongs to the description.
+    Checksum sum = out.sum();
+    const std::uint64_t size = std::max(out.size(), scratch->Size());
+    AddTo(sum, *scratch, out.size(), files_.BlockSize());
+    Journal journal = NewJournal(*menu);
+    journal.head = head;
+    journal.descriptionSize = size;
+    ReplaceBy(*menu, use.name, *scratch, std::move(journal), sum);
+  } catch (const std::exception&) {
+    scratch.reset();
+    if (use.deletesAfterFailure && !HasUnfinished()) {
+      RemoveScratchFile(files_, use.name);
+    }
+    throw;
+  }
+  scratch.reset();
+  RemoveScratchFile(files_, use.name);
+}
+
+void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal journal,
+                         const Checksum& description) {
+  const std::uint64_t oldSize = menu.Size();
+  try {
+    WriteJournal(scratch, name, journal, description, files_.BlockSize());
+    if (journal.FinishedSize() > oldSize + files_.FreeBytes(path_)) {
+      throw Failure(path_, "write the file", "There is not enough space on the disk");
+    }
+    MakeOldJournalsGoneForGood(menu, name);
+  } catch (const std::exception&) {
+    DropJournal(scratch, journal);
+    throw;
+  }
+  unfinished_ = journal.serial;
+  try {
+    MakeRoom(menu, journal);
+  } catch (const std::exception&) {
+    if (menu.Size() == oldSize) {  // nothing was cut
+      unfinished_.reset();
+      DropJournal(scratch, journal);
+    }
+    throw;
+  }
+  const std::uint64_t finishedSum = WriteMenu(menu, scratch, path_, journal, files_.BlockSize());
+  unfinished_.reset();
+  left_ = Left{name, journal.FinishedSize(), finishedSum};
+  try {
+    scratch.Truncate(journal.descriptionSize);
+  } catch (const Failure&) {
+    // The menu file is as this journal says: it asks for nothing any more.
+  }
+}
+
+void MenuFile::Append(const char* name, std::string_view lines) {
+  const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
+  const std::uint64_t size = menu->Size();
+  char last = '\n';
+  if (size > 0) {
+    menu->Read(size - 1, {&last, 1});
+  }
+  // Two entries on one line would be none.
+  const bool isEnded = last == '\r' || last == '\n';
+  AddLines(*menu, name, (isEnded ? "" : "\r\n") + std::string(lines));
+}
+
+void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) {
+  const std::uint64_t oldSize = menu.Size();
+  Journal journal = NewJournal(menu);
+  journal.keptSize = oldSize;
+  journal.keptSum = SumBefore(menu, oldSize);
+  journal.head = lines;
+  std::unique_ptr<File> scratch = OpenJournal(name, journal);
+  const bool hasJournal = scratch != nullptr;
+  const auto closeJournal = [&] {
+    if (hasJournal) {
+      DropJournal(*scratch, journal);
+      scratch.reset();
+      RemoveScratchFile(files_, name);
+    }
+  };
+  MakeOldJournalsGoneForGood(menu, hasJournal ? name : "");
+  try {
+    menu.Seek(oldSize);
+    menu.Write(lines);
+    menu.Flush();
+  } catch (const std::exception&) {
+    if (TakeBackLines(menu, oldSize)) {
+      closeJournal();
+    } else if (hasJournal) {
+      unfinished_ = journal.serial;
+    } else {
+      halfLine_ = HalfLine{oldSize, oldSize + lines.size()};
+    }
+    throw;
+  }
+  left_.reset();
+  closeJournal();
+}
+
+// Returns nullptr where the name is taken, or where the folder takes no file.
+std::unique_ptr<File> MenuFile::OpenJournal(const char* name, const Journal& journal) {
+  try {
+    if (files_.OpenIfThere(name) != nullptr) {
+      return nullptr;
+    }
+  } catch (const Failure&) {
+    return nullptr;
+  }
+  std::unique_ptr<File> scratch;
+  try {
+    scratch = files_.Open(name, OpenMode::Create);
+    if (scratch->Size() > 0) {
+      return nullptr;  // another editor was quicker
+    }
+    WriteJournal(*scratch, name, journal, Checksum(), files_.BlockSize());
+    return scratch;
+  } catch (const Failure&) {
+  }
+  if (scratch != nullptr) {
+    DropJournal(*scratch, journal);
+    scratch.reset();
+    RemoveScratchFile(files_, name);
+  }
+  return nullptr;
+}
+
+// After a power cut, a file that was deleted but never flushed may be there again:
+// with the journal of a change that was finished, which another change through the
+// other scratch file has overtaken since. The flush of this change's own scratch
+// file is proof for its own name. For the other name it takes a flush too, unless
+// the change before this one was of this object and proved it.
+void MenuFile::MakeOldJournalsGoneForGood(File& menu, const std::string& used) {
+  if (IsAsLeft(menu, used)) {
+    return;
+  }
+  for (const std::string name : kScratchFiles) {
+    if (name == used) {
+      continue;
+    }
+    try {
+      const bool isThere = files_.OpenIfThere(name) != nullptr;
+      files_.Open(name, isThere ? OpenMode::Change : OpenMode::Create)->Flush();
+      if (!isThere) {
+        RemoveScratchFile(files_, name);
+      }
+    } catch (const Failure&) {
+      // In a folder that takes no file there was never one.
+    }
+  }
+}
+
+bool MenuFile::IsAsLeft(File& menu, const std::string& scratchFile) const {
+  constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 20;  // more take longer than a flush
+  return left_ && left_->scratchFile == scratchFile && left_->size <= kMostBytes &&
+         menu.Size() == left_->size &&
+         SumOfFirst(menu, left_->size, files_.BlockSize()) == left_->sum;
+}
+
+}  // namespace menufile

@@ -1,0 +1,58 @@
+#ifndef CORVALIS_TESTS_MENUFILE_USER_CHANGE_H_
+#define CORVALIS_TESTS_MENUFILE_USER_CHANGE_H_
+
+#include <cstddef>
+#include <string>
+
+#include "menufile/changes.h"
+
+namespace menufile {
+
+// One change to a menu as the user asks for it, with all that it needs; the fields
+// that a kind does not need are left alone.
+struct UserChange {
+  enum class Kind {
+    Keep,  // writes every record as it was read; the editor has no such change
+    MoveUp,
+    MoveDown,
+    Delete,
+    Separator,
+    Edit,
+    ChangeIcon,
+    SaveAppearance,
+    SaveDirectory,
+    SwitchToDirectory,
+    SwitchToUserDefined,
+  };
+
+  Kind kind = Kind::Keep;
+  std::size_t row = 0;
+  EntryTexts texts;             // Edit
+  std::string iconFile;         // ChangeIcon
+  std::string iconIndex = "0";  // ChangeIcon
+  Appearance appearance;        // SaveAppearance
+  Directory directory;          // SaveDirectory
+};
+
+inline constexpr int kUserChanges = static_cast<int>(UserChange::Kind::SwitchToUserDefined) + 1;
+
+// For messages of tests: "MoveUp".
+const char* NameOf(UserChange::Kind kind);
+
+// Those that ignore every failure.
+bool IgnoresFailures(UserChange::Kind kind);
+// All but the icon change.
+bool DeletesScratchFirst(UserChange::Kind kind);
+const char* ScratchFileOf(UserChange::Kind kind);
+
+// A change of this kind on `row`, with some text in every field.
+UserChange SampleChange(UserChange::Kind kind, std::size_t row = 0);
+
+// Has the change made by the editor's own procedures.
+ChangeResult Make(MenuFile& menu, const UserChange& change);
+// The same by a window that has just been opened.
+ChangeResult Make(FileSystem& files, const std::string& path, const UserChange& change);
+
+}  // namespace menufile
+
+#endif  // CORVALIS_TESTS_MENUFILE_USER_CHANGE_H_
