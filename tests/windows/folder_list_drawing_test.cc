@@ -1,4 +1,7 @@
+#include <algorithm>
+
 #include "tests/windows/folder_list_test_base.h"
+#include "win32/scale.h"
 
 namespace {
 
@@ -29,6 +32,12 @@ struct DrawnRow {
       }
     }
   }
+  // Whether a text of that colour stands after the icon.
+  bool HasText(int systemColour) const {
+    const std::ptrdiff_t text = (firstInk + win32::SystemMetric(SM_CXSMICON, 96) + 2) * 24;
+    return std::find(pixels.begin() + text, pixels.end(), GetSysColor(systemColour)) !=
+           pixels.end();
+  }
   COLORREF background = CLR_INVALID;
   std::vector<COLORREF> pixels;  // column by column
   int firstInk = -1;             // the leftmost column that is not all background
@@ -43,6 +52,7 @@ TEST_F(FolderListDrawingTest, DrawsEachFolderAStepFurtherIn) {
   for (int row = 0; row <= current + 1; ++row) {
     const DrawnRow drawn(folders, list_, row, 0);
     EXPECT_EQ(drawn.background, GetSysColor(COLOR_WINDOW));
+    EXPECT_TRUE(drawn.HasText(COLOR_WINDOWTEXT)) << row;
     EXPECT_GT(drawn.firstInk, former) << row;
     former = drawn.firstInk;
   }
@@ -53,6 +63,7 @@ TEST_F(FolderListDrawingTest, DrawsTheSelectedRowInTheColoursOfASelection) {
   const DrawnRow drawn(folders, list_, 0, ODS_SELECTED);
   EXPECT_EQ(drawn.background, GetSysColor(COLOR_HIGHLIGHT));
   EXPECT_GE(drawn.firstInk, 0);
+  EXPECT_TRUE(drawn.HasText(COLOR_HIGHLIGHTTEXT));
 }
 
 TEST_F(FolderListDrawingTest, DrawsTheFocusWhereThereIsNoRow) {
