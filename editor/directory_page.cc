@@ -186,6 +186,8 @@ void Form2::Command13Click() {
     return;
   }
   items_.Clear();
+  items_.SetIcon(0, nullptr);
+  items_.DestroyUnusedIcons();
   items_.Hidden(0).text.clear();
   iconic1_.Clear();
   SwitchContents(kDirectoryPage, IDC_FORM2_COMMAND14);

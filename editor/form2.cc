@@ -2,8 +2,6 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "editor/default_picture.h"
@@ -55,9 +53,6 @@ constexpr win32::Route<Form2> kRoutes[] = {
 constexpr const wchar_t* kTabs[] = {L"Contents", L"Appearance", L"About"};
 constexpr Page kTabPages[] = {kItemPage, kAppearancePage, kAboutPage};
 
-// What the sample shows at most; the file may hold any number.
-constexpr double kMostPoints = 1000;
-
 }  // namespace
 
 Form2::Form2(std::string menuFilePath, menufile::FileSystem& files)
@@ -78,7 +73,6 @@ Form2::Form2(std::string menuFilePath, menufile::FileSystem& files)
   ShowPictures();
   CreateAppearancePage();
   OnArranged();
-  ShowSampleFont();
 }
 
 Form2::~Form2() = default;
@@ -274,17 +268,6 @@ bool Form2::ConfirmUpgrade() {
                            L"Would you like to update the file?");
 }
 
-void Form2::ShowAppearance(const menufile::AppearanceRecord& appearance) {
-  CheckDlgButton(window(), IDC_FORM2_CHECK1,
-                 appearance.smallIcons.Integer() != 0 ? BST_CHECKED : BST_UNCHECKED);
-  menuFont_.bold = appearance.fontBold.Integer() != 0;
-  menuFont_.italic = appearance.fontItalic.Integer() != 0;
-  menuFont_.name = win32::ToText(appearance.fontName.Text());
-  fontName_ = {appearance.fontName.Text(), menuFont_.name};
-  menuFont_.points = appearance.fontSize.Number();
-  ShowSampleFont();
-}
-
 void Form2::AppendItem(std::size_t row, const menufile::MenuItemRecord& item) {
   items_.AppendItem(static_cast<int>(row), item);
 }
@@ -299,20 +282,6 @@ void Form2::ShowPictures() {
   show(IDC_FORM2_IMAGE5, 1, win32::LoadIconOfSize(IDI_FOLDER, size));
   show(IDC_FORM2_IMAGE3, 2, win32::LoadIconOfSize(IDI_APPEARANCE, size));
   show(IDC_FORM2_IMAGE1, 3, DefaultIcon(size));
-}
-
-void Form2::ShowSampleFont() {
-  LOGFONTW font{};
-  const double points = std::clamp(menuFont_.points, 0.0, kMostPoints);
-  font.lfHeight = -std::lround(points * dpi() / 72);
-  font.lfWeight = menuFont_.bold ? FW_BOLD : FW_NORMAL;
-  font.lfItalic = menuFont_.italic;
-  font.lfCharSet = DEFAULT_CHARSET;
-  // A longer name is none that a font could have.
-  menuFont_.name.copy(font.lfFaceName, LF_FACESIZE - 1);
-  win32::UniqueFont created(CreateFontIndirectW(&font));
-  SendMessageW(Control(IDC_FORM2_TEXT3), WM_SETFONT, reinterpret_cast<WPARAM>(created.get()), TRUE);
-  sampleFont_ = std::move(created);
 }
 
 }  // namespace editor

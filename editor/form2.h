@@ -18,7 +18,6 @@
 #include "menufile/menu_file.h"
 #include "win32/file_drop.h"
 #include "win32/folder_list.h"
-#include "win32/font_dialog.h"
 #include "win32/form.h"
 #include "win32/handles.h"
 #include "win32/picture_box.h"
@@ -126,6 +125,9 @@ class Form2 final : public win32::Form, private menufile::MenuView {
  private:
   // The state of the appearance page, defined where its handlers are.
   struct AppearancePage;
+  struct DeleteAppearancePage {
+    void operator()(AppearancePage* page) const;
+  };
 
   void OnCommand(int id, UINT event) override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
@@ -136,7 +138,6 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void OnArranged() override;
 
   bool ConfirmUpgrade() override;
-  void ShowAppearance(const menufile::AppearanceRecord& appearance) override;
   void AppendItem(std::size_t row, const menufile::MenuItemRecord& item) override;
   // wizard/drop.cc
   void AddDropped(const std::vector<std::string>& paths);
@@ -157,7 +158,10 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void SwitchContents(Page page, int button);
 
   // icons/appearance_page.cc
+  void ShowAppearance(const menufile::AppearanceRecord& appearance) override;
+  bool OnMessage(UINT message, WPARAM wide, LPARAM data, LRESULT& result) override;
   void CreateAppearancePage();
+  void ShowSampleFont();
   const win32::PictureBox& AppearancePicture() const;
 
   void SelectTab(int tab);
@@ -165,7 +169,6 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void ShowContents(Page page);
   // In the size of the DPI.
   void ShowPictures();
-  void ShowSampleFont();
 
   menufile::MenuFile menu_;
   std::array<win32::UniqueIcon, 4> pictures_;  // of the pages
@@ -179,11 +182,7 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   // What the menu file has for the boxes of the directory page.
   win32::ShownBytes folderPath_;
   win32::ShownBytes filePattern_;
-  // Of the menu's text, shown by the sample, `Text3`.
-  win32::FontDescription menuFont_{L"MS Sans Serif", 8.25, false, false};
-  win32::ShownBytes fontName_;  // of the menu file
-  win32::UniqueFont sampleFont_;
-  std::shared_ptr<AppearancePage> appearancePage_;
+  std::unique_ptr<AppearancePage, DeleteAppearancePage> appearancePage_;
   std::unique_ptr<win32::Form> child_;
 };
 

@@ -25,10 +25,10 @@ int ItemList::Selected() const { return static_cast<int>(SendMessageW(list_, LB_
 void ItemList::Select(int row) { SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(row), 0); }
 
 void ItemList::SetIcon(int row, HICON icon) {
-  std::string& text = Hidden(row).text;
+  HiddenRow& hidden = Hidden(row);
   icons_.Hold(icon);
-  icons_.Release(IconOfText(text));
-  text = IconText(icon);
+  icons_.Release(std::exchange(hidden.held, icon));
+  hidden.text = IconText(icon);
 }
 
 void ItemList::Append(const std::string& caption, const std::string& target) {
@@ -64,7 +64,7 @@ void ItemList::ExchangeWithNext(int row) {
 }
 
 void ItemList::Remove(int row) {
-  icons_.Release(IconOfText(Hidden(row).text));
+  icons_.Release(std::exchange(Hidden(row).held, nullptr));
   if (hidden_.size() > 1) {
     hidden_.erase(hidden_.begin() + row);
   }
@@ -73,6 +73,9 @@ void ItemList::Remove(int row) {
 }
 
 void ItemList::Clear() {
+  for (std::size_t row = 1; row < hidden_.size(); ++row) {
+    icons_.ReleaseLater(hidden_[row].held);
+  }
   hidden_.resize(1);
   SendMessageW(list_, LB_RESETCONTENT, 0, 0);
   SetTextWidth(0);
@@ -86,12 +89,12 @@ void ItemList::ScrollTo(int topRow) {
 
 void ItemList::BeginFilling() {
   SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
-  icons_.Forget();
   extracted_ = nullptr;
   ruler_.emplace(list_);
 }
 
 void ItemList::EndFilling() {
+  DestroyUnusedIcons();
   ruler_.reset();
   SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
   InvalidateRect(list_, nullptr, TRUE);
@@ -104,11 +107,8 @@ void ItemList::AppendItem(int row, const menufile::MenuItemRecord& item) {
   if (item.iconFile.IsEmpty() && item.iconIndex.Number() <= 0) {
     return;
   }
-  // On a failure the handle of the last success stays.
   const std::string file = item.iconFile.IsEmpty() ? target : item.iconFile.Text();
-  if (const HICON icon = icons_.Extract(file, index)) {
-    extracted_ = icon;
-  }
+  extracted_ = icons_.Extract(file, index, extracted_);
   SetIcon(row, extracted_);
 }
 
@@ -118,6 +118,7 @@ void ItemList::AppendRow(int row, const std::string& caption, const std::string&
   if (row > 0) {
     hidden_.resize(static_cast<std::size_t>(row) + 1);
   }
+  icons_.ReleaseLater(Hidden(row).held);
   Hidden(row) = {IconText(nullptr), target};
   InsertRow(row, caption.empty() ? std::wstring(SeparatorText) : win32::ToText(caption));
 }

@@ -23,11 +23,11 @@ inline constexpr std::wstring_view SeparatorText =
 //
 // `text` is the entry's large icon as a number in decimal, "0" when it has none
 // of its own; ItemList::SetIcon() changes it. A row whose icon could not be
-// extracted holds the icon of the row above it. Icons of rows that go in a
-// reload or a switch of the menu type live as long as the process.
+// extracted holds the last one that was, of a row above it.
 struct HiddenRow {
   std::string text;
-  std::string tag;  // the entry's target, in the bytes of the file
+  std::string tag;       // the entry's target, in the bytes of the file
+  HICON held = nullptr;  // that of `text`, but for what Remove() leaves in row 0
 };
 
 std::string IconText(HICON icon);
@@ -71,7 +71,11 @@ class ItemList {
   void Remove(int row);
 
   // Removes all rows, and all hidden rows but the first, which stays as it is.
+  // Their icons stay for the entries that the list is filled with next.
   void Clear();
+  // Destroys those icons, for a list that is not filled again. Filling the list
+  // does the same at its end with what no row names any more.
+  void DestroyUnusedIcons() { icons_.DestroyUnheld(); }
 
   // The row at the top of what the list shows.
   int TopRow() const;

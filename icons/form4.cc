@@ -2,41 +2,26 @@
 
 #include <cstddef>
 #include <exception>
-#include <stdexcept>
+#include <utility>
 
 #include "menufile/changes.h"
 #include "resources/resource.h"
 #include "win32/message_box.h"
 #include "win32/route.h"
-#include "win32/text.h"
 
 namespace icons {
+
 namespace {
 
-// Some window managers pass the focus around before the window that had a dialog
-// open has it again: for so many milliseconds that still belongs to the dialog.
-constexpr ULONGLONG kFocusSettles = 1000;
-
-}  // namespace
-
-bool Form4::OwnDialog::IsWhereFocusComesFrom() const {
-  return isOpen || GetTickCount64() - closedAt < kFocusSettles;
+// The user has gone to another program, and the focus is not just on its way.
+bool IsAnotherProgramInFront() {
+  const HWND front = GetForegroundWindow();
+  DWORD process = 0;
+  return front != nullptr && front != GetDesktopWindow() &&
+         GetWindowThreadProcessId(front, &process) != 0 && process != GetCurrentProcessId();
 }
 
-// One of them is open while this lives.
-class Form4::OwnDialogOpen {
- public:
-  explicit OwnDialogOpen(OwnDialog& dialog) : dialog_(dialog) { dialog_.isOpen = true; }
-  OwnDialogOpen(const OwnDialogOpen&) = delete;
-  OwnDialogOpen& operator=(const OwnDialogOpen&) = delete;
-  ~OwnDialogOpen() {
-    dialog_.isOpen = false;
-    dialog_.closedAt = GetTickCount64();
-  }
-
- private:
-  OwnDialog& dialog_;
-};
+}  // namespace
 
 Form4::Form4(editor::Form2& editor) : Form(kForm4Plan, editor.window()), editor_(editor) {
   browser_.Attach(Control(IDC_FORM4_PICTURE1), Control(IDC_FORM4_HSCROLL1),
@@ -52,30 +37,41 @@ void Form4::OnCommand(int id, UINT event) {
       {IDC_FORM4_COMMAND3, BN_CLICKED, &Form4::OnClose},
       {IDCANCEL, BN_CLICKED, &Form4::OnClose},  // the Esc key
   };
+  isAfterDialog_ = false;
   win32::Follow<Form4>(kRoutes, *this, id, event);
 }
 
 void Form4::OnDrawItem(const DRAWITEMSTRUCT& item) { browser_.picture().Paint(item); }
 
+// The window has one scroll bar: the wheel turns it wherever the pointer is.
+bool Form4::OnMessage(UINT message, WPARAM wide, LPARAM, LRESULT&) {
+  if (message != WM_MOUSEWHEEL) {
+    return false;
+  }
+  browser_.TurnByWheel(wide);
+  return true;
+}
+
 // Begins with the entry's own icon, each time: also when the user comes back
 // from another program.
 void Form4::OnActivate(bool active) {
-  if (!active || ownDialog_.IsWhereFocusComesFrom()) {
+  if (!active) {
+    isAfterDialog_ = isAfterDialog_ && !IsAnotherProgramInFront();
     return;
   }
-  browser_.SetSource(item_.source);
+  if (isAfterDialog_) {
+    return;
+  }
+  browser_.SetSource(item_.source, item_.index);
   if (item_.source.empty()) {
     return;
   }
-  int count = 0;
-  try {
-    count = browser_.CountIcons();
-  } catch (const std::overflow_error& tooMany) {
-    ShowError(win32::ToText(tooMany.what()));
+  const IconBrowser::IconCount count = browser_.CountIcons();
+  if (!count.isAll && !std::exchange(hasToldTooMany_, true)) {
+    ShowError(browser_.TooManyIcons());
   }
-  if (count > 0) {
-    const bool exists = item_.index >= 0 && item_.index < count;
-    browser_.ShowIcons(count, exists ? item_.index : 0);
+  if (count.icons > 0) {
+    browser_.ShowIcons(count.icons, item_.index < count.icons ? item_.index : 0);
   }
 }
 
@@ -83,7 +79,7 @@ void Form4::OnActivate(bool active) {
 void Form4::OnClose() { editor_.CloseChild(); }
 
 void Form4::SelectIconSourceFile() {
-  const OwnDialogOpen open(ownDialog_);
+  isAfterDialog_ = true;
   browser_.SelectIconSourceFile(window());
 }
 
@@ -109,7 +105,7 @@ void Form4::ApplyItemIcon() {
 }
 
 void Form4::ShowError(const std::wstring& text) {
-  const OwnDialogOpen open(ownDialog_);
+  isAfterDialog_ = true;
   // The first activation comes with being shown, before that was done.
   EnableWindow(editor_.window(), FALSE);
   win32::ShowError(window(), text);

@@ -30,30 +30,25 @@ class Form4 final : public win32::Form {
   void HandOver(ItemIcon item) { item_ = std::move(item); }
 
  private:
-  // The dialogs and message boxes of this window. Coming back from one is not
-  // what activates it.
-  struct OwnDialog {
-    bool isOpen = false;
-    ULONGLONG closedAt = 0;  // by GetTickCount64()
-
-    bool IsWhereFocusComesFrom() const;
-  };
-  class OwnDialogOpen;
-
   void OnCommand(int id, UINT event) override;
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
+  bool OnMessage(UINT message, WPARAM wide, LPARAM data, LRESULT& result) override;
   void OnActivate(bool active) override;
   void OnClose() override;
 
-  void ShowIconAt() { browser_.ShowIconAt(); }
-  void SelectIconSourceFile();  // Command2
-  void ApplyItemIcon();         // Command1
+  void ShowIconAt() { browser_.ShowIconAtNewPosition(); }  // HScroll1
+  void SelectIconSourceFile();                             // Command2
+  void ApplyItemIcon();                                    // Command1
   void ShowError(const std::wstring& text);
 
   editor::Form2& editor_;
   ItemIcon item_;
   IconBrowser browser_;
-  OwnDialog ownDialog_;
+  // A dialog or message box of this window is open, or nothing was done here since
+  // it closed: coming back from it is not what activates the window. Some window
+  // managers pass the focus around before the window has it again.
+  bool isAfterDialog_ = false;
+  bool hasToldTooMany_ = false;
 };
 
 // The plan of the window's controls (icons/form4_plan.cc).

@@ -2,17 +2,17 @@
 
 #include <shellapi.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <optional>
-#include <stdexcept>
 
 #include "win32/file_dialog.h"
-#include "win32/icon_file.h"
 #include "win32/message_box.h"
 #include "win32/text.h"
 #include "win32/wait_pointer.h"
 #include "win32/window_text.h"
+#include "win32/wine_icon_check.h"
 
 namespace icons {
 namespace {
@@ -26,10 +26,26 @@ constexpr int kMostIcons = std::numeric_limits<std::int16_t>::max();
 
 // None where the file has no icon of that index, or cannot be read.
 win32::UniqueIcon ExtractIconOf(const std::string& path, int index) {
+  if (!win32::MayExtractIcon(path, index)) {
+    return {};
+  }
   const HICON icon =
       ExtractIconA(GetModuleHandleW(nullptr), path.c_str(), static_cast<UINT>(index));
   // 1 is no handle either: it says that the file is of no kind that holds icons.
   return win32::UniqueIcon(reinterpret_cast<std::uintptr_t>(icon) > 1 ? icon : nullptr);
+}
+
+// The one of minus a resource's number. ExtractIconA() takes -1 for the question
+// how many icons there are.
+win32::UniqueIcon ExtractResource(const std::string& path, int index) {
+  const std::wstring file = win32::ToText(path);
+  HICON icon = nullptr;
+  UINT id = 0;
+  const UINT count = file.size() < MAX_PATH && win32::MayExtractIcon(path, index)
+                         ? PrivateExtractIconsW(file.c_str(), index, GetSystemMetrics(SM_CXICON),
+                                                GetSystemMetrics(SM_CYICON), &icon, &id, 1, 0)
+                         : 0;
+  return win32::UniqueIcon(count == 1 ? icon : nullptr);
 }
 
 }  // namespace
@@ -42,31 +58,38 @@ void IconBrowser::Attach(HWND pictureBox, HWND scrollBar, HWND countLabel) {
   picture_.Attach(pictureBox);
   scrollBar_ = scrollBar;
   countLabel_ = countLabel;
+  win32::TurnByWheelOver(scrollBar, scrollBar);
+  win32::TurnByWheelOver(pictureBox, scrollBar);
+}
+
+int IconBrowser::Position() const {
+  return static_cast<int>(SendMessageW(scrollBar_, SBM_GETPOS, 0, 0));
 }
 
 int IconBrowser::Index() const {
-  return static_cast<int>(SendMessageW(scrollBar_, SBM_GETPOS, 0, 0));
+  const int position = Position();
+  return position == std::max(index_, 0) ? index_ : position;
 }
 
 // Windows could be asked for the number; what is counted here is what can
 // really be shown.
-int IconBrowser::CountIcons() {
+IconBrowser::IconCount IconBrowser::CountIcons() {
   const win32::WaitPointer wait;
   current_.reset();
-  if (!win32::IsSoundIconFile(source_)) {
-    return 0;
-  }
   for (int count = 0;; ++count) {
     current_ = ExtractIconOf(source_, count);
     if (!current_) {
-      return count;
+      return {count, true};
     }
     current_.reset();
     if (count == kMostIcons) {
-      throw std::overflow_error("More than " + std::to_string(kMostIcons) + " icons are in:\n" +
-                                source_);
+      return {kMostIcons, false};
     }
   }
+}
+
+std::wstring IconBrowser::TooManyIcons() const {
+  return L"More than " + std::to_wstring(kMostIcons) + L" icons are in:\n" + win32::ToText(source_);
 }
 
 void IconBrowser::ShowIcons(int count, int index) {
@@ -76,19 +99,33 @@ void IconBrowser::ShowIcons(int count, int index) {
   info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
   info.nMax = count == 0 ? 0 : count - 1;
   info.nPage = 1;
-  info.nPos = index;
+  info.nPos = std::max(index, 0);
   SendMessageW(scrollBar_, SBM_SETSCROLLINFO, TRUE, reinterpret_cast<LPARAM>(&info));
   EnableWindow(scrollBar_, TRUE);
   ShowIconAt();
+  if (index < 0) {
+    index_ = index;
+    if (win32::UniqueIcon icon = ExtractResource(source_, index)) {
+      current_ = std::move(icon);
+      picture_.Clear();
+      picture_.Draw(current_.get());
+    }
+  }
 }
 
 void IconBrowser::ShowIconAt() {
   current_.reset();
   picture_.Clear();
-  if (win32::IsSoundIconFile(source_)) {
-    current_ = ExtractIconOf(source_, Index());
-  }
+  index_ = Position();
+  current_ = ExtractIconOf(source_, index_);
   picture_.Draw(current_.get());
+}
+
+// Each step of the bar is reported twice: that it moved, and that moving ended.
+void IconBrowser::ShowIconAtNewPosition() {
+  if (Index() != index_) {
+    ShowIconAt();
+  }
 }
 
 void IconBrowser::SelectIconSourceFile(HWND owner) {
@@ -110,16 +147,13 @@ void IconBrowser::SelectIconSourceFile(HWND owner) {
   }
   SetSource(*std::move(path));
   current_.reset();
-  int count = 0;
-  try {
-    count = CountIcons();
-    if (count == 0) {
-      win32::ShowError(owner, L"No Icons found in this file!");
-    }
-  } catch (const std::overflow_error& tooMany) {
-    win32::ShowError(owner, win32::ToText(tooMany.what()));
+  const IconCount count = CountIcons();
+  if (count.icons == 0) {
+    win32::ShowError(owner, L"No Icons found in this file!");
+  } else if (!count.isAll) {
+    win32::ShowError(owner, TooManyIcons());
   }
-  ShowIcons(count, 0);
+  ShowIcons(count.icons, 0);
 }
 
 void IconBrowser::ShowPreviewOnDesktopColour() {

@@ -3,10 +3,12 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
 #include "win32/handles.h"
+#include "win32/mouse_wheel.h"
 #include "win32/picture_box.h"
 
 namespace icons {
@@ -35,23 +37,42 @@ class IconBrowser {
 
   // The file whose icons are shown: an icon file, a program or a library.
   const std::string& source() const { return source_; }
-  void SetSource(std::string path) { source_ = std::move(path); }
+  // `index` is that of an icon to be shown, which counts if it is negative.
+  void SetSource(std::string path, int index = 0) {
+    source_ = std::move(path);
+    index_ = std::min(index, 0);
+  }
 
   win32::PictureBox& picture() { return picture_; }
   HICON current() const { return current_.get(); }
-  int Index() const;  // the position of the scroll bar
+  // The index of the chosen icon: the position of the scroll bar, or minus
+  // the number of a resource until the bar is moved.
+  int Index() const;
 
+  // How many icons the source has. A source that cannot be read has none.
+  struct IconCount {
+    int icons = 0;
+    bool isAll = true;  // false when there are more than an index of 16 bits can count
+  };
   // Extracts one icon of the source after the other until there is none, which
-  // leaves no current icon. A source that cannot be read has none. Throws
-  // std::overflow_error when there are more than an index of 16 bits can count.
-  int CountIcons();
+  // leaves no current icon.
+  IconCount CountIcons();
+  // What the user is told of too many.
+  std::wstring TooManyIcons() const;
 
-  // Shows that many icons, enables the scroll bar and moves it to `index`.
+  // Shows that many icons, enables the scroll bar and moves it to `index`. A
+  // negative one is minus the number of a resource, which has no position: its
+  // icon is shown, or else the first one, at the start of the bar.
   void ShowIcons(int count, int index);
 
   // Shows the icon at the position of the scroll bar, or nothing when there is
   // none.
   void ShowIconAt();
+  // The same where that is not the one that is shown.
+  void ShowIconAtNewPosition();
+
+  // Turns the scroll bar by a WM_MOUSEWHEEL that came to the window.
+  void TurnByWheel(WPARAM wide) { win32::TurnScrollBar(scrollBar_, wide); }
 
   // Lets the user choose another source and shows its first icon. One without
   // icons becomes the source, too, after a message.
@@ -65,11 +86,14 @@ class IconBrowser {
   win32::UniqueIcon TakeIcon() { return std::move(current_); }
 
  private:
+  int Position() const;
+
   win32::PictureBox picture_;
   HWND scrollBar_ = nullptr;
   HWND countLabel_ = nullptr;
   std::string source_;
   win32::UniqueIcon current_;
+  int index_ = 0;  // of current_
 };
 
 }  // namespace icons

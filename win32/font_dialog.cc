@@ -4,7 +4,9 @@
 #include <commdlg.h>
 #include <dlgs.h>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "win32/dialog_library.h"
 #include "win32/handles.h"
@@ -13,34 +15,35 @@
 namespace win32 {
 namespace {
 
-// One of the dialog's combo boxes, and whether the user has changed it.
-struct Box {
-  int id;
-  std::wstring first = {};  // what it said at first
-  bool changed = false;
-
-  HWND In(HWND dialog) const { return GetDlgItem(dialog, id); }
-};
+constexpr int kFace = cmb1;
+constexpr int kBoxes[] = {kFace, cmb2 /* style */, cmb3 /* size */};
 
 struct FontDialog {
   const wchar_t* title = nullptr;
-  Box face{cmb1};
-  Box style{cmb2};
-  Box size{cmb3};
-  int depth = 0;  // of notifications within notifications
+  std::wstring texts = {};  // of its boxes, at first
+  bool isTouched = false;   // the user has changed one of them
+  bool showsFace = false;   // when OK was pressed
+  int depth = 0;            // of notifications within notifications
 
   void Notice(HWND dialog, int id, WORD event);
 };
 
+std::wstring TextsOf(HWND dialog) {
+  std::wstring texts;
+  for (const int box : kBoxes) {
+    texts += WindowText(GetDlgItem(dialog, box)) + L'\n';
+  }
+  return texts;
+}
+
 // The dialog fills its boxes anew when another face is selected and reports that
 // as if the user had done it, but while it deals with the report of the face.
 void FontDialog::Notice(HWND dialog, int id, WORD event) {
-  for (Box* box : {&face, &style, &size}) {
-    if (id == box->id) {
-      box->changed |= depth == 0 && (event == CBN_SELCHANGE || event == CBN_EDITCHANGE);
-    } else if (id == IDOK) {
-      box->changed |= WindowText(box->In(dialog)) != box->first;
-    }
+  const bool isBox = std::find(std::begin(kBoxes), std::end(kBoxes), id) != std::end(kBoxes);
+  isTouched |= isBox && depth == 0 && (event == CBN_SELCHANGE || event == CBN_EDITCHANGE);
+  if (id == IDOK) {
+    isTouched |= TextsOf(dialog) != texts;
+    showsFace = !WindowText(GetDlgItem(dialog, kFace)).empty();
   }
 }
 
@@ -66,9 +69,7 @@ UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM, LPARAM data) {
     const LPARAM given = reinterpret_cast<const CHOOSEFONTW*>(data)->lCustData;
     auto* const state = reinterpret_cast<FontDialog*>(given);
     SetWindowTextW(dialog, state->title);
-    for (Box* box : {&state->face, &state->style, &state->size}) {
-      box->first = WindowText(box->In(dialog));
-    }
+    state->texts = TextsOf(dialog);
     SetWindowSubclass(dialog, DialogProcedure, 0, static_cast<DWORD_PTR>(given));
   }
   return 0;
@@ -76,16 +77,23 @@ UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM, LPARAM data) {
 
 }  // namespace
 
+LOGFONTW FontDescription::InPixels(int dpi) const {
+  constexpr double kMostPoints = 1000;
+  constexpr int kPointsPerInch = 72;
+  LOGFONTW font{};
+  font.lfHeight = -std::lround(std::clamp(points, 0.0, kMostPoints) * dpi / kPointsPerInch);
+  font.lfWeight = bold ? FW_BOLD : FW_NORMAL;
+  font.lfItalic = italic;
+  font.lfCharSet = DEFAULT_CHARSET;
+  // A longer name is none that a font could have.
+  name.copy(font.lfFaceName, LF_FACESIZE - 1);
+  return font;
+}
+
 void ChooseScreenFont(HWND owner, const wchar_t* title, FontDescription& font) {
   FontDialog state{title};
-  LOGFONTW face{};
   // The dialog reckons with the DPI of the screen as a whole.
-  const int dpi = GetDeviceCaps(WindowDc(nullptr).get(), LOGPIXELSY);
-  face.lfHeight = -std::lround(font.points * dpi / 72);
-  face.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
-  face.lfItalic = font.italic;
-  face.lfCharSet = DEFAULT_CHARSET;
-  font.name.copy(face.lfFaceName, LF_FACESIZE - 1);
+  LOGFONTW face = font.InPixels(GetDeviceCaps(WindowDc(nullptr).get(), LOGPIXELSY));
   CHOOSEFONTW dialog{};
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = owner;
@@ -93,20 +101,16 @@ void ChooseScreenFont(HWND owner, const wchar_t* title, FontDescription& font) {
   dialog.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_ENABLEHOOK;
   dialog.lCustData = reinterpret_cast<LPARAM>(&state);
   dialog.lpfnHook = Hook;
-  if (!DialogFunction<decltype(ChooseFontW)>("ChooseFontW")(&dialog)) {
+  if (!DialogFunction<decltype(ChooseFontW)>("ChooseFontW")(&dialog) || !state.isTouched) {
     return;
   }
-  if (state.face.changed) {
+  constexpr double kTenthsOfAPoint = 10;
+  if (state.showsFace) {
     font.name = face.lfFaceName;
   }
-  if (state.size.changed) {
-    constexpr double kTenthsOfAPoint = 10;
-    font.points = dialog.iPointSize / kTenthsOfAPoint;
-  }
-  if (state.style.changed) {
-    font.bold = face.lfWeight >= FW_SEMIBOLD;
-    font.italic = face.lfItalic != FALSE;
-  }
+  font.points = dialog.iPointSize / kTenthsOfAPoint;
+  font.bold = face.lfWeight >= FW_SEMIBOLD;
+  font.italic = face.lfItalic != FALSE;
 }
 
 }  // namespace win32

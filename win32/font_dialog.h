@@ -13,12 +13,17 @@ struct FontDescription {
   double points = 0;
   bool bold = false;
   bool italic = false;
+
+  // As Windows wants it, with the height in pixels of that DPI. The size may be
+  // any number; what is drawn has at most 1000 points.
+  LOGFONTW InPixels(int dpi) const;
 };
 
 // Lets the user choose a screen font in the standard dialog, which starts with
-// `font`. What the user does not touch stays as it was, also where the dialog
-// cannot show it: a size between two whole points, a face that this machine
-// does not have. After a cancel nothing has changed.
+// `font`. Once the user has touched any of its boxes and pressed OK, `font` is
+// what the dialog shows, also where that is not what it started with: a size that
+// it rounded. A face that this machine lacks stays until another is chosen. When
+// nothing was touched, and after a cancel, nothing has changed.
 void ChooseScreenFont(HWND owner, const wchar_t* title, FontDescription& font);
 
 }  // namespace win32

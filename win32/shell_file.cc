@@ -1,6 +1,7 @@
 #include "win32/shell_file.h"
 
 #include <shellapi.h>
+#include <shlobj.h>
 
 #include <cstring>
 
@@ -49,6 +50,15 @@ std::string LastPartOf(const std::string& path) {
     text.pop_back();
   }
   return ToBytes(text.substr(text.rfind(L'\\') + 1)).value_or(path);
+}
+
+void TellShellOfChange(const std::string& path) {
+  const std::wstring text = ToText(path);
+  // The shell wants all of a path.
+  std::wstring full(GetFullPathNameW(text.c_str(), 0, nullptr, nullptr), L'\0');
+  full.resize(
+      GetFullPathNameW(text.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  SHChangeNotify(SHCNE_UPDATEITEM, SHCNF_PATHW, full.c_str(), nullptr);
 }
 
 }  // namespace win32

@@ -31,6 +31,9 @@ std::string ShellNameOf(const std::string& path);
 // What follows the last backslash of a path, but for one at the end: "C:" of "C:\".
 std::string LastPartOf(const std::string& path);
 
+// Tells the shell that a file has another icon now.
+void TellShellOfChange(const std::string& path);
+
 }  // namespace win32
 
 #endif  // CORVALIS_WIN32_SHELL_FILE_H_
