@@ -140,6 +140,7 @@ std::optional<menufile::MenuEntry> Form2::ReadEntry(int row) {
 
 void Form2::ReadAgain() {
   items_.Clear();
+  items_.SetIcon(0, nullptr);
   items_.Hidden(0) = {};
   iconic1_.Clear();
   ShowContents(kItemPage);

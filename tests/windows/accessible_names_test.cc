@@ -6,23 +6,18 @@
 #include <string>
 #include <vector>
 
+#include "tests/windows/counted_object.h"
 #include "tests/windows/window_tour.h"
 
 namespace {
 
 // What Windows keeps of names that a program gives to its controls. Wine has
 // nothing for it, so that the tests bring this along.
-class KeptNames final : public IAccPropServices {
+class KeptNames final : public CountedObject<IAccPropServices> {
  public:
-  std::map<HWND, std::wstring> names;
+  KeptNames() : CountedObject(IID_IAccPropServices) {}
 
-  HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
-    const bool isKnown = id == IID_IUnknown || id == IID_IAccPropServices;
-    *object = isKnown ? this : nullptr;
-    return isKnown ? S_OK : E_NOINTERFACE;
-  }
-  ULONG WINAPI AddRef() override { return 2; }
-  ULONG WINAPI Release() override { return 1; }
+  std::map<HWND, std::wstring> names;
 
   HRESULT WINAPI SetHwndPropStr(HWND window, DWORD object, DWORD child, MSAAPROPID property,
                                 LPCWSTR text) override {
@@ -83,24 +78,15 @@ class KeptNames final : public IAccPropServices {
 };
 
 // Makes COM give that one out while this lives.
-class KeptNamesFactory final : public IClassFactory {
+class KeptNamesFactory final : public CountedObject<IClassFactory> {
  public:
-  explicit KeptNamesFactory(KeptNames& names) : names_(names) {
+  explicit KeptNamesFactory(KeptNames& names) : CountedObject(IID_IClassFactory), names_(names) {
     EXPECT_EQ(CoRegisterClassObject(CLSID_AccPropServices, this, CLSCTX_INPROC_SERVER,
                                     REGCLS_MULTIPLEUSE, &cookie_),
               S_OK);
   }
-  KeptNamesFactory(const KeptNamesFactory&) = delete;
-  KeptNamesFactory& operator=(const KeptNamesFactory&) = delete;
-  ~KeptNamesFactory() { CoRevokeClassObject(cookie_); }
+  ~KeptNamesFactory() override { CoRevokeClassObject(cookie_); }
 
-  HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
-    const bool isKnown = id == IID_IUnknown || id == IID_IClassFactory;
-    *object = isKnown ? this : nullptr;
-    return isKnown ? S_OK : E_NOINTERFACE;
-  }
-  ULONG WINAPI AddRef() override { return 2; }
-  ULONG WINAPI Release() override { return 1; }
   HRESULT WINAPI CreateInstance(IUnknown*, REFIID id, void** object) override {
     return names_.QueryInterface(id, object);
   }
@@ -245,6 +231,7 @@ TEST_F(AccessibleNamesTest, NamesGoWithTheirWindow) {
   EXPECT_EQ(kept.names.size(), own);
   SendMessageA(form().window(), WM_CLOSE, 0, 0);
   EXPECT_TRUE(kept.names.empty());
+  EXPECT_EQ(kept.references(), 1U);
   MSG message;
   EXPECT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }

@@ -1,7 +1,13 @@
+#include <windows.h>
+
+#include <shellapi.h>
+
 #include <algorithm>
 
 #include "tests/windows/folder_list_test_base.h"
+#include "tests/windows/replaced_import.h"
 #include "win32/scale.h"
+#include "win32/text.h"
 
 namespace {
 
@@ -57,6 +63,33 @@ TEST_F(FolderListDrawingTest, DrawsEachFolderAStepFurtherIn) {
     former = drawn.firstInk;
   }
   EXPECT_EQ(DrawnRow(folders, list_, current + 2, 0).firstInk, former);
+}
+
+TEST_F(FolderListDrawingTest, FoldersDownToTheCurrentOneAreOpenAndThoseInItClosed) {
+  static HICON open, closed, drawn;
+  open = CopyIcon(LoadIconW(nullptr, reinterpret_cast<const wchar_t*>(32512)));
+  closed = CopyIcon(LoadIconW(nullptr, reinterpret_cast<const wchar_t*>(32513)));
+  const ReplacedImport info(
+      "SHGetFileInfoW",
+      +[](const wchar_t*, DWORD, SHFILEINFOW* file, UINT, UINT flags) -> DWORD_PTR {
+        file->hIcon = (flags & SHGFI_OPENICON) != 0 ? open : closed;
+        return 1;
+      });
+  const ReplacedImport draw(
+      "DrawIconEx", +[](HDC, int, int, HICON icon, int, int, UINT, HBRUSH, UINT) -> BOOL {
+        drawn = icon;
+        return TRUE;
+      });
+  Make("closed");
+  win32::FolderList list;  // owns the icons
+  list.Attach(list_);
+  list.Start();
+  ASSERT_TRUE(list.SetPath(win32::ToText(folder())));
+  const int current = Selected();
+  for (int row = 0; row <= current + 1; ++row) {
+    DrawnRow(list, list_, row, 0);
+    EXPECT_EQ(drawn, row <= current ? open : closed) << row;
+  }
 }
 
 TEST_F(FolderListDrawingTest, DrawsTheSelectedRowInTheColoursOfASelection) {

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "tests/windows/form2_test_base.h"
+#include "tests/windows/replaced_import.h"
 
 using testing_menus::DirectoryMenu;
 using testing_menus::ItemLine;
@@ -98,6 +99,70 @@ TEST_F(KeyboardTest, SpaceAndEnterClickTheMenusIcon) {
     EXPECT_EQ(static_cast<BYTE>(after[55]), GetGValue(desktop));
     EXPECT_EQ(static_cast<BYTE>(after[56]), GetRValue(desktop));
   }
+}
+
+TEST_F(KeyboardTest, AKeyThatIsHeldDownClicksTheMenusIconOnce) {
+  static int clicks = 0;
+  OpenShown(UserDefinedMenu({}));
+  SelectTab(1);
+  const HWND box = Control(IDC_FORM2_PICTURE1);
+  SetWindowSubclass(
+      form().window(),
+      [](HWND window, UINT message, WPARAM wide, LPARAM data, UINT_PTR, DWORD_PTR) -> LRESULT {
+        clicks += message == WM_COMMAND && wide == MAKEWPARAM(IDC_FORM2_PICTURE1, STN_CLICKED);
+        return DefSubclassProc(window, message, wide, data);
+      },
+      0, 0);
+  constexpr LPARAM kRepeated = 1 << 30;
+  for (const WPARAM key : {VK_SPACE, VK_RETURN}) {
+    clicks = 0;
+    SendMessageW(box, WM_KEYDOWN, key, 1);
+    SendMessageW(box, WM_KEYDOWN, key, 1 | kRepeated);
+    SendMessageW(box, WM_KEYDOWN, key, 1 | kRepeated);
+    EXPECT_EQ(clicks, 1) << key;
+  }
+}
+
+TEST_F(KeyboardTest, TheMenusIconShowsThatItHasTheFocusOnceKeysAreUsed) {
+  OpenShown(UserDefinedMenu({}));
+  SelectTab(1);
+  const HWND box = Control(IDC_FORM2_PICTURE1);
+  // What the box draws over what it shows: the frame of the focus, or nothing.
+  const auto frames = [&] {
+    static int drawn = 0;
+    drawn = 0;
+    const ReplacedImport focus(
+        "DrawFocusRect", +[](HDC, const RECT* frame) -> BOOL {
+          EXPECT_EQ(frame->left, 0);
+          EXPECT_EQ(frame->right, win32::PictureBox::Size().cx);
+          ++drawn;
+          return TRUE;
+        });
+    const win32::WindowDc dc(box);
+    DRAWITEMSTRUCT item{};
+    item.CtlID = IDC_FORM2_PICTURE1;
+    item.hwndItem = box;
+    item.hDC = dc.get();
+    GetClientRect(box, &item.rcItem);
+    SendMessageW(form().window(), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+    return drawn;
+  };
+  // Until a key leads somewhere, Windows hides where the focus is; Wine never does.
+  static bool hides;
+  SetWindowSubclass(
+      box,
+      [](HWND window, UINT message, WPARAM wide, LPARAM data, UINT_PTR, DWORD_PTR) -> LRESULT {
+        return message == WM_QUERYUISTATE ? (hides ? UISF_HIDEFOCUS : 0)
+                                          : DefSubclassProc(window, message, wide, data);
+      },
+      9, 0);
+  SetFocus(box);
+  hides = true;
+  EXPECT_EQ(frames(), 0);
+  hides = false;
+  EXPECT_EQ(frames(), 1);
+  SetFocus(Control(IDC_FORM2_COMMAND12));
+  EXPECT_EQ(frames(), 0);
 }
 
 TEST_F(KeyboardTest, TabGoesThroughTheAboutPage) {

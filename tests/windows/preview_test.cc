@@ -121,6 +121,26 @@ TEST_F(PreviewTest, ShowsTheShellsIconOfATargetWithoutOne) {
   EXPECT_NE(Shown(), folder);
 }
 
+TEST_F(PreviewTest, IsClearedByASwitchOfTheMenuType) {
+  ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Folder", "C:\\windows")})));
+  const std::string clear = form().iconic1().BitmapFile();
+  SelectRow(0);
+  ASSERT_NE(form().iconic1().BitmapFile(), clear);
+  answers.Answer({IDYES});
+  Press(IDC_FORM2_COMMAND13);
+  EXPECT_EQ(form().iconic1().BitmapFile(), clear);
+}
+
+TEST_F(PreviewTest, IsDrawnAnewOnTheColoursThatTheUserChooses) {
+  ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Folder", "C:\\windows")})));
+  SelectRow(0);
+  const Pixels before = Shown();
+  form().iconic1().Draw(LoadIconW(nullptr, reinterpret_cast<const wchar_t*>(32513)));
+  ASSERT_NE(Shown(), before);
+  SendMessageW(form().window(), WM_SYSCOLORCHANGE, 0, 0);
+  EXPECT_EQ(Shown(), before);
+}
+
 TEST_F(PreviewTest, AsksTheShellAboutAnEmptyPathForASeparator) {
   ASSERT_TRUE(Open(UserDefinedMenu({kSeparatorLine, ItemLine("Folder", "C:\\windows")})));
   SelectRow(1);

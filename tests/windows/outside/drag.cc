@@ -2,6 +2,7 @@
 
 #include <atomic>
 
+#include "tests/windows/counted_object.h"
 #include "tests/windows/outside/program.h"
 
 namespace outside {
@@ -19,21 +20,9 @@ struct Source {
   std::atomic<bool> ended = false;
 };
 
-class DropSource final : public IDropSource {
+class DropSource final : public CountedObject<IDropSource> {
  public:
-  explicit DropSource(DragResult& result) : result_(result) {}
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (id != IID_IUnknown && id != IID_IDropSource) {
-      *object = nullptr;
-      return E_NOINTERFACE;
-    }
-    *object = static_cast<IDropSource*>(this);
-    return S_OK;
-  }
-  // It lives on the stack.
-  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+  explicit DropSource(DragResult& result) : CountedObject(IID_IDropSource), result_(result) {}
 
   HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL escape, DWORD keys) override {
     if (escape) {

@@ -1,0 +1,118 @@
+#include <windows.h>
+
+#include <commctrl.h>
+#include <dlgs.h>
+#include <shellapi.h>
+
+#include <string>
+
+#include "tests/windows/handle_count.h"
+#include "tests/windows/icon_test_base.h"
+
+using testing_menus::DirectoryMenu;
+using testing_menus::ItemLine;
+using testing_menus::UserDefinedMenu;
+
+// Whatever a user does over and over leaves no handles behind.
+class LeakTest : public IconTest {
+ protected:
+  void OpenMenu() {
+    std::vector<std::string> lines = {ItemLine("The shell's", one, "", "", "", "0")};
+    for (int index = 0; index < 12; ++index) {
+      lines.push_back(ItemLine("Own", one, "", "", twelve, std::to_string(index)));
+    }
+    ASSERT_TRUE(Open(UserDefinedMenu(lines)));
+  }
+  HWND bar() { return Control(IDC_FORM2_HSCROLL1); }
+  void ChangeIcon() {
+    SelectRow(5);
+    Press(IDC_FORM2_COMMAND11);
+  }
+};
+
+TEST_F(LeakTest, TheCountSeesASingleHandle) {
+  const HandleCount before = HandleCount::Now();
+  const win32::UniqueIcon icon(ExtractIconW(nullptr, L"shell32.dll", 3));
+  const win32::UniqueBitmap bitmap(CreateBitmap(8, 8, 1, 1, nullptr));
+  const win32::UniqueKernelHandle event(CreateEventW(nullptr, FALSE, FALSE, nullptr));
+  const HandleCount after = HandleCount::Now();
+  EXPECT_GT(after.user, before.user);
+  EXPECT_GT(after.gdi, before.gdi);
+  EXPECT_GT(after.kernel, before.kernel);
+}
+
+TEST_F(LeakTest, TheList) {
+  OpenMenu();
+  ExpectNoHandlesLeft("select", [&] { SelectRow(5); });
+  ExpectNoHandlesLeft("select one without an icon of its own", [&] { SelectRow(0); });
+  ExpectNoHandlesLeft("move", [&] {
+    SelectRow(3);
+    Press(IDC_FORM2_COMMAND4);
+  });
+  ExpectNoHandlesLeft("separator", [&] {
+    SelectRow(3);
+    Press(IDC_FORM2_COMMAND9);
+  });
+  ExpectNoHandlesLeft("delete", [&] {
+    SelectRow(0);
+    Press(IDC_FORM2_COMMAND7);
+  });
+  ExpectNoHandlesLeft("wizard", [&] {
+    Press(IDC_FORM2_COMMAND2);
+    HWND wizard = FindWindowW(L"Form3", nullptr);
+    ASSERT_NE(wizard, nullptr);
+    SendMessageW(wizard, WM_CLOSE, 0, 0);
+    RunMessages();
+  });
+}
+
+TEST_F(LeakTest, TheAppearancePage) {
+  OpenMenu();
+  SelectTab(1);
+  const auto choose = [&] {
+    ChooseInDialog(twelve);
+    Press(IDC_FORM2_COMMAND10);
+  };
+  // Each file dialog of Wine keeps a kernel handle.
+  ExpectNoHandlesLeft("choose a file", choose, HandleCount::kWithoutKernel);
+  int position = 0;
+  ExpectNoHandlesLeft("page",
+                      [&] { Scroll(bar(), SB_THUMBPOSITION, position = (position + 1) % 12); });
+  ExpectNoHandlesLeft("preview", [&] {
+    SendMessageW(form().window(), WM_COMMAND, MAKEWPARAM(IDC_FORM2_PICTURE1, STN_CLICKED), 0);
+  });
+  ExpectNoHandlesLeft("paint", [&] { Painted(IDC_FORM2_PICTURE1); });
+  ExpectNoHandlesLeft("save", [&] { Press(IDC_FORM2_COMMAND12); });
+  ExpectNoHandlesLeft("font", [&] {
+    answers.OnDialog([](HWND dialog) {
+      SetWindowTextW(GetDlgItem(dialog, cmb3), L"14");
+      PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+    Press(IDC_FORM2_COMMAND6);
+  });
+  ExpectNoHandlesLeft("colours", [&] { SendMessageW(form().window(), WM_SYSCOLORCHANGE, 0, 0); });
+}
+
+TEST_F(LeakTest, TheSelectIconWindow) {
+  OpenMenu();
+  ExpectNoHandlesLeft("OK", [&] {
+    ChangeIcon();
+    PressInForm4(IDC_FORM4_COMMAND1);
+  });
+  ChangeIcon();
+  ExpectNoHandlesLeft("activate", [&] { SendMessageW(Form4(), WM_ACTIVATE, WA_ACTIVE, 0); });
+}
+
+// With so many folders that Windows does not find them all at once.
+TEST_F(LeakTest, TheDirectoryPage) {
+  for (int number = 0; number < 400; ++number) {
+    CreateDirectoryA(PathOf("a folder with a long name, number " + std::to_string(number)).c_str(),
+                     nullptr);
+  }
+  ASSERT_TRUE(Open(DirectoryMenu("\"C:\\\",\"*.*\",1,0,0\r\n")));
+  ExpectNoHandlesLeft("folders", [&] {
+    Type(IDC_FORM2_TEXT7, "C:\\");
+    Type(IDC_FORM2_TEXT7, folder());
+  });
+  ExpectNoHandlesLeft("save", [&] { Press(IDC_FORM2_COMMAND15); });
+}

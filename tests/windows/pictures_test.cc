@@ -1,0 +1,134 @@
+#include <windows.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "tests/windows/form2_test_base.h"
+#include "win32/scaled_bitmap.h"
+#include "win32/text.h"
+
+using testing_menus::ItemLine;
+using testing_menus::UserDefinedMenu;
+
+namespace {
+
+using Pixels = std::vector<COLORREF>;
+
+// What is drawn into a bitmap of that size, row by row.
+template <typename Draw>
+Pixels Drawn(SIZE size, Draw draw) {
+  const win32::WindowDc screen(nullptr);
+  const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
+  const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), size.cx, size.cy));
+  const win32::SelectedObject selected(dc.get(), bitmap.get());
+  draw(dc.get());
+  Pixels pixels;
+  for (int y = 0; y < size.cy; ++y) {
+    for (int x = 0; x < size.cx; ++x) {
+      pixels.push_back(GetPixel(dc.get(), x, y));
+    }
+  }
+  return pixels;
+}
+
+SIZE SizeOf(HICON icon) {
+  ICONINFO info{};
+  GetIconInfo(icon, &info);
+  BITMAP bitmap{};
+  GetObjectW(info.hbmColor, sizeof bitmap, &bitmap);
+  DeleteObject(info.hbmColor);
+  DeleteObject(info.hbmMask);
+  return {bitmap.bmWidth, bitmap.bmHeight};
+}
+
+Pixels PixelsOf(HICON icon) {
+  const SIZE size = SizeOf(icon);
+  return Drawn(
+      size, [&](HDC dc) { DrawIconEx(dc, 0, 0, icon, size.cx, size.cy, 0, nullptr, DI_NORMAL); });
+}
+
+class PicturesTest : public Form2Test {
+ protected:
+  // The icon shows what an icon file of the project does, in its own size.
+  static void ExpectShows(HICON icon, const std::string& file) {
+    ASSERT_NE(icon, nullptr) << file;
+    const SIZE size = SizeOf(icon);
+    const std::string path = CORVALIS_PROJECT_FOLDER "/resources/" + file;
+    const win32::UniqueIcon expected(static_cast<HICON>(
+        LoadImageA(nullptr, path.c_str(), IMAGE_ICON, size.cx, size.cy, LR_LOADFROMFILE)));
+    ASSERT_TRUE(expected) << path;
+    EXPECT_EQ(PixelsOf(icon), PixelsOf(expected.get())) << file;
+  }
+
+  void ExpectPicture(int id, const std::string& file) {
+    ExpectShows(reinterpret_cast<HICON>(SendMessageW(Control(id), STM_GETICON, 0, 0)), file);
+  }
+
+  static void ExpectWindowIcon(HWND window, const std::string& file) {
+    auto icon = reinterpret_cast<HICON>(SendMessageW(window, WM_GETICON, ICON_BIG, 0));
+    if (icon == nullptr) {
+      icon = reinterpret_cast<HICON>(GetClassLongPtrW(window, GCLP_HICON));
+    }
+    ExpectShows(icon, file);
+  }
+};
+
+TEST_F(PicturesTest, EachPageHasItsPicture) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  ExpectPicture(IDC_FORM2_IMAGE4, "contents.ico");
+  ExpectPicture(IDC_FORM2_IMAGE5, "folder.ico");
+  ExpectPicture(IDC_FORM2_IMAGE3, "appearance.ico");
+  ExpectPicture(IDC_FORM2_IMAGE1, "default_menu.ico");
+}
+
+TEST_F(PicturesTest, EachWindowHasTheProgramsIcon) {
+  ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Entry", "C:\\windows\\notepad.exe")})));
+  ExpectWindowIcon(form().window(), "application.ico");
+  const auto child = [this](const wchar_t* name, int button) {
+    SelectRow(0);
+    Press(button);
+    const HWND window = FindWindowW(name, nullptr);
+    ASSERT_NE(window, nullptr) << win32::ToBytes(name).value();
+    ExpectWindowIcon(window, "application.ico");
+    SendMessageW(window, WM_CLOSE, 0, 0);
+    RunMessages();
+  };
+  child(L"Form3", IDC_FORM2_COMMAND3);
+  child(L"Form4", IDC_FORM2_COMMAND11);
+}
+
+// Half as large as it is, each pixel is near the mean of the four that it is of.
+TEST_F(PicturesTest, AScaledBitmapShowsAllOfThePicture) {
+  const win32::UniqueBitmap whole(static_cast<HBITMAP>(
+      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDB_WIZARD), IMAGE_BITMAP, 0, 0, 0)));
+  BITMAP info{};
+  GetObjectW(whole.get(), sizeof info, &info);
+  const SIZE size{info.bmWidth, info.bmHeight};
+  const SIZE half{size.cx / 2, size.cy / 2};
+  const auto pixels = [](HBITMAP bitmap, SIZE extent) {
+    return Drawn(extent, [&](HDC dc) {
+      const win32::UniqueMemoryDc from(CreateCompatibleDC(dc));
+      const win32::SelectedObject selected(from.get(), bitmap);
+      BitBlt(dc, 0, 0, extent.cx, extent.cy, from.get(), 0, 0, SRCCOPY);
+    });
+  };
+  const Pixels large = pixels(whole.get(), size);
+  const win32::UniqueBitmap scaled = win32::LoadScaledBitmap(IDB_WIZARD, half);
+  const Pixels small = pixels(scaled.get(), half);
+  const auto light = [](COLORREF c) { return GetRValue(c) + GetGValue(c) + GetBValue(c); };
+  int different = 0;
+  for (int y = 0; y < half.cy; ++y) {
+    for (int x = 0; x < half.cx; ++x) {
+      LONG sum = 0;
+      for (const LONG i : {0L, 1L, size.cx, size.cx + 1}) {
+        sum += light(large[static_cast<std::size_t>(2 * y * size.cx + 2 * x + i)]);
+      }
+      different +=
+          std::abs(sum / 4 - light(small[static_cast<std::size_t>(y * half.cx + x)])) > 120;
+    }
+  }
+  EXPECT_LT(different, half.cx * half.cy / 20);
+}
+
+}  // namespace
