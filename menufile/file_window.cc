@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "menufile/failure.h"
+
 namespace menufile {
 
 FileWindow::FileWindow(File& file, std::size_t blockSize, std::string_view head, std::uint64_t from)
@@ -32,11 +34,19 @@ bool FileWindow::ReadOn(std::size_t count) {
   if (wanted == 0) {
     return false;
   }
-  const std::size_t got = file_.Read(readTo_, {current_.bytes.get() + size_, wanted});
+  const std::size_t got = ReadToEnd(file_, readTo_, {current_.bytes.get() + size_, wanted});
   moreFollows_ = got == wanted;
   readTo_ += got;
   size_ += got;
   return got > 0;
+}
+
+std::size_t ReadToEnd(File& file, std::uint64_t offset, std::span<char> bytes) {
+  const std::size_t got = file.Read(offset, bytes);
+  if (got < bytes.size() && file.Size() > offset + got) {
+    throw Failure(file.FullName(), "read the file", "It gave less than it holds");
+  }
+  return got;
 }
 
 std::uint64_t AppendFile(File& from, File& to, std::size_t blockSize) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string_view>
 
 #include "menufile/file_system.h"
@@ -51,6 +52,10 @@ class FileWindow {
   std::uint64_t readTo_;
   bool moreFollows_ = true;
 };
+
+// Reads as File::Read() does, and throws Failure where fewer bytes came although the
+// file goes on: what is missing must not count as the end of a menu.
+std::size_t ReadToEnd(File& file, std::uint64_t offset, std::span<char> bytes);
 
 // Writes what `from` holds to the place where the next byte of `to` goes, and
 // returns the number of bytes.

@@ -47,7 +47,7 @@ std::uint64_t NumberAt(std::string_view bytes, std::size_t at) {
 
 std::string ReadPart(File& file, std::uint64_t offset, std::uint64_t size) {
   std::string bytes(static_cast<std::size_t>(size), '\0');
-  bytes.resize(file.Read(offset, bytes));
+  bytes.resize(ReadToEnd(file, offset, bytes));
   return bytes;
 }
 
@@ -165,8 +165,7 @@ std::uint64_t SumBefore(File& file, std::uint64_t offset) {
 }
 
 MenuState CompareMenu(File& menu, File& scratch, const Journal& journal, std::size_t blockSize) {
-  const bool keeps = journal.keptSize > 0;
-  if (keeps &&
+  if (journal.keptSize > 0 &&
       (menu.Size() < journal.keptSize || SumBefore(menu, journal.keptSize) != journal.keptSum)) {
     return MenuState::Replaced;
   }
@@ -174,7 +173,8 @@ MenuState CompareMenu(File& menu, File& scratch, const Journal& journal, std::si
       CompareFrom({menu, blockSize, {}, journal.keptSize}, {scratch, blockSize, journal.head},
                   journal.head.size() + journal.descriptionSize);
   // What was added after entries that were added does not undo those.
-  if (common.rightEnded && (common.leftEnded || keeps)) {
+  const bool isAdding = journal.descriptionSize == 0;
+  if (common.rightEnded && (common.leftEnded || isAdding)) {
     return MenuState::Finished;
   }
   return common.leftEnded ? MenuState::CutShort : MenuState::Different;

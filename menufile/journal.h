@@ -38,14 +38,16 @@ struct Journal {
   std::string menu;
   // Tells which of two journals of one menu is the later one: the greater.
   std::uint64_t serial = 0;
-  // The menu file as it is to be begins with so many bytes that it holds already,
-  // which is 0 for every change but the adding of entries.
+  // The menu file as it is to be begins with so many bytes that it holds already and
+  // that the change does not write near to. It is 0 for every change but the adding
+  // of entries.
   std::uint64_t keptSize = 0;
   // The SumBefore() of those.
   std::uint64_t keptSum = 0;
-  // Then come these bytes: a new picture, or the lines of new entries.
+  // Then come these bytes: a new picture; or the lines of new entries, with what
+  // stands before them in the same block of the disk.
   std::string head;
-  // Then so many bytes from the front of the scratch file.
+  // Then so many bytes from the front of the scratch file: 0 where entries are added.
   std::uint64_t descriptionSize = 0;
 
   std::uint64_t FinishedSize() const { return keptSize + head.size() + descriptionSize; }

@@ -182,6 +182,8 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
     MakeOldJournalsGoneForGood(menu, name);
   } catch (const std::exception&) {
     DropJournal(scratch, journal);
+    // Where that fails too, nobody is to finish what was told to have failed.
+    declined_ = std::max(declined_, journal.serial);
     throw;
   }
   unfinished_ = journal.serial;
@@ -191,6 +193,7 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
     if (menu.Size() == oldSize) {  // nothing was cut
       unfinished_.reset();
       DropJournal(scratch, journal);
+      declined_ = std::max(declined_, journal.serial);
     }
     throw;
   }
@@ -209,7 +212,7 @@ void MenuFile::Append(const char* name, std::string_view lines) {
   const std::uint64_t size = menu->Size();
   char last = '\n';
   if (size > 0) {
-    menu->Read(size - 1, {&last, 1});
+    ReadToEnd(*menu, size - 1, {&last, 1});
   }
   // Two entries on one line would be none.
   const bool isEnded = last == '\r' || last == '\n';
@@ -219,9 +222,14 @@ void MenuFile::Append(const char* name, std::string_view lines) {
 void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) {
   const std::uint64_t oldSize = menu.Size();
   Journal journal = NewJournal(menu);
-  journal.keptSize = oldSize;
-  journal.keptSum = SumBefore(menu, oldSize);
-  journal.head = lines;
+  // A power cut may tear the block that is being written, with the old bytes in it.
+  constexpr std::uint64_t kDiskBlock = 4096;
+  journal.keptSize = oldSize - oldSize % kDiskBlock;
+  journal.keptSum = SumBefore(menu, journal.keptSize);
+  journal.head.resize(static_cast<std::size_t>(oldSize - journal.keptSize));
+  journal.head.resize(ReadToEnd(menu, journal.keptSize, journal.head));
+  journal.head += lines;
+  const std::uint64_t oldSum = SumBefore(menu, oldSize);
   std::unique_ptr<File> scratch = OpenJournal(name, journal);
   const bool hasJournal = scratch != nullptr;
   const auto closeJournal = [&] {
@@ -231,18 +239,19 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
       RemoveScratchFile(files_, name);
     }
   };
-  MakeOldJournalsGoneForGood(menu, hasJournal ? name : "");
   try {
+    MakeOldJournalsGoneForGood(menu, hasJournal ? name : "");
     menu.Seek(oldSize);
     menu.Write(lines);
     menu.Flush();
   } catch (const std::exception&) {
     if (TakeBackLines(menu, oldSize)) {
       closeJournal();
+      declined_ = std::max(declined_, journal.serial);
     } else if (hasJournal) {
       unfinished_ = journal.serial;
     } else {
-      halfLine_ = HalfLine{oldSize, oldSize + lines.size()};
+      halfLine_ = HalfLine{oldSize, oldSum, lines};
     }
     throw;
   }
@@ -268,6 +277,7 @@ std::unique_ptr<File> MenuFile::OpenJournal(const char* name, const Journal& jou
     WriteJournal(*scratch, name, journal, Checksum(), files_.BlockSize());
     return scratch;
   } catch (const Failure&) {
+    declined_ = std::max(declined_, journal.serial);
   }
   if (scratch != nullptr) {
     DropJournal(*scratch, journal);

@@ -34,9 +34,10 @@ enum class ChangeResult {
 // A scratch file with a journal (menufile/journal.h) may be the only whole copy
 // of a menu. So nobody deletes a scratch file or writes over it before having
 // looked for one. A journal of this menu is finished first. One of another menu is
-// put aside, as "temporaryfile-1" say, where that menu's next start finds it. One
-// that the user did not want finished goes where nobody looks for it, as
-// "temporaryfile-declined-1".
+// put aside, as "temporaryfile-1" say, where that menu finds it. So is one of this menu
+// where the menu is whole and another by now, as "temporaryfile-overtaken-1": the next
+// start asks, and nothing else finishes it. One that the user did not want finished
+// goes where nobody looks for it, as "temporaryfile-declined-1".
 class MenuFile {
  public:
   // `files` is borrowed. `path` is in the system's ANSI code page.
@@ -107,22 +108,26 @@ class MenuFile {
   };
   // Lines that were written in part and could not be taken back.
   struct HalfLine {
-    std::uint64_t start;  // the size of the menu file without them
-    std::uint64_t end;    // and with all of them
+    std::uint64_t start;     // the size of the menu file without them
+    std::uint64_t startSum;  // the SumBefore() of that
+    std::string lines;
   };
 
   // menufile/restore.cc
   std::string MenuName();
   std::vector<std::string> PlacesToLook();
   std::optional<Journal> JournalOfThisMenu(const std::string& scratchFile);
-  // All journals of this menu, the latest first.
-  std::vector<Found> FindJournals();
+  // All journals of this menu, the latest first. Those of one serial are copies of
+  // each other. If `mayFail` is true, files that cannot be read are passed over.
+  std::vector<Found> FindJournals(bool mayFail);
   MenuState StateBy(const Found& found);
   bool Settle(const Found& found);
   bool Finish(const Found& found);
   void Retire(const Found& found);
+  void RetireCopies(std::uint64_t serial);
   void PutAside(const std::string& scratchFile, const char* infix);
-  void TakeBackHalfLine();
+  // True where nothing was missing of the lines after all.
+  bool TakeBackHalfLine();
 
   // menufile/menu_file.cc
   std::unique_ptr<File> OpenScratchFile(const char* name);

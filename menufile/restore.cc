@@ -2,7 +2,6 @@
 // program, and before each change.
 #include <algorithm>
 #include <iterator>
-#include <set>
 
 #include "menufile/failure.h"
 #include "menufile/file_window.h"
@@ -13,8 +12,13 @@
 namespace menufile {
 namespace {
 
-constexpr const char* kToBeFound = "-";
+constexpr const char* kOvertaken = "-overtaken-";
 constexpr const char* kDeclined = "-declined-";
+
+// True for a journal that was put aside because the menu was another by then.
+bool IsOvertaken(const std::string& scratchFile) {
+  return scratchFile.find(kOvertaken) != std::string::npos;
+}
 
 // True if LoadMenuFile() would read the file to its end without a question.
 bool IsLoadable(File& file, const std::string& path, std::size_t blockSize) {
@@ -66,25 +70,30 @@ std::optional<Journal> MenuFile::JournalOfThisMenu(const std::string& scratchFil
   return journal && journal->menu == MenuName() ? journal : std::nullopt;
 }
 
-std::vector<MenuFile::Found> MenuFile::FindJournals() {
+std::vector<MenuFile::Found> MenuFile::FindJournals(bool mayFail) {
   std::vector<Found> found;
-  std::set<std::uint64_t> serials;  // one file may have two paths
   for (const std::string& prefix : PlacesToLook()) {
     std::vector<std::string> paths;
     try {
       paths = files_.FilesThatBeginWith(prefix);
     } catch (const Failure&) {
+      if (!mayFail) {
+        throw;
+      }
     }
     for (const std::string& path : paths) {
-      if (path.starts_with(prefix + kDeclined)) {
+      if (path.find(kDeclined, prefix.size()) != std::string::npos) {
         continue;
       }
       try {
         std::optional<Journal> journal = JournalOfThisMenu(path);
-        if (journal && serials.insert(journal->serial).second) {
+        if (journal) {
           found.push_back({path, std::move(*journal)});
         }
       } catch (const Failure&) {
+        if (!mayFail) {
+          throw;
+        }
       }
     }
   }
@@ -101,7 +110,7 @@ MenuState MenuFile::StateBy(const Found& found) {
 }
 
 bool MenuFile::WasCutShort() {
-  for (const Found& found : FindJournals()) {
+  for (const Found& found : FindJournals(true)) {
     try {
       const MenuState state = StateBy(found);
       if (CanBeFinished(state)) {
@@ -120,31 +129,29 @@ bool MenuFile::WasCutShort() {
 
 void MenuFile::AnswerYes() {
   bool isFinished = false;
-  for (const Found& found : FindJournals()) {
+  for (const Found& found : FindJournals(false)) {
+    if (files_.OpenIfThere(found.scratchFile) == nullptr) {
+      continue;  // it went as a copy, or is the same file by another path
+    }
     if (isFinished) {
       PutAside(found.scratchFile, kDeclined);  // of an earlier change
       continue;
     }
     const MenuState state = StateBy(found);
+    if (state == MenuState::Finished) {
+      Retire(found);
+    }
     isFinished = state == MenuState::Finished || (CanBeFinished(state) && Finish(found));
   }
 }
 
 bool MenuFile::FinishEarlier() {
-  TakeBackHalfLine();
-  bool isFinished = false;
-  for (const std::string& path : PlacesToLook()) {
-    std::optional<Journal> journal;
-    try {
-      journal = JournalOfThisMenu(path);
-    } catch (const Failure&) {
-      // Whoever needs this name looks again.
-      if (unfinished_) {
-        throw;
-      }
-    }
-    if (journal) {
-      isFinished = Settle({path, std::move(*journal)}) || isFinished;
+  bool isFinished = TakeBackHalfLine();
+  // A change on top of one that was cut short would be lost with it: where a scratch
+  // file cannot be read, none is made.
+  for (const Found& found : FindJournals(false)) {
+    if (files_.OpenIfThere(found.scratchFile) != nullptr) {
+      isFinished = Settle(found) || isFinished;
     }
   }
   if (unfinished_) {
@@ -176,10 +183,13 @@ bool MenuFile::Settle(const Found& found) {
     PutAside(found.scratchFile, kDeclined);
     return false;
   }
-  // Somebody else may have put another menu there since. The next start asks.
+  if (IsOvertaken(found.scratchFile)) {
+    return false;  // the next start asks
+  }
+  // Somebody else may have put another menu there since.
   if (state == MenuState::Different && unfinished_ != serial &&
       IsLoadable(*files_.Open(path_, OpenMode::Read), path_, files_.BlockSize())) {
-    PutAside(found.scratchFile, kToBeFound);
+    PutAside(found.scratchFile, kOvertaken);
     return false;
   }
   return Finish(found);
@@ -202,12 +212,24 @@ bool MenuFile::Finish(const Found& found) {
   }
   left_.reset();
   RemoveScratchFile(files_, found.scratchFile);
+  RetireCopies(found.journal.serial);
   return true;
+}
+
+// A journal has a copy where putting it aside was cut short.
+void MenuFile::RetireCopies(std::uint64_t serial) {
+  for (const Found& copy : FindJournals(true)) {
+    if (copy.journal.serial == serial) {
+      Retire(copy);
+    }
+  }
 }
 
 // Deletes a scratch file whose journal is of no use any more. One that cannot be
 // deleted loses its journal.
 void MenuFile::Retire(const Found& found) {
+  // What the menu file holds may not be on the disk yet.
+  files_.Open(path_, OpenMode::Change)->Flush();
   {
     const std::unique_ptr<File> scratch = files_.Open(found.scratchFile, OpenMode::Change);
     const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
@@ -220,49 +242,51 @@ void MenuFile::Retire(const Found& found) {
   RemoveScratchFile(files_, found.scratchFile);
 }
 
-// Gives a file with a journal a name of its own. Where another program reads the
-// file, so that it has to keep its name, its bytes are copied.
+// Copies a file with a journal to a name of its own, and frees the one it had. A
+// new name alone would be quicker, but a power cut may leave a file without either.
 void MenuFile::PutAside(const std::string& scratchFile, const char* infix) {
   std::string aside;
   int number = 0;
   do {
     aside = scratchFile + infix + std::to_string(++number);
   } while (files_.OpenIfThere(aside) != nullptr);
-  try {
-    files_.Rename(scratchFile, aside);
-    files_.Open(aside, OpenMode::Change)->Flush();
-    return;
-  } catch (const Failure&) {
-    if (files_.OpenIfThere(scratchFile) == nullptr) {
-      throw;  // it has the new name
+  {
+    const std::unique_ptr<File> scratch = files_.Open(scratchFile, OpenMode::Change);
+    const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
+    if (!journal) {
+      return;  // another editor has finished its change
     }
+    const std::unique_ptr<File> copy = files_.Open(aside, OpenMode::Create);
+    AppendFile(*scratch, *copy, files_.BlockSize());
+    copy->Flush();
+    if (!ReadJournal(*copy, files_.BlockSize())) {
+      throw Failure(aside, "write the file", "It does not hold what was written to it");
+    }
+    scratch->Truncate(journal->descriptionSize);
+    scratch->Flush();
   }
-  const std::unique_ptr<File> scratch = files_.Open(scratchFile, OpenMode::Change);
-  const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
-  if (!journal) {
-    return;  // another editor has finished its change
-  }
-  const std::unique_ptr<File> copy = files_.Open(aside, OpenMode::Create);
-  AppendFile(*scratch, *copy, files_.BlockSize());
-  copy->Flush();
-  if (!ReadJournal(*copy, files_.BlockSize())) {
-    throw Failure(aside, "write the file", "It does not hold what was written to it");
-  }
-  scratch->Truncate(journal->descriptionSize);
-  scratch->Flush();
+  RemoveScratchFile(files_, scratchFile);
 }
 
-void MenuFile::TakeBackHalfLine() {
+bool MenuFile::TakeBackHalfLine() {
   if (!halfLine_) {
-    return;
+    return false;
   }
+  bool isWhole = false;
   const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
   const std::uint64_t size = menu->Size();
-  if (size > halfLine_->start && size <= halfLine_->end) {
-    menu->Truncate(halfLine_->start);
-    menu->Flush();
+  if (size > halfLine_->start && SumBefore(*menu, halfLine_->start) == halfLine_->startSum) {
+    // Another window may have written the menu since.
+    std::string rest(static_cast<std::size_t>(size - halfLine_->start), '\0');
+    ReadToEnd(*menu, halfLine_->start, rest);
+    isWhole = rest == halfLine_->lines;
+    if (!isWhole && halfLine_->lines.starts_with(rest)) {
+      menu->Truncate(halfLine_->start);
+      menu->Flush();
+    }
   }
   halfLine_.reset();
+  return isWhole;
 }
 
 }  // namespace menufile

@@ -58,7 +58,7 @@ void CopyPicture(MenuReader& reader, File& menu, BlockWriter& out) {
   // The copy writes the rest of the line after every "<", and the bytes that follow
   // are written over it. After a last "<" there is nothing but its line end.
   char last = 0;
-  if (size > 0 && menu.Read(size - 1, std::span(&last, 1)) == 1 && last == '<') {
+  if (size > 0 && ReadToEnd(menu, size - 1, std::span(&last, 1)) == 1 && last == '<') {
     out.text() += "\r\n";
   }
 }

@@ -41,8 +41,17 @@ TEST_F(FileWindowTest, ShowsTheFileBlockByBlock) {
   EXPECT_FALSE(window.ReadOn(1));
   EXPECT_EQ("h", window.bytes());
   EXPECT_EQ(7u, window.position());
-  EXPECT_EQ((Log{"open to change f", "read from 0: f", "read from 3: f", "read from 6: f"}),
+  EXPECT_EQ((Log{"open to change f", "read from 0: f", "read from 3: f", "read from 6: f",
+                 "ask the size of f"}),
             files_.log());
+}
+
+// What was not read must not count as the end of the file.
+TEST_F(FileWindowTest, FailsWhereAReadGivesTooLittle) {
+  const auto file = OpenWith("abcdefgh");
+  files_.SetFault({1, Fault::Kind::EndsEarly, Fault::Done::All});
+  FileWindow window(*file, 8);
+  EXPECT_THROW(window.ReadOn(0), Failure);
 }
 
 TEST_F(FileWindowTest, ShowsAHeadBeforeThePlaceWhereItBegins) {

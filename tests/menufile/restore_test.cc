@@ -248,6 +248,10 @@ TEST(CutShort, IsPutAsideWhereTheMenuIsAnotherByNow) {
   MenuFile second(*cut.next, kMenuPath);
   EXPECT_EQ(ChangeResult::Made, Make(second, SampleChange(Kind::Keep)));
   EXPECT_EQ(UserMenu(6), cut.next->Get(kMenuPath));
+  EXPECT_EQ(cut.scratch, cut.next->Get("zoltempfileoktodelete-overtaken-1"));
+  // No later change finishes it, not even where the menu is just a part of it by then.
+  cut.next->Put(kMenuPath, cut.finished.substr(0, cut.finished.size() - ItemLine(3).size()));
+  EXPECT_EQ(ChangeResult::Made, Make(second, SampleChange(Kind::Keep)));
   EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
 }
 
@@ -339,12 +343,95 @@ TEST(CutShort, AddedEntriesAreFinishedWhateverIsThereOfThem) {
       EXPECT_EQ(finished, FinishedByTheNextStart(next)) << size;
     }
   }
-  // The old entries are gone: there is nothing to finish.
+  // The journal has all of a small menu.
   for (const std::string& other : {UserMenu(3).substr(0, 200), UserMenu(8, "x"), ""s}) {
     MemoryFiles next(disk);
     next.Put(kMenuPath, other);
-    EXPECT_FALSE(IsAsked(next));
+    EXPECT_EQ(finished, FinishedByTheNextStart(next));
   }
+}
+
+// A block of the disk that is being written when the power fails may lose what stood
+// in it before.
+TEST(CutShort, AddedEntriesAreFinishedWhereTheirDiskBlockWasTorn) {
+  const std::string old = UserMenu(250);
+  ASSERT_LT(8192u, old.size());
+  MemoryFiles files;
+  files.Put(kMenuPath, old);
+  MenuFile menu(files, kMenuPath);
+  std::size_t flush = 0;
+  {
+    MemoryFiles whole(files.Everything());
+    MenuFile wholeMenu(whole, kMenuPath);
+    AddEntries(wholeMenu, {{"New", "C:\\new", "", ""}}, true);
+    for (std::size_t i = 0; i < whole.log().size(); ++i) {
+      flush = whole.log()[i] == "flush "s + kMenuPath ? i + 1 : flush;
+    }
+  }
+  files.SetFault({flush, Fault::Kind::EndsProcess, Fault::Done::Nothing});
+  EXPECT_THROW(AddEntries(menu, {{"New", "C:\\new", "", ""}}, true), ProcessEnded);
+  MemoryFiles next(files.Everything());
+  const std::string finished = next.Get(kMenuPath).value();
+  const std::size_t block = old.size() / 4096 * 4096;
+  next.Put(kMenuPath, old.substr(0, block) + std::string(finished.size() - block, '\0'));
+  EXPECT_EQ(finished, FinishedByTheNextStart(next));
+  // The entries before that are others by now: there is nothing to finish.
+  MemoryFiles replaced(files.Everything());
+  replaced.Put(kMenuPath, UserMenu(150, "x"));
+  EXPECT_FALSE(IsAsked(replaced));
+}
+
+// A read that gives less than the file holds must not count as its end.
+TEST(Replace, TakesNoReadThatEndsEarlyForTheEnd) {
+  for (const Kind kind : {Kind::Delete, Kind::Edit, Kind::ChangeIcon}) {
+    for (std::size_t operation = 1; operation <= 45; ++operation) {
+      MemoryFiles clean;
+      clean.Put(kMenuPath, UserMenu(4));
+      MemoryFiles files(clean.Everything());
+      Make(clean, kMenuPath, SampleChange(kind, 1));
+      files.SetFault({operation, Fault::Kind::EndsEarly, Fault::Done::All});
+      try {
+        Make(files, kMenuPath, SampleChange(kind, 1));
+      } catch (const Failure&) {
+      }
+      const auto offered = FinishedByTheNextStart(files);
+      const std::string menu = offered.value_or(files.Get(kMenuPath).value());
+      EXPECT_TRUE(menu == UserMenu(4) || menu == clean.Get(kMenuPath)) << NameOf(kind) << operation;
+    }
+  }
+}
+
+// A process ended before its flush, and the next start found the menu complete: only
+// what is flushed is.
+TEST(CutShort, IsNotForgottenBeforeTheMenuIsOnTheDisk) {
+  MemoryFiles whole;
+  whole.Put(kMenuPath, UserMenu(4));
+  Make(whole, kMenuPath, SampleChange(Kind::MoveUp, 1));
+  std::size_t flush = 0;
+  for (std::size_t i = 0; i < whole.log().size(); ++i) {
+    flush = whole.log()[i] == "flush "s + kMenuPath ? i + 1 : flush;
+  }
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(4));
+  files.SetFault({flush, Fault::Kind::EndsProcess, Fault::Done::Nothing});
+  EXPECT_THROW(Make(files, kMenuPath, SampleChange(Kind::MoveUp, 1)), ProcessEnded);
+  files.SetFault({});
+  EXPECT_FALSE(IsAsked(files));
+  for (PowerCut cut = 0; cut < 50; ++cut) {
+    MemoryFiles next(files.AfterPowerCut(cut));
+    EXPECT_EQ(whole.Get(kMenuPath),
+              FinishedByTheNextStart(next).value_or(next.Get(kMenuPath).value()));
+  }
+}
+
+// Another menu's change puts the journal aside; this menu's next change finds it.
+TEST(CutShort, IsFinishedFirstWhereItWasPutAside) {
+  Cut cut(Kind::MoveUp);
+  cut.next->Put(kOther, UserMenu(3));
+  MenuFile second(*cut.next, kMenuPath);
+  Make(*cut.next, kOther, SampleChange(Kind::MoveUp, 1));
+  EXPECT_EQ(ChangeResult::EarlierFinished, Make(second, SampleChange(Kind::Separator, 0)));
+  EXPECT_EQ(cut.finished, cut.next->Get(kMenuPath));
 }
 
 TEST(Replace, LeavesTheMenuWhereTheDiskHasNoRoom) {
