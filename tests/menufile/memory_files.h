@@ -82,8 +82,10 @@ class MemoryFiles final : public FileSystem {
     tellsFree_ = tellsFree;
   }
 
+  // Also lets another process go on where one has ended.
   void SetFault(const Fault& fault) {
     fault_ = fault;
+    ended_ = false;
     log_.clear();
   }
   // How many operations there were since SetFault(), and each with its file, for

@@ -1,0 +1,365 @@
+// Every change, with each of its file operations failing, ending early, or being
+// the last of its process or of the power, among leftovers of every kind; and then
+// users who go on, with another fault on their way. Whatever happens, both menus
+// stay complete in some file, and a start offers them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iostream>
+#include <map>
+#include <optional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "menufile/changes.h"
+#include "tests/menufile/loaded_menu.h"
+#include "tests/menufile/sample_menus.h"
+#include "tests/menufile/two_windows.h"
+#include "tests/menufile/user_change.h"
+
+namespace menufile {
+namespace {
+
+using Kind = UserChange::Kind;
+using Step = TwoWindows::Step;
+using Window = TwoWindows::Window;
+
+constexpr int kSteps = 10;
+// Of so many faults one is run, another one in each scenario and with each
+// --gtest_random_seed (which takes --gtest_shuffle).
+constexpr unsigned kOneOf = 23;
+
+struct Totals {
+  std::size_t cases = 0;
+  std::size_t steps = 0;
+  std::size_t lost = 0;
+  std::size_t offered = 0;
+  // The shortest story of each kind of complaint.
+  std::map<std::string, std::string> complaints;
+};
+
+Totals totals;
+
+std::string SecondMenu() { return UserMenu(3, "picture of the second"); }
+
+Step ChangeStep(Kind kind, std::size_t row) {
+  const UserChange change = SampleChange(kind, row);
+  return {NameOf(kind) + std::to_string(row),
+          [change](MenuFile& menu) { return Make(menu, change); }};
+}
+
+Step AddStep(bool deletes, int number) {
+  const std::string text = std::to_string(number);
+  const std::vector<EntryTexts> entries = {{"New " + text, "C:\\new", "", ""},
+                                           {"Another", "C:\\tools\\" + text, "/x", "C:\\"}};
+  return {(deletes ? "Add" : "Drop") + text,
+          [entries, deletes](MenuFile& menu) { return AddEntries(menu, entries, deletes); }, true,
+          deletes};
+}
+
+// What lies about in the folder before.
+struct Leftover {
+  const char* name;
+  std::string bytes;
+  std::string finishedSecondMenu = {};  // by its journal
+};
+
+// A scratch file whose process ended when the second menu had been emptied.
+Leftover SecondMenusJournal() {
+  MemoryFiles whole;
+  whole.Put(kSecondMenu, SecondMenu());
+  Make(whole, kSecondMenu, SampleChange(Kind::MoveUp, 1));
+  const auto& log = whole.log();
+  const auto cut = std::find(log.begin(), log.end(), "truncate to 0: " + std::string(kSecondMenu));
+  MemoryFiles files;
+  files.Put(kSecondMenu, SecondMenu());
+  files.SetFault({static_cast<std::size_t>(cut - log.begin()) + 1, Fault::Kind::EndsProcess,
+                  Fault::Done::All});
+  try {
+    Make(files, kSecondMenu, SampleChange(Kind::MoveUp, 1));
+  } catch (const ProcessEnded&) {
+  }
+  return {"another menu's journal", files.Get("temporaryfile").value_or(""),
+          whole.Get(kSecondMenu).value_or("")};
+}
+
+const std::vector<Leftover>& Leftovers() {
+  static const std::vector<Leftover> leftovers = {{"nothing", ""},
+                                                  {"few bytes", std::string(20, 'L')},
+                                                  {"many bytes", std::string(700, 'L')},
+                                                  {"a menu", UserMenu(9, "x")},
+                                                  SecondMenusJournal()};
+  return leftovers;
+}
+
+struct Scenario {
+  std::string oldMenu;
+  std::optional<Step> change;  // nothing for the conversion at the start
+  const char* scratchFile = "temporaryfile";
+  const Leftover* leftover = nullptr;
+  bool canBeRemoved = true;
+  std::size_t blockSize = 1000;
+  int changesBefore = 0;
+};
+
+class Case {
+ public:
+  Case(const Scenario& scenario, unsigned seed)
+      : scenario_(scenario), random_(seed), user_(Disk(scenario), FolderOf(scenario)) {
+    if (!scenario.leftover->finishedSecondMenu.empty()) {
+      user_.SecondMenuWasCut(scenario.leftover->finishedSecondMenu);
+    }
+    if (scenario.change) {
+      user_.Start(Window::kFirst, true, true, {});
+      user_.Start(Window::kSecond, true, true, {});
+    }
+    // A window that has made a change before knows how it left the menu.
+    if (scenario.changesBefore > 0) {
+      user_.Do(Window::kFirst, *scenario.change, {});
+    }
+    if (scenario.changesBefore > 1) {
+      user_.Do(Window::kFirst, ChangeStep(Kind::Edit, 0), {});
+    }
+  }
+
+  void FirstFault(const Fault& fault) {
+    if (scenario_.change) {
+      user_.Do(Window::kFirst, *scenario_.change, fault);
+    } else {
+      user_.Start(Window::kFirst, true, true, fault);
+    }
+    isOpen_[Window::kFirst] = !user_.ended();
+    isOpen_[Window::kSecond] = scenario_.change.has_value();
+  }
+
+  const TwoWindows& user() const { return user_; }
+
+  void CutPower(PowerCut cut) {
+    user_.CutPower(cut);
+    std::fill(std::begin(isOpen_), std::end(isOpen_), false);
+  }
+
+  // The users go on; one of their steps has a fault too.
+  void GoOn() {
+    const int faulty = static_cast<int>(Any(2 * kSteps));
+    for (int step = 0; step < kSteps && user_.complaint().empty(); ++step) {
+      TakeStep(step == faulty ? AnyFault() : Fault{});
+      if (step == faulty && Any(3) == 0) {
+        CutPower(1 + Any(1000));
+      }
+      ++totals.steps;
+    }
+  }
+
+ private:
+  static MemoryFiles::Disk Disk(const Scenario& scenario) {
+    MemoryFiles::Disk disk = {{kMenuPath, scenario.oldMenu}, {kSecondMenu, SecondMenu()}};
+    if (!scenario.leftover->bytes.empty()) {
+      disk[std::string("C:\\current\\") + scenario.scratchFile] = scenario.leftover->bytes;
+    }
+    if (!scenario.leftover->finishedSecondMenu.empty()) {
+      disk[kSecondMenu].clear();
+    }
+    return disk;
+  }
+
+  static TwoWindows::Folder FolderOf(const Scenario& scenario) {
+    TwoWindows::Folder folder{scenario.blockSize};
+    if (!scenario.canBeRemoved) {
+      folder.cannotBeRemoved.insert(scenario.scratchFile);
+    }
+    return folder;
+  }
+
+  unsigned Any(unsigned count) { return static_cast<unsigned>(random_() % count); }
+
+  Fault AnyFault() {
+    return {1 + Any(45), static_cast<Fault::Kind>(Any(4)), static_cast<Fault::Done>(Any(3))};
+  }
+
+  void TakeStep(const Fault& fault) {
+    const auto window = static_cast<Window>(Any(TwoWindows::kWindows));
+    if (!isOpen_[window]) {
+      user_.Start(window, Any(4) != 0, Any(2) == 0, fault);
+      isOpen_[window] = !user_.ended();
+      return;
+    }
+    switch (Any(8)) {
+      case 0:
+        user_.Close(window, fault);
+        isOpen_[window] = false;
+        return;
+      case 1:
+        user_.ReadEntry(window, fault);
+        break;
+      case 2:
+        user_.Do(window, AddStep(Any(2) == 0, static_cast<int>(Any(3))), fault);
+        break;
+      default:
+        user_.Do(window, ChangeStep(static_cast<Kind>(1 + Any(kUserChanges - 1)), 1 + Any(2)),
+                 fault);
+    }
+    isOpen_[window] = !user_.ended();
+  }
+
+  const Scenario& scenario_;
+  std::mt19937 random_;
+  TwoWindows user_;
+  bool isOpen_[TwoWindows::kWindows] = {};
+};
+
+void Finish(Case& one) {
+  one.GoOn();
+  ++totals.cases;
+  totals.offered += one.user().offered();
+  const std::string& complaint = one.user().complaint();
+  if (complaint.empty()) {
+    return;
+  }
+  ++totals.lost;
+  const auto lines = [](const std::string& text) {
+    return std::count(text.begin(), text.end(), '\n');
+  };
+  std::string& shortest = totals.complaints[complaint.substr(0, 40)];
+  if (shortest.empty() || lines(complaint) < lines(shortest)) {
+    shortest = complaint;
+  }
+}
+
+// The faults that make a difference at this operation.
+std::vector<Fault> FaultsAt(std::size_t number, const std::string& operation) {
+  using Done = Fault::Done;
+  using FaultKind = Fault::Kind;
+  std::vector<Fault> faults = {{number, FaultKind::FailsOnce, Done::Nothing},
+                               {number, FaultKind::FailsOnce, Done::All},
+                               {number, FaultKind::FailsForGood, Done::Nothing},
+                               {number, FaultKind::EndsProcess, Done::Nothing},
+                               {number, FaultKind::EndsProcess, Done::All}};
+  if (operation.starts_with("write")) {
+    faults.push_back({number, FaultKind::FailsOnce, Done::Half});
+    faults.push_back({number, FaultKind::FailsForGood, Done::Half});
+    faults.push_back({number, FaultKind::EndsProcess, Done::Half});
+  } else if (operation.starts_with("read")) {
+    faults.push_back({number, FaultKind::EndsEarly, Done::All});
+  }
+  return faults;
+}
+
+// Every fault, and what comes of it, in one scenario.
+void InjectAll(const Scenario& scenario, unsigned& seed) {
+  Case clean(scenario, 0);
+  clean.FirstFault({});
+  ASSERT_EQ("", clean.user().complaint());
+  const std::vector<std::string> log = clean.user().log();
+  for (std::size_t number = 1; number <= log.size(); ++number) {
+    for (const Fault& fault : FaultsAt(number, log[number - 1])) {
+      if (++seed % kOneOf != 0) {
+        continue;
+      }
+      const unsigned cuts = fault.kind == Fault::Kind::EndsProcess ? 3 : 1;
+      for (unsigned cut = 0; cut < cuts; ++cut) {
+        Case one(scenario, 4 * seed + cut);
+        one.FirstFault(fault);
+        // The process alone ended, all is lost that was not flushed, or some of it.
+        if (cut > 0) {
+          one.CutPower(cut == 1 ? kEverythingLost : 2 + seed);
+        }
+        Finish(one);
+      }
+    }
+  }
+}
+
+// The scenario among leftovers of every kind.
+void InjectAmongLeftovers(Scenario scenario) {
+  const std::size_t lostBefore = totals.lost;
+  unsigned seed = static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed());
+  for (const std::size_t blockSize : {1000u, 60u}) {
+    for (const Leftover& leftover : Leftovers()) {
+      for (const bool canBeRemoved : {true, false}) {
+        for (const int before : {0, 1, 2}) {
+          if (!scenario.change && before > 0) {
+            continue;
+          }
+          scenario.blockSize = blockSize;
+          scenario.leftover = &leftover;
+          scenario.canBeRemoved = canBeRemoved;
+          scenario.changesBefore = before;
+          InjectAll(scenario, seed);
+        }
+      }
+    }
+  }
+  EXPECT_EQ(lostBefore, totals.lost);
+}
+
+class EveryRewrite : public testing::TestWithParam<Kind> {};
+
+TEST_P(EveryRewrite, LosesNothing) {
+  const bool ofPointer =
+      GetParam() == Kind::SaveDirectory || GetParam() == Kind::SwitchToUserDefined;
+  Scenario scenario;
+  scenario.oldMenu = ofPointer ? DirectoryMenu() : UserMenu(4);
+  scenario.change = ChangeStep(GetParam(), 1);
+  scenario.scratchFile = ScratchFileOf(GetParam());
+  InjectAmongLeftovers(scenario);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, EveryRewrite,
+                         testing::Values(Kind::MoveUp, Kind::MoveDown, Kind::Delete,
+                                         Kind::Separator, Kind::Edit, Kind::ChangeIcon,
+                                         Kind::SaveAppearance, Kind::SaveDirectory,
+                                         Kind::SwitchToDirectory, Kind::SwitchToUserDefined),
+                         [](const auto& info) { return NameOf(info.param); });
+
+TEST(Conversion, LosesNothing) {
+  Scenario scenario;
+  scenario.oldMenu = PreviousVersionMenu(4);
+  InjectAmongLeftovers(scenario);
+}
+
+TEST(Adding, LosesNothing) {
+  for (const bool deletes : {true, false}) {
+    Scenario scenario;
+    scenario.oldMenu = UserMenu(3);
+    scenario.change = AddStep(deletes, 7);
+    scenario.scratchFile = "zoltempfileoktodelete";
+    InjectAmongLeftovers(scenario);
+  }
+}
+
+// What was on the disk before must not be all that is left of a change that was
+// told to be made.
+TEST(AnyChange, ThatIsMadeIsOnTheDiskAndLosesNothing) {
+  for (int kind = 0; kind < kUserChanges; ++kind) {
+    MemoryFiles files;
+    files.Put(kMenuPath, UserMenu(3));
+    Make(files, kMenuPath, SampleChange(static_cast<Kind>(kind), 1));
+    MenuFile menu(files, kMenuPath);
+    AddEntries(menu, {{"New", "C:\\new", "", ""}}, true);
+    for (PowerCut cut = 0; cut < 40; ++cut) {
+      EXPECT_EQ(files.Get(kMenuPath), files.AfterPowerCut(cut)[kMenuPath]);
+    }
+  }
+}
+
+class PrintTotals final : public testing::Environment {
+ public:
+  void TearDown() override {
+    if (totals.cases > 0) {
+      std::cout << "faults: " << totals.cases << " cases were run, " << totals.lost
+                << " lost data; in " << totals.steps
+                << " steps after them a start offered to finish " << totals.offered << " changes\n";
+      for (const auto& [kind, complaint] : totals.complaints) {
+        std::cout << complaint << '\n';
+      }
+    }
+  }
+};
+
+[[maybe_unused]] const testing::Environment* const printTotals =
+    testing::AddGlobalTestEnvironment(new PrintTotals);
+
+}  // namespace
+}  // namespace menufile
