@@ -25,7 +25,7 @@ void BlockWriter::Copy(File& from, std::uint64_t offset, std::uint64_t count) {
   // The part to copy is mostly much shorter than a block.
   const auto atOnce = static_cast<std::size_t>(std::min<std::uint64_t>(blockSize_, count));
   FileWindow window(from, atOnce, {}, offset);
-  while (count > 0 && window.ReadOn(window.bytes().size())) {
+  while (count > 0 && window.Advance(window.bytes().size())) {
     const std::string_view bytes =
         window.bytes().substr(0, static_cast<std::size_t>(std::min<std::uint64_t>(atOnce, count)));
     text_ += bytes;

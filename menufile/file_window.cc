@@ -12,9 +12,9 @@ FileWindow::FileWindow(File& file, std::size_t blockSize, std::string_view head,
   std::copy(head.begin(), head.end(), current_.bytes.get());
 }
 
-bool FileWindow::ReadOn(std::size_t count) {
+bool FileWindow::Advance(std::size_t count) {
   const std::string_view kept = bytes().substr(count);
-  // Who keeps much wants much: something that is longer than a block is then
+  // What is kept doubles with each call: a record that is longer than a block is
   // looked at again only a few times.
   const std::size_t wanted = moreFollows_ ? std::max(blockSize_, kept.size()) : 0;
   const std::size_t needed = kept.size() + wanted;
@@ -51,7 +51,7 @@ std::size_t ReadToEnd(File& file, std::uint64_t offset, std::span<char> bytes) {
 
 std::uint64_t AppendFile(File& from, File& to, std::size_t blockSize) {
   FileWindow window(from, blockSize);
-  while (window.ReadOn(window.bytes().size())) {
+  while (window.Advance(window.bytes().size())) {
     to.Write(window.bytes());
   }
   return window.position() + window.bytes().size();

@@ -11,27 +11,27 @@
 
 namespace menufile {
 
-// The part of a file that is in memory. It moves on to the end of the file,
-// block by block, and is longer than a block only where its user drops nothing.
+// The part of a file that is in memory. It moves on to the end of the file, block
+// by block. It grows beyond a block only where its user needs more at once.
 class FileWindow {
  public:
-  // Begins at the 0-based position `from` of the file, before which it shows
-  // `head` as if that stood there too.
+  // Begins at the 0-based offset `from` of the file, with `head` in front as if it
+  // stood there.
   FileWindow(File& file, std::size_t blockSize, std::string_view head = {}, std::uint64_t from = 0);
 
-  // What of the file is in memory. It stays there until, behind the ReadOn()
-  // that drops it, there is another one that drops something.
+  // The bytes now in memory. Views into them stay valid until the second call of
+  // Advance() from now that drops something.
   std::string_view bytes() const { return {current_.bytes.get(), size_}; }
 
-  // How many bytes were dropped before these.
+  // How many bytes were dropped so far.
   std::uint64_t position() const { return position_; }
 
-  // Whether there may be more in the file than was read so far.
+  // True if the file may have bytes after these.
   bool MoreFollows() const { return moreFollows_; }
 
-  // Drops the first `count` bytes and reads more behind the last one. False
-  // when there are none.
-  bool ReadOn(std::size_t count);
+  // Drops the first `count` bytes in memory and reads the bytes after the last one.
+  // Returns false when the file has no more.
+  bool Advance(std::size_t count);
 
  private:
   // Not filled with zeros: most files are much shorter than a block, and memory

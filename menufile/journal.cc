@@ -82,10 +82,10 @@ Common CompareFrom(FileWindow left, FileWindow right, std::uint64_t rightSize) {
   std::string_view inLeft = left.bytes();
   std::string_view inRight = right.bytes();
   for (;;) {
-    if (inLeft.empty() && left.ReadOn(left.bytes().size())) {
+    if (inLeft.empty() && left.Advance(left.bytes().size())) {
       inLeft = left.bytes();
     }
-    if (inRight.empty() && rightSize > 0 && right.ReadOn(right.bytes().size())) {
+    if (inRight.empty() && rightSize > 0 && right.Advance(right.bytes().size())) {
       inRight = right.bytes();
     }
     inRight = inRight.substr(
@@ -147,7 +147,7 @@ std::optional<Journal> ReadJournal(File& scratch, std::size_t blockSize) {
 std::uint64_t SumOfFirst(File& file, std::uint64_t size, std::size_t blockSize) {
   Checksum sum;
   FileWindow window(file, blockSize);
-  while (size > 0 && window.ReadOn(window.bytes().size())) {
+  while (size > 0 && window.Advance(window.bytes().size())) {
     const auto part = window.bytes().substr(
         0, static_cast<std::size_t>(std::min<std::uint64_t>(size, window.bytes().size())));
     sum.Add(part);

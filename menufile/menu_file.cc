@@ -33,7 +33,7 @@ void AddTo(Checksum& sum, File& file, std::uint64_t offset, std::size_t blockSiz
     return;
   }
   FileWindow window(file, blockSize, {}, offset);
-  while (window.ReadOn(window.bytes().size())) {
+  while (window.Advance(window.bytes().size())) {
     sum.Add(window.bytes());
   }
 }
@@ -62,7 +62,7 @@ std::uint64_t WriteMenu(File& menu, File& scratch, const std::string& path, cons
   sum.Add(journal.head);
   std::uint64_t left = journal.descriptionSize;
   FileWindow window(scratch, blockSize);
-  while (left > 0 && window.ReadOn(window.bytes().size())) {
+  while (left > 0 && window.Advance(window.bytes().size())) {
     const std::string_view bytes = window.bytes().substr(
         0, static_cast<std::size_t>(std::min<std::uint64_t>(left, window.bytes().size())));
     menu.Write(bytes);

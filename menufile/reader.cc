@@ -41,11 +41,11 @@ const char* FindFieldEnd(const char* at, const char* end) {
   return at;
 }
 
-// Where the fields of an entry end that is as nearly every one: five texts with
-// nothing between them but a comma, digits or nothing, and CR LF.
+// The field ends of an entry in the usual layout: five texts with nothing between
+// them but a comma, then digits or nothing, and CR LF.
 struct PlainItem {
   std::array<const char*, 5> quotes{};  // that close the texts
-  const char* lineEnd = nullptr;        // nowhere when the entry is another
+  const char* lineEnd = nullptr;        // nullptr for any other layout
 };
 
 inline PlainItem FindPlainItem(const char* at, const char* end) {
@@ -100,7 +100,7 @@ std::optional<std::uint64_t> MenuReader::SkipMarker(bool wholeLine) {
       const std::size_t unsure =
           std::max(offset_, bytes_.size() - std::min(bytes_.size(), longest));
       const std::size_t kept = unsure - std::min(unsure, kLineEnd);
-      ReadOn(kept);
+      Advance(kept);
       offset_ = unsure - kept;
       continue;
     }
@@ -110,22 +110,22 @@ std::optional<std::uint64_t> MenuReader::SkipMarker(bool wholeLine) {
     }
     const bool endsLine = end == bytes_.size() || bytes_[end] == '\r';
     if (endsLine && (!wholeLine || beginsLine(at))) {
-      offset_ = BehindFieldEnd(bytes_.data() + end);
+      offset_ = AfterFieldEnd(bytes_.data() + end);
       return Position() + at;
     }
     offset_ = at + 1;
   }
 }
 
-void MenuReader::ReadOn(std::size_t at) {
-  file_->ReadOn(at);
+void MenuReader::Advance(std::size_t at) {
+  file_->Advance(at);
   bytes_ = file_->bytes();
   moreFollows_ = file_->MoreFollows();
   offset_ = 0;
 }
 
-// A record that goes to the end of what is in memory may go on behind it, and
-// AtEnd() is to be true only at the end of the file.
+// A record that ends where the bytes in memory end may have more bytes in the file.
+// And AtEnd() has to be true only at the end of the file.
 template <typename Read>
 inline auto MenuReader::ReadRecord(const Read& read) {
   for (;;) {
@@ -134,7 +134,7 @@ inline auto MenuReader::ReadRecord(const Read& read) {
     if (offset_ < bytes_.size() || !moreFollows_) {
       return record;
     }
-    ReadOn(start);
+    Advance(start);
   }
 }
 
@@ -193,19 +193,19 @@ Value MenuReader::ReadField(const char* record, const char* field) {
     if (quote == end) {
       return EndedField(Value::Quoted({at, end}), record, field);
     }
-    offset_ = BehindFieldEnd(FindFieldEnd(quote + 1, end));
+    offset_ = AfterFieldEnd(FindFieldEnd(quote + 1, end));
     return Value::Quoted({at, quote});
   }
   const char* fieldEnd = FindFieldEnd(at, end);
-  offset_ = BehindFieldEnd(fieldEnd);
+  offset_ = AfterFieldEnd(fieldEnd);
   while (fieldEnd != at && fieldEnd[-1] == ' ') {
     --fieldEnd;
   }
   return Value::Bare({at, fieldEnd});
 }
 
-// What stands behind an opening quote that is never closed is the value, so
-// that a reader that goes on loses none of it.
+// All that follows an opening quote that is never closed is the value: a caller that
+// goes on loses none of it.
 Value MenuReader::EndedField(const Value& soFar, const char* record, const char* field) {
   offset_ = bytes_.size();
   if (moreFollows_ || pastEnd_ == PastEnd::LeavesEmpty) {
@@ -219,7 +219,7 @@ Value MenuReader::EndedField(const Value& soFar, const char* record, const char*
                 Position() + bytes_.size());
 }
 
-std::size_t MenuReader::BehindFieldEnd(const char* at) const {
+std::size_t MenuReader::AfterFieldEnd(const char* at) const {
   const char* const end = bytes_.data() + bytes_.size();
   if (at != end) {
     at += end - at > 1 && at[0] == '\r' && at[1] == '\n' ? 2 : 1;

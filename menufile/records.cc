@@ -9,7 +9,7 @@ void AppendQuoted(std::string& out, const Value& value) {
   out += '"';
 }
 
-void AppendLineEnd(std::string& out, std::size_t lineStart) {
+void EndLine(std::string& out, std::size_t lineStart) {
   out += "\r\n";
   // A line is written without blanks at its front. Only a line whose first
   // field is bare can begin with some, as text that is no number.
@@ -38,7 +38,7 @@ void AppendLine(std::string& out, const AppearanceRecord& record) {
     out += ',';
     number->AppendTo(out);
   }
-  AppendLineEnd(out, lineStart);
+  EndLine(out, lineStart);
 }
 
 void AppendLine(std::string& out, const MenuItemRecord& record) {

@@ -19,7 +19,7 @@ namespace menufile {
 
 // The line that ends the picture, without its line end.
 inline constexpr std::string_view kMarkerText = "<START ZOL>";
-// The same with the line ends before and behind it, as it is written.
+// The same with the line ends before and after it, as it is written.
 inline constexpr std::string_view kMarkerLine = "\r\n<START ZOL>\r\n";
 
 enum class MenuType {
@@ -27,7 +27,7 @@ enum class MenuType {
   DirectoryPointer,  // "DIRPOINT": the menu shows what a folder holds
 };
 
-// How the menu looks; the first line behind the type line.
+// How the menu looks; the line after the type line.
 struct AppearanceRecord {
   Value smallIcons;  // 1 when the menu shows small icons, else 0
   Value fontName;    // face name

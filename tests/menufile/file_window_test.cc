@@ -29,16 +29,16 @@ TEST_F(FileWindowTest, ShowsTheFileBlockByBlock) {
   const auto file = OpenWith("abcdefgh");
   FileWindow window(*file, 3);
   EXPECT_EQ("", window.bytes());
-  EXPECT_TRUE(window.ReadOn(0));
+  EXPECT_TRUE(window.Advance(0));
   EXPECT_EQ("abc", window.bytes());
-  EXPECT_TRUE(window.ReadOn(2));
+  EXPECT_TRUE(window.Advance(2));
   EXPECT_EQ("cdef", window.bytes());
   EXPECT_EQ(2u, window.position());
   EXPECT_TRUE(window.MoreFollows());
-  EXPECT_TRUE(window.ReadOn(4));
+  EXPECT_TRUE(window.Advance(4));
   EXPECT_EQ("gh", window.bytes());
   EXPECT_FALSE(window.MoreFollows());
-  EXPECT_FALSE(window.ReadOn(1));
+  EXPECT_FALSE(window.Advance(1));
   EXPECT_EQ("h", window.bytes());
   EXPECT_EQ(7u, window.position());
   EXPECT_EQ((Log{"open to change f", "read from 0: f", "read from 3: f", "read from 6: f",
@@ -58,7 +58,7 @@ TEST_F(FileWindowTest, ShowsAHeadBeforeThePlaceWhereItBegins) {
   const auto file = OpenWith("abcdefgh");
   FileWindow window(*file, 3, "12345", 6);
   EXPECT_EQ("12345", window.bytes());
-  EXPECT_TRUE(window.ReadOn(4));
+  EXPECT_TRUE(window.Advance(4));
   EXPECT_EQ("5gh", window.bytes());
   EXPECT_EQ(4u, window.position());
 }
@@ -66,11 +66,11 @@ TEST_F(FileWindowTest, ShowsAHeadBeforeThePlaceWhereItBegins) {
 TEST_F(FileWindowTest, KeepsWhatWasDroppedUntilMoreIsDropped) {
   const auto file = OpenWith("abcdefghijklmnopqrstuvwxyz");
   FileWindow window(*file, 3);
-  window.ReadOn(0);
+  window.Advance(0);
   const std::string_view first = window.bytes();
-  window.ReadOn(2);
+  window.Advance(2);
   for (int i = 0; i < 4; ++i) {
-    window.ReadOn(0);
+    window.Advance(0);
     EXPECT_EQ("abc", first);
   }
   EXPECT_EQ("cdefghijklmnopqrstuvwxyz", window.bytes());
