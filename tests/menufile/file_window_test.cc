@@ -51,7 +51,7 @@ TEST_F(FileWindowTest, FailsWhereAReadGivesTooLittle) {
   const auto file = OpenWith("abcdefgh");
   files_.SetFault({1, Fault::Kind::EndsEarly, Fault::Done::All});
   FileWindow window(*file, 8);
-  EXPECT_THROW(window.ReadOn(0), Failure);
+  EXPECT_THROW(window.Advance(0), Failure);
 }
 
 TEST_F(FileWindowTest, ShowsAHeadBeforeThePlaceWhereItBegins) {

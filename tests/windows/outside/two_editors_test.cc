@@ -289,7 +289,8 @@ TEST_F(TwoEditorsTest, AQuestionThatIsOutOfDateWhenItIsAnswered) {
   StartAsItStands();
   const HWND question = WaitForDialog("Query?");
   ASSERT_NE(question, nullptr);
-  EXPECT_TRUE(outside::Text(question, outside::kMessageTextId).starts_with("The menu file is invalid"));
+  EXPECT_TRUE(
+      outside::Text(question, outside::kMessageTextId).starts_with("The menu file is invalid"));
   WriteBytes(MenuPath(), changed);
   outside::Click(question, IDYES);
   WaitForForm2();
