@@ -102,7 +102,7 @@ TEST_F(MenuFontTest, OnceTouchedTheDialogGivesAllThatItShows) {
 
 // The dialog of Wine takes no size that is typed.
 TEST_F(MenuFontTest, ASizeBetweenTwoPointsCanBeTyped) {
-  static auto* const find = &GetProcAddress;
+  static decltype(GetProcAddress)* find;
   static constexpr auto typeTenAndAHalf = +[](CHOOSEFONTW* font) -> BOOL {
     const HWND dialog =
         CreateWindowW(L"Static", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
@@ -124,6 +124,7 @@ TEST_F(MenuFontTest, ASizeBetweenTwoPointsCanBeTyped) {
                    ? reinterpret_cast<FARPROC>(reinterpret_cast<void*>(typeTenAndAHalf))
                    : find(library, name);
       });
+  find = import.Former<decltype(GetProcAddress)>();
   Press(IDC_FORM2_COMMAND6);
   EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",10.5,-1,0\r\n");
 }

@@ -17,6 +17,12 @@ class ReplacedImport {
   ReplacedImport& operator=(const ReplacedImport&) = delete;
   ~ReplacedImport();
 
+  // The function that calls went to before. Its own name leads to the other one.
+  template <typename F>
+  F* Former() const {
+    return reinterpret_cast<F*>(former_);
+  }
+
  private:
   ReplacedImport(const char* name, void* replacement, std::nullptr_t);
 
