@@ -132,6 +132,7 @@ void TwoWindows::Start(Window window, bool yes, bool converts, const Fault& faul
       Complain("a start asked where nothing was cut short");
     }
     if (asked && yes) {
+      menu.right.insert(menu.aside.begin(), menu.aside.end());
       opened.AnswerYes();
       SettleOn(menu, Bytes(menu));
     } else if (asked) {
@@ -188,6 +189,9 @@ void TwoWindows::CutPower(PowerCut cut) {
   files_ = Copy(files_->AfterPowerCut(cut));
   for (Menu& menu : menus_) {
     AllowHalfLine(menu);
+    if (menu.declined) {  // what the cut left of it was never flushed
+      menu.right.insert(Bytes(menu));
+    }
   }
   Judge();
 }
@@ -274,14 +278,14 @@ void TwoWindows::SettleOn(Menu& menu, const std::string& bytes) {
 }
 
 void TwoWindows::EarlierFinished(Menu& menu, const std::string& before) {
+  // What was put aside before is still asked for by the next start.
   std::set<std::string> aside = menu.aside;
-  aside.insert(menu.right.begin(), menu.right.end());
-  const bool wasCut = menu.wasCut;
-  SettleOn(menu, Bytes(menu));
-  if (wasCut && Bytes(menu) == before) {  // another window had finished it, or worked on
-    menu.aside = std::move(aside);
-    menu.wasCut = true;
+  if (menu.wasCut && Bytes(menu) == before) {  // another window had finished it, or worked on
+    aside.insert(menu.right.begin(), menu.right.end());
   }
+  SettleOn(menu, Bytes(menu));
+  menu.wasCut = menu.wasCut || !aside.empty();
+  menu.aside = std::move(aside);
 }
 
 void TwoWindows::Made(Window window, const std::string& before,
@@ -318,6 +322,9 @@ void TwoWindows::MayBeMade(Window window, const std::string& before,
   menu.wasCut = true;
   if (menu.right.count(before)) {
     menu.right.insert(outcomes.begin(), outcomes.end());
+  }
+  if (menu.declined) {  // somebody else began to finish it
+    menu.right.insert(Bytes(menu));
   }
   AllowHalfLine(menu);
 }
