@@ -1,4 +1,4 @@
-# Sourced, behind wine_env.sh, by the scripts that look at the editor's windows
+# Sourced, after wine_env.sh, by the scripts that look at the editor's windows
 # on a display of their own.
 
 # The process of an editor that runs.
