@@ -19,8 +19,8 @@
 #include "benchmarks/sample_menu.h"
 #include "menufile/loader.h"
 #include "menufile/rewrite.h"
-#include "tests/menufile/user_change.h"
 #include "tests/menufile/posix_files.h"
+#include "tests/menufile/user_change.h"
 
 namespace bench {
 namespace {

@@ -21,8 +21,6 @@ namespace {
 // The file system gives room to files in blocks.
 constexpr std::size_t kBlock = 4096;
 
-const std::string kInterruptedQuestion =
-    "The last change to the menu file was interrupted.\rWould you like to finish it?";
 const std::string kUpgradeQuestion =
     "The menu file is invalid or a previous version.\rWould you like to update the file?";
 
@@ -109,14 +107,6 @@ class FullDiskTest : public FailingChangesTest {
     FillDisk();
   }
 
-  // After a change that left the menu file cut: it is finished.
-  void RestartAndFinish(const std::string& whole) {
-    StartOn(menuPath_, current_);
-    Answer("Query?", kInterruptedQuestion, IDYES);
-    WaitForForm2();
-    ExpectMenu(whole);
-  }
-
   // Makes the change on the full disk; then there is room again.
   void Try(ChangeKind kind) {
     SCOPED_TRACE(NameOf(kind));
@@ -135,37 +125,20 @@ class FullDiskTest : public FailingChangesTest {
       return;
     }
     ExpectFailureIsShown(kind, *change);
-    const bool isCut = !scratchIsOnSmallDisk_ && needsScratch;
     ++failures_;
-    if (isCut) {
-      ++cut_;
-      const std::string menu = BytesOf(menuPath_);
-      EXPECT_LT(menu.size(), after.size());
-      EXPECT_TRUE(after.starts_with(menu));
-      EXPECT_EQ(Difference(BytesOf(Scratch(kind)), after), "");
-    } else {
-      ExpectMenu(before.Bytes());
-    }
-    if (isCut && (kind == ChangeKind::Separator || kind == ChangeKind::SaveAppearance)) {
-      // There is still no room; the whole menu stays where it is.
-      program().Kill();
-      StartOn(menuPath_, current_);
-      AnswerYes(kInterruptedQuestion);
-      EndAfterMessage();
-      EXPECT_EQ(Difference(BytesOf(Scratch(kind)), after), "");
-    }
+    // That there is no room is known before the menu file is emptied.
+    ExpectMenu(before.Bytes());
     FreeDisk();
-    GoOn(kind, changes, *change, before, isCut);
+    GoOn(kind, changes, *change, before);
   }
 
   void GoOn(ChangeKind kind, Changes& changes, const PreparedChange& change,
-            const KnownMenu& before, bool isCut) {
+            const KnownMenu& before) {
     if (IsWizard(kind) || kind == ChangeKind::SaveDirectory) {
       EXPECT_TRUE(change.Make());
       ExpectMenu(change.after.Bytes());
     } else if (kind == ChangeKind::ChangeIcon) {
-      // Another one, which finishes that one first if it has to.
-      const auto other = changes.Prepare(ChangeKind::MoveDown, isCut ? change.after : before);
+      const auto other = changes.Prepare(ChangeKind::MoveDown, before);
       ASSERT_TRUE(other.has_value());
       EXPECT_TRUE(other->Make());
       ExpectMenu(other->after.Bytes());
@@ -174,9 +147,6 @@ class FullDiskTest : public FailingChangesTest {
       ASSERT_TRUE(again.has_value());
       EXPECT_TRUE(again->Make());
       ExpectMenu(again->after.Bytes());
-    } else if (isCut) {
-      program().Kill();
-      RestartAndFinish(change.after.Bytes());
     } else {
       program().Kill();
       StartOn(menuPath_, current_);
@@ -184,18 +154,6 @@ class FullDiskTest : public FailingChangesTest {
       ExpectNoDialog();
       ExpectMenu(before.Bytes());
     }
-  }
-
-  // The message about a failure that no handler deals with.
-  void EndAfterMessage() {
-    const HWND message = WaitForDialog("Error!");
-    ASSERT_NE(message, nullptr);
-    const std::string text = outside::Text(message, outside::kMessageTextId);
-    EXPECT_TRUE(text.starts_with("Cannot write the file:")) << text;
-    EXPECT_NE(text.find(menuPath_), std::string::npos) << text;
-    outside::Click(message, IDOK);
-    const std::optional<DWORD> code = program().WaitForExit();
-    EXPECT_TRUE(code.has_value() && *code != 0);
   }
 
   void TryAll() {
@@ -238,28 +196,24 @@ class FullDiskTest : public FailingChangesTest {
   bool menuIsOnSmallDisk_ = false;
   bool scratchIsOnSmallDisk_ = false;
   int failures_ = 0;
-  int cut_ = 0;  // menu files, of these
 };
 
 TEST_F(FullDiskTest, TheScratchFiles) {
   Place(false, true);
   TryAll();
   EXPECT_EQ(failures_, 10);  // all but the wizard's add, which needs none
-  EXPECT_EQ(cut_, 0);
 }
 
 TEST_F(FullDiskTest, TheMenuFiles) {
   Place(true, false);
   TryAll();
   EXPECT_EQ(failures_, 6);  // those that make the menu longer
-  EXPECT_EQ(cut_, 5);       // and are no append
 }
 
 TEST_F(FullDiskTest, TheOneOfBoth) {
   Place(true, true);
   TryAll();
   EXPECT_EQ(failures_, 11);
-  EXPECT_EQ(cut_, 0);
 }
 
 TEST_F(FullDiskTest, AnUpgrade) {
@@ -282,20 +236,15 @@ TEST_F(FullDiskTest, ADrop) {
   WaitForForm2();
   const std::string dropped = PathOf("dropped.txt");
   WriteBytes(dropped, "");
-  // The drag ends only once the message is answered: by a thread of its own.
-  const HANDLE answer = CreateThread(
-      nullptr, 0,
-      [](void* test) -> DWORD {
-        static_cast<FullDiskTest_ADrop_Test*>(test)->EndAfterMessage();
-        return 0;
-      },
-      this, 0, nullptr);
   outside::DragTo(List(), DragData::Files({std::wstring(dropped.begin(), dropped.end())}));
-  EXPECT_EQ(WaitForSingleObject(answer, 2 * outside::kPatience), WAIT_OBJECT_0);
-  CloseHandle(answer);
+  const HWND message = WaitForDialog("Error!");
+  ASSERT_NE(message, nullptr);
+  const std::string text = outside::Text(message, outside::kMessageTextId);
+  EXPECT_TRUE(text.starts_with("Cannot write the file:")) << text;
+  EXPECT_NE(text.find(menuPath_), std::string::npos) << text;
+  outside::Click(message, IDOK);
+  EXPECT_TRUE(WaitUntil([&] { return !IsWindow(message); }));
   ExpectMenu(before.Bytes());
-  FreeDisk();
-  StartOn(menuPath_, current_);
-  WaitForForm2();
   EXPECT_EQ(Rows().size(), before.entries.size());
+  FreeDisk();
 }
