@@ -34,7 +34,7 @@ std::optional<HICON> Extract(const std::string& file, int index) {
   if (!win32::MayExtractIcon(file, index)) {
     return nullptr;
   }
-  const auto unwritten = static_cast<HICON>(INVALID_HANDLE_VALUE);
+  auto* const unwritten = static_cast<HICON>(INVALID_HANDLE_VALUE);
   HICON large = unwritten;
   HICON small = nullptr;
   ExtractIconExA(file.c_str(), index, &large, win32::IsWine() ? nullptr : &small, 1);

@@ -65,7 +65,7 @@ class MenuFile {
 
   // How a change uses its scratch file.
   struct ScratchUse {
-    const char* name;
+    const char* name = nullptr;
     // False where a file that is there already is written over from its front, and
     // what is longer in it ends up after the new menu.
     bool deletesFirst = true;

@@ -13,8 +13,8 @@ namespace win32 {
 
 // A window class of Windows, and the styles that make a kind of control of it.
 struct Kind {
-  const wchar_t* windowClass;
-  DWORD style;  // besides WS_CHILD
+  const wchar_t* windowClass = nullptr;
+  DWORD style = 0;  // besides WS_CHILD
   DWORD extendedStyle = 0;
 
   bool Is(const Kind& other) const;
@@ -50,12 +50,12 @@ inline constexpr Kind kTabs{WC_TABCONTROLW, WS_TABSTOP | WS_CLIPSIBLINGS};
 // One control of a window's plan. The order of the rows is the order in which Tab goes
 // round and in which a label names the control right after it, to screen readers too.
 struct ControlRow {
-  int id;
+  int id = 0;
   Kind kind;
-  const wchar_t* text;
-  Place place;
-  unsigned anchors;  // Anchor flags
-  unsigned pages;    // which of the window's pages show it, one bit each
+  const wchar_t* text = nullptr;
+  Place place{};
+  unsigned anchors = 0;  // Anchor flags
+  unsigned pages = 0;    // which of the window's pages show it, one bit each
 
   bool IsOn(unsigned shownPages) const { return (pages & shownPages) != 0; }
 };

@@ -118,10 +118,12 @@ void Form3::Command5Click() {
   try {
     if (editedRow_) {
       ChangeEntry(*editedRow_, *entry);
-    } else if (!form2_.AddEntries({*entry}, true)) {
+    } else if (!form2_.AddEntries({*entry}, true) && !addIsUnfinished_) {
       return;  // another press adds it
     }
   } catch (const menufile::Failure&) {
+    // If so, the next press finishes it.
+    addIsUnfinished_ = !editedRow_ && form2_.menu().HasUnfinished();
     return;  // nothing is told; the wizard stays open
   }
   form2_.CloseChild();

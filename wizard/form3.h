@@ -54,6 +54,7 @@ class Form3 final : public win32::Form {
 
   editor::Form2& form2_;
   std::optional<int> editedRow_;
+  bool addIsUnfinished_ = false;  // the entry of this window was written in part
   // What the menu file has for the boxes.
   win32::ShownBytes target_;
   win32::ShownBytes arguments_;
