@@ -34,7 +34,7 @@ void Checksum::Add(std::string_view bytes) {
   }
   std::uint64_t state = state_;
   for (; bytes.size() >= sizeof word_; bytes.remove_prefix(sizeof word_)) {
-    std::uint64_t word;
+    std::uint64_t word = 0;
     std::memcpy(&word, bytes.data(), sizeof word);
     state = Mix(state, word);
   }

@@ -125,7 +125,7 @@ std::optional<std::string> FontSizeText(double points) {
   // The greatest number has 309 digits before the point, the least 324 zeros and
   // some digits after it.
   char buffer[800];
-  const auto end =
+  auto* const end =
       std::to_chars(buffer, buffer + sizeof buffer, std::fabs(points), std::chars_format::fixed)
           .ptr;
   std::string digits(buffer, end);
