@@ -309,4 +309,12 @@ std::uint64_t WindowsFileSystem::FreeBytes(const std::string& path) {
   return free.QuadPart;
 }
 
+std::uint64_t WindowsFileSystem::Now() {
+  FILETIME now{};
+  GetSystemTimeAsFileTime(&now);
+  const ULARGE_INTEGER time{.u = {now.dwLowDateTime, now.dwHighDateTime}};
+  lastTime_ = std::max<std::uint64_t>(time.QuadPart, lastTime_ + 1);
+  return lastTime_;
+}
+
 }  // namespace editor

@@ -15,6 +15,10 @@ class WindowsFileSystem final : public menufile::FileSystem {
   std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
   std::string Beside(const std::string& path, const std::string& name) override;
   std::uint64_t FreeBytes(const std::string& path) override;
+  std::uint64_t Now() override;
+
+ private:
+  std::uint64_t lastTime_ = 0;
 };
 
 }  // namespace editor

@@ -92,6 +92,10 @@ class FileSystem {
   // How many bytes this user may still write to the disk of the file at `path`.
   virtual std::uint64_t FreeBytes(const std::string& path) = 0;
 
+  // The time, in units of 100 nanoseconds. Each call returns more than all before
+  // it did, in other programs too where the clock is fine enough to tell.
+  virtual std::uint64_t Now() = 0;
+
   // How many bytes of a file that may be large are read or written at a time:
   // few enough for the processor's cache, many enough for each call to be
   // worth it. Tests have less.

@@ -1,7 +1,6 @@
 #include "menufile/menu_file.h"
 
 #include <algorithm>
-#include <chrono>
 #include <exception>
 
 #include "menufile/failure.h"
@@ -128,13 +127,10 @@ std::unique_ptr<File> MenuFile::OpenScratchFile(const char* name) {
 }
 
 Journal MenuFile::NewJournal(File& menu) const {
-  using std::chrono::nanoseconds;
-  const auto now = std::chrono::system_clock::now().time_since_epoch();
   Journal journal;
   journal.menu = menu.FullName();
-  journal.serial =
-      std::max(static_cast<std::uint64_t>(std::chrono::duration_cast<nanoseconds>(now).count()),
-               std::max(asked_, declined_) + 1);
+  // A clock that was set back must not make this change the earlier one.
+  journal.serial = std::max(files_.Now(), std::max(asked_, declined_) + 1);
   return journal;
 }
 

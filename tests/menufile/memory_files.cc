@@ -240,6 +240,11 @@ std::uint64_t MemoryFiles::FreeBytes(const std::string& path) {
   return tellsFree_ ? capacity_ - std::min(capacity_, Used()) : capacity_;
 }
 
+std::uint64_t MemoryFiles::Now() {
+  static std::uint64_t time = 0;
+  return ++time;
+}
+
 std::vector<std::string> MemoryFiles::Writes() const {
   std::vector<std::string> writes;
   for (const std::string& operation : log_) {

@@ -7,8 +7,10 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -182,6 +184,15 @@ std::uint64_t PosixFiles::FreeBytes(const std::string& path) {
   struct statvfs status;
   Require(statvfs(folder_.c_str(), &status) == 0, path, "find the disk of");
   return std::uint64_t{status.f_bavail} * status.f_frsize;
+}
+
+std::uint64_t PosixFiles::Now() {
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  const auto time = static_cast<std::uint64_t>(now.tv_sec) * 10'000'000 +
+                    static_cast<std::uint64_t>(now.tv_nsec) / 100;
+  lastTime_ = std::max(time, lastTime_ + 1);
+  return lastTime_;
 }
 
 }  // namespace menufile

@@ -36,6 +36,7 @@ class PosixFiles final : public FileSystem {
   std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
   std::string Beside(const std::string&, const std::string& name) override { return name; }
   std::uint64_t FreeBytes(const std::string& path) override;
+  std::uint64_t Now() override;
 
  private:
   class OpenFile;
@@ -48,6 +49,7 @@ class PosixFiles final : public FileSystem {
   std::size_t operations_ = 0;
   std::size_t endAt_ = 0;
   std::size_t blockSize_ = FileSystem::BlockSize();
+  std::uint64_t lastTime_ = 0;
 };
 
 }  // namespace menufile

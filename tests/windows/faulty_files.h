@@ -34,6 +34,7 @@ class FaultyFiles final : public menufile::FileSystem {
     return files_.Beside(path, name);
   }
   std::uint64_t FreeBytes(const std::string& path) override { return files_.FreeBytes(path); }
+  std::uint64_t Now() override { return files_.Now(); }
 
  private:
   class FaultyFile;
