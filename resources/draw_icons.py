@@ -267,14 +267,16 @@ def icon_file(draw, sizes, packed):
 
 
 def pictures():
+    # 100, 125, 150 and 200 % of a standard icon, and a small one.
     decoration = (16, 32, 40, 48, 64)
+    packed = (48, 64)
     return {
         "default_menu.ico": ico([(32, 32, 8, icon_image_8(default_menu_icon()))]),
         "application.ico": icon_file(application_icon, (16, 20, 24, 32, 40, 48, 64, 256),
                                      (64, 256)),
-        "contents.ico": icon_file(contents_icon, decoration, (64,)),
-        "folder.ico": icon_file(folder_icon, decoration, (64,)),
-        "appearance.ico": icon_file(appearance_icon, decoration, (64,)),
+        "contents.ico": icon_file(contents_icon, decoration, packed),
+        "folder.ico": icon_file(folder_icon, decoration, packed),
+        "appearance.ico": icon_file(appearance_icon, decoration, packed),
         "wizard.bmp": bmp_8(wizard_banner()),
     }
 

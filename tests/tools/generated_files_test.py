@@ -96,7 +96,7 @@ def check_sizes():
     for name in ("contents", "folder", "appearance"):
         entries = icon_entries(f"{name}.ico")
         check([(w, h, bits) for w, h, bits, _, _ in entries]
-              == [(size, size, 32) for size in (16, 32, 48, 64)], f"{name}.ico: {entries}")
+              == [(size, size, 32) for size in (16, 32, 40, 48, 64)], f"{name}.ico: {entries}")
     pictures = [file for kind in ("*.ico", "*.bmp") for file in (ROOT / "resources").glob(kind)]
     total = sum(file.stat().st_size for file in pictures)
     check(0 < total < PICTURES_LIMIT, f"the pictures have {total} bytes together")
