@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/windows/counted_object.h"
+#include "tests/windows/related_window.h"
 #include "tests/windows/window_tour.h"
 
 namespace {
@@ -177,7 +178,7 @@ class AccessibleNamesTest : public KeepsNames, public WindowTour {
     if (Class(control) == "Button") {
       return WideText(control);
     }
-    const HWND before = GetWindow(control, GW_HWNDPREV);
+    const HWND before = RelatedWindow(control, GW_HWNDPREV);
     return before != nullptr && Class(before) == "Static" ? WideText(before) : std::wstring();
   }
 

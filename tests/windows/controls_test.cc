@@ -4,6 +4,7 @@
 
 #include "resources/version.h"
 #include "tests/windows/form2_test_base.h"
+#include "tests/windows/related_window.h"
 
 using testing_menus::DirectoryMenu;
 using testing_menus::UserDefinedMenu;
@@ -117,7 +118,7 @@ class ControlsTest : public Form2Test {
     auto& [owner, found] = *reinterpret_cast<std::pair<HWND, HWND>*>(data);
     char name[32] = "";
     GetClassNameA(window, name, sizeof name);
-    if (std::string(name) == TOOLTIPS_CLASSA && GetWindow(window, GW_OWNER) == owner) {
+    if (std::string(name) == TOOLTIPS_CLASSA && RelatedWindow(window, GW_OWNER) == owner) {
       found = window;
     }
     return TRUE;

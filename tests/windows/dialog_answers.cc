@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "tests/windows/related_window.h"
 #include "tests/windows/window_bytes.h"
 #include "win32/window_text.h"
 
@@ -91,7 +92,7 @@ void DialogAnswers::Handle(HWND dialog) {
   }
   ShownBox box{WindowBytes(dialog), WindowBytes(message), {}, nullptr, {}};
   box.wideText = win32::WindowText(message);
-  const HWND owner = GetWindow(dialog, GW_OWNER);
+  const HWND owner = RelatedWindow(dialog, GW_OWNER);
   box.owner = owner != nullptr && !IsWindowEnabled(owner) ? owner : nullptr;
   EnumChildWindows(dialog, AddButton, reinterpret_cast<LPARAM>(&box));
   shown_.push_back(box);

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "tests/windows/form2_test_base.h"
+#include "tests/windows/related_window.h"
 #include "tests/windows/replaced_import.h"
 
 using testing_menus::DirectoryMenu;
@@ -227,8 +228,8 @@ TEST_F(KeyboardTest, EscapeDoesNothingAnywhere) {
   for (const std::string& menu :
        {UserDefinedMenu({ItemLine("One", "C:\\windows")}), kDirectoryPointer}) {
     OpenShown(menu);
-    for (HWND control = GetWindow(form().window(), GW_CHILD); control != nullptr;
-         control = GetWindow(control, GW_HWNDNEXT)) {
+    for (HWND control = RelatedWindow(form().window(), GW_CHILD); control != nullptr;
+         control = RelatedWindow(control, GW_HWNDNEXT)) {
       if (IsWindowVisible(control) && (GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) != 0) {
         SetFocus(control);
         Key(VK_ESCAPE);

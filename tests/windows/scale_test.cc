@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include "tests/windows/related_window.h"
 #include "tests/windows/window_tour.h"
 #include "win32/layout.h"
 
@@ -52,8 +53,8 @@ class ScaleTest : public WindowTour {
   // Where each control is, and how far the lists scroll sideways.
   static Places PlacesIn(HWND window) {
     Places places;
-    for (HWND control = GetWindow(window, GW_CHILD); control != nullptr;
-         control = GetWindow(control, GW_HWNDNEXT)) {
+    for (HWND control = RelatedWindow(window, GW_CHILD); control != nullptr;
+         control = RelatedWindow(control, GW_HWNDNEXT)) {
       if (GetDlgCtrlID(control) == IDC_FORM3_LINE) {
         continue;  // it makes itself a little longer, once
       }

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "tests/windows/related_window.h"
+
 using testing_menus::DirectoryMenu;
 using testing_menus::ItemLine;
 using testing_menus::UserDefinedMenu;
@@ -49,8 +51,8 @@ void WindowTour::VisitChild(const std::string& page, const std::string& windowCl
 
 std::vector<HWND> WindowTour::Shown(HWND window) {
   std::vector<HWND> shown;
-  for (HWND control = GetWindow(window, GW_CHILD); control != nullptr;
-       control = GetWindow(control, GW_HWNDNEXT)) {
+  for (HWND control = RelatedWindow(window, GW_CHILD); control != nullptr;
+       control = RelatedWindow(control, GW_HWNDNEXT)) {
     if ((GetWindowLongA(control, GWL_STYLE) & WS_VISIBLE) != 0) {
       shown.push_back(control);
     }

@@ -7,6 +7,7 @@
 #include "tests/windows/icon_files.h"
 #include "tests/windows/outside/keyboard.h"
 #include "tests/windows/outside/outside_test_base.h"
+#include "tests/windows/related_window.h"
 
 using outside::PressKey;
 using outside::TypeText;
@@ -113,8 +114,8 @@ class KeyboardOutsideTest : public OutsideTest {
       return;  // Windows' own
     }
     reached_.insert(GetDlgCtrlID(outside::FocusIn(window_)));
-    for (HWND control = GetWindow(window_, GW_CHILD); control != nullptr;
-         control = GetWindow(control, GW_HWNDNEXT)) {
+    for (HWND control = RelatedWindow(window_, GW_CHILD); control != nullptr;
+         control = RelatedWindow(control, GW_HWNDNEXT)) {
       if (IsWindowVisible(control) && IsWindowEnabled(control) &&
           (GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) != 0) {
         stops_.insert(GetDlgCtrlID(control));
