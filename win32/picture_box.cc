@@ -80,7 +80,7 @@ void PictureBox::Clear() {
   const SIZE size = Size();
   const RECT all{0, 0, size.cx, size.cy};
   const Canvas canvas(bitmap_.get());
-  const auto brush =
+  HBRUSH const brush =
       background_ == kOfParent
           ? reinterpret_cast<HBRUSH>(SendMessageW(GetParent(control_), WM_CTLCOLORSTATIC,
                                                   reinterpret_cast<WPARAM>(canvas.dc.get()),

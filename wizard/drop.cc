@@ -60,6 +60,7 @@ void Form2::List1Drop() {
 void Form2::AddDropped(const std::vector<std::string>& paths) {
   const win32::WaitPointer wait;
   std::vector<menufile::EntryTexts> entries;
+  entries.reserve(paths.size());
   for (const std::string& path : paths) {
     entries.push_back({NameOf(path), path, {}, {}});
   }

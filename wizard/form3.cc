@@ -151,17 +151,18 @@ std::optional<std::string> Form3::Target() const {
 }
 
 std::optional<menufile::EntryTexts> Form3::TypedEntry() const {
-  const struct {
-    const wchar_t* name;
-    int box;
+  struct Field {
+    const wchar_t* name = nullptr;
+    int box = 0;
     std::optional<std::string> bytes;
-  } fields[] = {
+  };
+  const Field fields[] = {
       {L"name", IDC_FORM3_TEXT4, caption_.BytesOf(Text(IDC_FORM3_TEXT4))},
       {L"target", IDC_FORM3_TEXT1, Target()},
       {L"command line", IDC_FORM3_TEXT2, arguments_.BytesOf(Text(IDC_FORM3_TEXT2))},
       {L"start in folder", IDC_FORM3_TEXT3, startIn_.BytesOf(Text(IDC_FORM3_TEXT3))},
   };
-  for (const auto& field : fields) {
+  for (const Field& field : fields) {
     if (!field.bytes) {
       win32::ShowError(window(), std::wstring(L"The ") + field.name + L" " + Text(field.box) +
                                      L" cannot be saved. It has characters that a menu file "
