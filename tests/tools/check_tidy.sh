@@ -3,9 +3,9 @@
 # program: with menufile/ as it is compiled for this machine, with the rest as
 # it is compiled for Windows. Needs build/native and build/windows configured.
 #
-#   tools/check_tidy.sh [FILE_OR_FOLDER...]    these alone
+#   tests/tools/check_tidy.sh [FILE_OR_FOLDER...]    these alone
 set -eu -o pipefail
-cd "$(dirname "$0")/.."
+cd "$(dirname "$0")/../.."
 
 # GCC's library, as the cross compiler has it: clang finds Windows' headers by
 # itself, but not those.

@@ -2,7 +2,7 @@
 # Fails, and shows how, when a C++ file is not as clang-format writes it, or a
 # shell script not as shfmt does.
 set -eu
-cd "$(dirname "$0")/.."
+cd "$(dirname "$0")/../.."
 
 mapfile -t sources < <(
   find . -path ./build -prune -o -path ./.git -prune -o \
