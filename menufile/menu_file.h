@@ -51,7 +51,8 @@ class MenuFile {
   // file that cannot be read is passed over.
   bool WasCutShort();
   // The user's answer to that. Yes finishes the change, unless another window has
-  // done so meanwhile, and throws Failure when it cannot.
+  // done so meanwhile or another whole menu stands there by now, and throws Failure
+  // when it cannot.
   void AnswerYes();
   void AnswerNo() { declined_ = asked_; }
 
@@ -121,6 +122,8 @@ class MenuFile {
   // each other. If `mayFail` is true, files that cannot be read are passed over.
   std::vector<Found> FindJournals(bool mayFail);
   MenuState StateBy(const Found& found);
+  std::uint64_t SumOfMenu();
+  bool IsReplaced(MenuState state);
   bool Settle(const Found& found);
   bool Finish(const Found& found);
   void Retire(const Found& found);
@@ -142,6 +145,7 @@ class MenuFile {
   FileSystem& files_;
   std::string path_;
   std::uint64_t asked_ = 0;     // the serial of the change that WasCutShort() saw
+  std::uint64_t askedSum_ = 0;  // the checksum of the menu file as it was then
   std::uint64_t declined_ = 0;  // the serial of the last change that is not to be finished
   std::optional<std::uint64_t> unfinished_;  // the serial of a change of this object
   std::optional<HalfLine> halfLine_;

@@ -109,12 +109,24 @@ MenuState MenuFile::StateBy(const Found& found) {
   return CompareMenu(*menu, *scratch, found.journal, files_.BlockSize());
 }
 
+std::uint64_t MenuFile::SumOfMenu() {
+  const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Read);
+  return SumOfFirst(*menu, menu->Size(), files_.BlockSize());
+}
+
+// True where somebody has put another menu in the place of the one that was cut short.
+bool MenuFile::IsReplaced(MenuState state) {
+  return state == MenuState::Different &&
+         IsLoadable(*files_.Open(path_, OpenMode::Read), path_, files_.BlockSize());
+}
+
 bool MenuFile::WasCutShort() {
   for (const Found& found : FindJournals(true)) {
     try {
       const MenuState state = StateBy(found);
       if (CanBeFinished(state)) {
         asked_ = found.journal.serial;
+        askedSum_ = SumOfMenu();
         return true;
       }
       if (state == MenuState::Finished) {
@@ -140,6 +152,10 @@ void MenuFile::AnswerYes() {
     const MenuState state = StateBy(found);
     if (state == MenuState::Finished) {
       Retire(found);
+    }
+    if (IsReplaced(state) && SumOfMenu() != askedSum_) {
+      PutAside(found.scratchFile, kOvertaken);  // the answer was about the menu before
+      return;
     }
     isFinished = state == MenuState::Finished || (CanBeFinished(state) && Finish(found));
   }
@@ -186,9 +202,7 @@ bool MenuFile::Settle(const Found& found) {
   if (IsOvertaken(found.scratchFile)) {
     return false;  // the next start asks
   }
-  // Somebody else may have put another menu there since.
-  if (state == MenuState::Different && unfinished_ != serial &&
-      IsLoadable(*files_.Open(path_, OpenMode::Read), path_, files_.BlockSize())) {
+  if (IsReplaced(state) && unfinished_ != serial) {
     PutAside(found.scratchFile, kOvertaken);
     return false;
   }

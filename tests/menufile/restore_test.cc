@@ -256,6 +256,17 @@ TEST(CutShort, IsPutAsideWhereTheMenuIsAnotherByNow) {
 }
 
 // Another program reads the scratch file, so that it cannot be renamed.
+TEST(CutShort, IsNotFinishedOverAMenuThatCameAfterTheQuestion) {
+  Cut cut;
+  MenuFile menu(*cut.next, kMenuPath);
+  ASSERT_TRUE(menu.WasCutShort());
+  const std::string another = UserMenu(2);
+  cut.next->Put(kMenuPath, another);
+  menu.AnswerYes();
+  EXPECT_EQ(another, cut.next->Get(kMenuPath));
+  EXPECT_TRUE(IsAsked(*cut.next)) << "about that menu";
+}
+
 TEST(CutShort, IsCopiedAsideWhereItCannotBeRenamed) {
   Cut cut;
   cut.next->ForbidRemove("zoltempfileoktodelete");
