@@ -145,11 +145,50 @@ def rewrites():
         texts=[b"", b"", b"", b"", b"", b"", b"", b"\xe4\x00\\", b"*.*;<"])
 
 
+JOURNAL, OTHER_MENU, DIALOG, MENU_FOLDER, KEEPS, FINISHED, YES, NOT_REMOVED = (
+    1 << bit for bit in range(8))
+
+
+def journal(flags, menu_bytes, description=b"", head=b"", kind="move_up", cut=0, wrong=(), short=0,
+            kept=None):
+    """`wrong`: places from the journal's end, each with the byte that stands there."""
+    start = bytes([flags, KINDS.index(kind), 1, cut]) + text(description)
+    if flags & JOURNAL:
+        start += b"\x05" + text(head) + (bytes([kept]) if flags & KEEPS else b"")
+        start += bytes([len(wrong)]) + b"".join(bytes(one) for one in wrong) + bytes([short])
+    return start + menu_bytes
+
+
+def journals():
+    whole = menu()
+    head = PICTURE + MARKER
+    description = whole[len(head):]
+    cut = whole[: len(head) + 40]
+    for name, flags in (("no", 0), ("yes", YES), ("other_menu", OTHER_MENU),
+                        ("dialog", DIALOG), ("menu_folder", MENU_FOLDER | YES),
+                        ("not_removed", NOT_REMOVED | YES), ("no_not_removed", NOT_REMOVED)):
+        yield name, journal(JOURNAL | flags, cut, description, head)
+    yield "cut_just_before_the_end", journal(
+        JOURNAL | FINISHED | YES, b"", description, head, cut=1)
+    yield "cut_to_nothing", journal(JOURNAL | FINISHED, b"", description, head, cut=255)
+    yield "finished", journal(JOURNAL | FINISHED, b"", description, head)
+    yield "another_menu_by_now", journal(JOURNAL, menu(ITEMS[:1]), description, head, kind="edit")
+    yield "wrong_checksum", journal(JOURNAL, cut, description, head, wrong=[(0, 1)])
+    yield "wrong_size", journal(JOURNAL, cut, description, head, wrong=[(55, 255), (54, 255)])
+    yield "wrong_description", journal(JOURNAL, cut, description, head, wrong=[(250, 33)])
+    yield "without_its_end", journal(JOURNAL, cut, description, head, short=3)
+    yield "added", journal(JOURNAL | KEEPS | YES, whole[:200], head=ITEMS[0], kept=200)
+    yield "added_not_kept", journal(JOURNAL | KEEPS, whole[:100], head=ITEMS[0], kept=255)
+    yield "raw", journal(0, whole, b"Corvalis journal" + bytes(56))
+    yield "raw_menu", journal(0, whole, menu(ITEMS[:2]), kind="change_icon")
+    yield "empty", b""
+
+
 def main():
     default = pathlib.Path(__file__).parent / "corpus"
     folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else default
     for target, files in (("load", loads()), ("round_trip", round_trips()),
-                          ("rewrite", rewrites())):
+                          ("rewrite", rewrites()), ("journal", journals())):
         (folder / target).mkdir(parents=True, exist_ok=True)
         for name, content in files:
             (folder / target / name).write_bytes(content)
