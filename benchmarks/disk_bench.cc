@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -18,7 +19,7 @@
 #include "benchmarks/iteration_time.h"
 #include "benchmarks/sample_menu.h"
 #include "menufile/loader.h"
-#include "menufile/rewrite.h"
+#include "menufile/menu_file.h"
 #include "tests/menufile/posix_files.h"
 #include "tests/menufile/user_change.h"
 
@@ -37,7 +38,8 @@ void LoadFromDisk(benchmark::State& state) {
     CountingView view;
     {
       const IterationTime time(state);
-      menufile::LoadMenuFile(files, kMenu, "", view);
+      menufile::MenuFile menu(files, kMenu);
+      menufile::LoadMenuFile(menu, "", view);
     }
     if (view.items != entries) {
       state.SkipWithError("not every entry was loaded");
@@ -62,27 +64,39 @@ void FindLineEndsOnDisk(benchmark::State& state) {
   }
 }
 
-// Each iteration begins with the same menu, which is on the disk.
-void Change(benchmark::State& state, UserChange::Kind kind) {
-  const auto entries = static_cast<std::size_t>(state.range(0));
-  const std::string menu = MenuFile(entries);
-  UserChange operation = menufile::SampleChange(kind, entries / 2);
-  operation.picture = DefaultPicture();
-  const menufile::MenuChange change = menufile::ChangeFor(operation);
+// Each iteration begins with the same menu, which is on the disk, and with a window
+// that has changed nothing yet: its later changes cost no more.
+void TimeChanges(benchmark::State& state,
+                 const std::function<menufile::ChangeResult(menufile::MenuFile&)>& change) {
+  const std::string bytes = MenuFile(static_cast<std::size_t>(state.range(0)));
   menufile::PosixFiles files;
   for (auto _ : state) {
-    files.Put(kMenu, menu);
+    files.Put(kMenu, bytes);
     files.Open(kMenu, menufile::OpenMode::Change)->Flush();
+    menufile::MenuFile menu(files, kMenu);
     const IterationTime time(state);
-    if (menufile::RewriteMenuFile(files, kMenu, change) != menufile::RewriteResult::Done) {
-      state.SkipWithError("the menu was not rewritten");
+    if (change(menu) != menufile::ChangeResult::Made) {
+      state.SkipWithError("the menu was not changed");
     }
   }
 }
 
-void MoveUp(benchmark::State& state) { Change(state, UserChange::Kind::MoveUp); }
-void Delete(benchmark::State& state) { Change(state, UserChange::Kind::Delete); }
-void SaveAppearance(benchmark::State& state) { Change(state, UserChange::Kind::SaveAppearance); }
+void TimeChanges(benchmark::State& state, UserChange::Kind kind) {
+  UserChange change = menufile::SampleChange(kind, static_cast<std::size_t>(state.range(0)) / 2);
+  change.appearance.picture = DefaultPicture();
+  TimeChanges(state, [&](menufile::MenuFile& menu) { return Make(menu, change); });
+}
+
+void MoveUp(benchmark::State& state) { TimeChanges(state, UserChange::Kind::MoveUp); }
+void Delete(benchmark::State& state) { TimeChanges(state, UserChange::Kind::Delete); }
+void Edit(benchmark::State& state) { TimeChanges(state, UserChange::Kind::Edit); }
+void SaveAppearance(benchmark::State& state) {
+  TimeChanges(state, UserChange::Kind::SaveAppearance);
+}
+void Add(benchmark::State& state) {
+  const std::vector<menufile::EntryTexts> entries = {SampleChange(UserChange::Kind::Edit).texts};
+  TimeChanges(state, [&](menufile::MenuFile& menu) { return AddEntries(menu, entries, true); });
+}
 
 // A new folder that goes with this object.
 class Folder {
@@ -199,7 +213,9 @@ BENCHMARK(LoadFromDisk)->Apply(EverySize);
 BENCHMARK(FindLineEndsOnDisk)->Apply(EverySize);
 BENCHMARK(MoveUp)->Apply(EverySize);
 BENCHMARK(Delete)->Apply(EverySize);
+BENCHMARK(Edit)->Apply(EverySize);
 BENCHMARK(SaveAppearance)->Apply(EverySize);
+BENCHMARK(Add)->Apply(EverySize);
 BENCHMARK(TwoCopies)->Apply(EverySize);
 BENCHMARK(MoveUpKeyFile)->Apply(EverySize);
 

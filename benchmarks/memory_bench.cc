@@ -12,12 +12,14 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "benchmarks/count_line_ends.h"
 #include "benchmarks/counting_view.h"
 #include "benchmarks/iteration_time.h"
 #include "benchmarks/sample_menu.h"
 #include "menufile/loader.h"
+#include "menufile/menu_file.h"
 
 namespace bench {
 namespace {
@@ -31,26 +33,34 @@ class OneFile final : public menufile::FileSystem {
   std::unique_ptr<menufile::File> Open(const std::string&, menufile::OpenMode) override {
     return std::make_unique<OpenFile>(bytes_);
   }
-  void Remove(const std::string&) override { throw std::logic_error("nothing is to be removed"); }
-  std::uint64_t LastWritten(const std::string&) override { return 0; }
+  std::unique_ptr<menufile::File> OpenIfThere(const std::string&) override { Refuse(); }
+  void Remove(const std::string&) override { Refuse(); }
+  void Rename(const std::string&, const std::string&) override { Refuse(); }
+  std::vector<std::string> FilesThatBeginWith(const std::string&) override { Refuse(); }
+  std::string Beside(const std::string&, const std::string&) override { Refuse(); }
+  std::uint64_t FreeBytes(const std::string&) override { Refuse(); }
+  std::uint64_t Now() override { Refuse(); }
 
  private:
   class OpenFile final : public menufile::File {
    public:
     explicit OpenFile(std::string& bytes) : bytes_(bytes) {}
     std::string ReadAll() override { return std::move(bytes_); }
-    std::size_t Read(std::uint64_t, std::span<char>) override {
-      throw std::logic_error("the file is to be read at once");
-    }
+    std::string FullName() override { Refuse(); }
+    std::uint64_t Size() override { Refuse(); }
+    std::size_t Read(std::uint64_t, std::span<char>) override { Refuse(); }
     void Truncate(std::uint64_t) override { Refuse(); }
-    std::uint64_t SeekToEnd() override { return bytes_.size(); }
+    void Seek(std::uint64_t) override { Refuse(); }
     void Write(std::string_view) override { Refuse(); }
     void Flush() override { Refuse(); }
 
    private:
-    [[noreturn]] static void Refuse() { throw std::logic_error("nothing is to be written"); }
     std::string& bytes_;
   };
+
+  [[noreturn]] static void Refuse() {
+    throw std::logic_error("a menu is loaded by reading the whole file once");
+  }
 
   std::string bytes_;
 };
@@ -63,7 +73,8 @@ void Load(benchmark::State& state) {
     CountingView view;
     {
       const IterationTime time(state);
-      menufile::LoadMenuFile(files, "a.menu", "", view);
+      menufile::MenuFile file(files, "a.menu");
+      menufile::LoadMenuFile(file, "", view);
     }
     if (view.items != entries) {
       state.SkipWithError("not every entry was loaded");

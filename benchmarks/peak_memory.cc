@@ -14,7 +14,7 @@
 #include "benchmarks/counting_view.h"
 #include "benchmarks/sample_menu.h"
 #include "menufile/loader.h"
-#include "menufile/rewrite.h"
+#include "menufile/menu_file.h"
 #include "tests/menufile/posix_files.h"
 #include "tests/menufile/user_change.h"
 
@@ -44,15 +44,15 @@ std::uint64_t Peak() {
 
 void Load(menufile::FileSystem& files) {
   bench::CountingView view;
-  menufile::LoadMenuFile(files, kMenu, "", view);
+  menufile::MenuFile menu(files, kMenu);
+  menufile::LoadMenuFile(menu, "", view);
 }
 
 void Change(menufile::FileSystem& files, UserChange::Kind kind, std::size_t row) {
-  UserChange operation = menufile::SampleChange(kind, row);
-  operation.picture = bench::DefaultPicture();
-  if (menufile::RewriteMenuFile(files, kMenu, menufile::ChangeFor(operation)) !=
-      menufile::RewriteResult::Done) {
-    throw std::runtime_error("the menu was not rewritten");
+  UserChange change = menufile::SampleChange(kind, row);
+  change.appearance.picture = bench::DefaultPicture();
+  if (Make(files, kMenu, change) != menufile::ChangeResult::Made) {
+    throw std::runtime_error("the menu was not changed");
   }
 }
 
