@@ -12,7 +12,8 @@ void BlockWriter::WriteFirst(std::size_t count) {
   try {
     file_.Write(bytes);
   } catch (const Failure&) {
-    // How much of it was written is not known: a second try could only add to it.
+    // Nobody knows how much of it was written, so a second try could write some
+    // bytes twice.
     text_.clear();
     throw;
   }
@@ -22,7 +23,7 @@ void BlockWriter::WriteFirst(std::size_t count) {
 }
 
 void BlockWriter::Copy(File& from, std::uint64_t offset, std::uint64_t count) {
-  // The part to copy is mostly much shorter than a block.
+  // Most pictures are much shorter than a block.
   const auto atOnce = static_cast<std::size_t>(std::min<std::uint64_t>(blockSize_, count));
   FileWindow window(from, atOnce, {}, offset);
   while (count > 0 && window.Advance(window.bytes().size())) {

@@ -11,35 +11,37 @@
 
 namespace menufile {
 
-// Puts together what is written to a file in small pieces, so that it is
-// written in blocks. Its operations throw Failure.
+// Collects small pieces and writes them to a file in blocks. The operations throw
+// Failure.
 class BlockWriter {
  public:
+  // Borrows `file`. `blockSize` is in bytes.
   BlockWriter(File& file, std::size_t blockSize) : file_(file), blockSize_(blockSize) {}
 
-  // What was not written yet. New pieces are appended here.
+  // The bytes not written yet. The caller appends new pieces here.
   std::string& text() { return text_; }
 
-  // The size in bytes and the checksum of all that was written.
+  // The size in bytes and the checksum of everything written so far.
   std::uint64_t size() const { return size_; }
   const Checksum& sum() const { return sum_; }
 
-  // Writes the whole blocks of the text. Called after each piece.
+  // Writes as many whole blocks as the buffer holds. The caller calls it after each
+  // piece.
   void WriteBlocks() {
     if (text_.size() >= blockSize_) {
       WriteFirst(text_.size() - text_.size() % blockSize_);
     }
   }
 
-  // Writes all of the text.
+  // Writes the rest of the buffer.
   void WriteRest() {
     if (!text_.empty()) {
       WriteFirst(text_.size());
     }
   }
 
-  // Copies `count` bytes of another file, from `offset` on, or fewer where it
-  // ends. Writes all of the text but the last block.
+  // Appends `count` bytes of another file, from the 0-based `offset` on, or fewer if
+  // that file ends before. At most the last block stays in the buffer.
   void Copy(File& from, std::uint64_t offset, std::uint64_t count);
 
  private:

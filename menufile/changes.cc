@@ -23,8 +23,8 @@ MenuChange DialogChange(RecordRule rule) {
   return change;
 }
 
-// The counter lags after the exchange. No later record is at `row`, so that is
-// harmless.
+// After the exchange the counter lags by one. That does no harm: the rule compares
+// it with `row` only, and it has passed that.
 MenuChange ExchangeWithNext(std::size_t row) {
   return ListChange(
       [row](std::size_t counter, const MenuItemRecord& record, RecordStream& records) {
@@ -35,8 +35,7 @@ MenuChange ExchangeWithNext(std::size_t row) {
       });
 }
 
-// The record of an entry with these texts and the icon of `old`. It borrows from
-// both.
+// The record with these texts and the icon of `old`. It borrows from both.
 MenuItemRecord WithTexts(const EntryTexts& texts, const MenuItemRecord& old) {
   MenuItemRecord record = old;
   record.caption = Value::Quoted(texts.caption);
@@ -48,11 +47,12 @@ MenuItemRecord WithTexts(const EntryTexts& texts, const MenuItemRecord& old) {
 
 Value Flag(bool flag) { return Value::Bare(flag ? "1" : "0"); }
 
-// Bold and italic are written as the number that has all bits set.
+// The format writes true as -1 for bold and italic, and as 1 elsewhere.
 Value FontFlag(bool flag) { return Value::Bare(flag ? "-1" : "0"); }
 
-// True if a reader could find the marker in the picture, or in the picture and the
-// marker line after it: the marker counts where a CR or the end follows.
+// True if a reader could find the marker inside the picture. A marker counts if a CR
+// follows it. One at the end of the picture counts too, since the CR of the marker
+// line comes next.
 bool HoldsMarker(std::string_view picture) {
   for (std::size_t at = 0; (at = picture.find(kMarkerText, at)) != std::string_view::npos; ++at) {
     const std::string_view rest = picture.substr(at + kMarkerText.size());

@@ -11,22 +11,22 @@
 
 namespace menufile {
 
-// Everything that the user can do to a menu file. Each change but the last is one
-// for RewriteMenuFile(). Texts are in the system's ANSI code page and are written as
-// they stand: one with a double quote does not read back. `row` counts the entries
-// from 0, separators too.
+// Every change that a user can make to a menu file. RewriteMenuFile() applies a
+// MenuChange; AddEntries() applies itself. Texts are in the system's ANSI code page
+// and are written unchanged: a text with a double quote does not read back. `row` is
+// the 0-based number of an entry; separators count.
 
 // Changes to the list of entries. They ignore every failure.
 
-// Exchanges the entry with the one before it; `row` is at least 1.
+// Exchanges the entry with the one before it. `row` is at least 1.
 MenuChange MoveUp(std::size_t row);
 // Exchanges the entry with the one after it.
 MenuChange MoveDown(std::size_t row);
 MenuChange Delete(std::size_t row);
-// Puts a separator in front of the entry.
+// Inserts a separator before the entry.
 MenuChange Separator(std::size_t row);
 
-// What the user says about an entry. The rest of it, its icon, is chosen elsewhere.
+// The fields of an entry that the wizard asks for: all but the icon.
 struct EntryTexts {
   std::string caption;
   std::string target;
@@ -34,11 +34,11 @@ struct EntryTexts {
   std::string startIn;
 };
 
-// The entry keeps its icon.
+// Replaces the texts of the entry, which keeps its icon.
 MenuChange EditEntry(std::size_t row, EntryTexts texts);
 
-// The entry's icon is the one with that index in `iconFile`. A file whose path is
-// just the entry's caption is stored as an empty text.
+// Gives the entry the icon `iconIndex` of `iconFile`, both as the file is to hold
+// them. If `iconFile` equals the entry's caption, an empty text is stored instead.
 MenuChange ChangeIcon(std::size_t row, std::string iconFile, std::string iconIndex);
 
 struct Appearance {
@@ -47,11 +47,12 @@ struct Appearance {
   double fontPoints = 0;
   bool fontBold = false;
   bool fontItalic = false;
-  std::string picture;  // a picture file, which becomes the head of the menu file
+  std::string picture;  // the bytes of an icon or bitmap file; the menu file begins with them
 };
 
-// Always makes the menu a user-defined one. Throws Failure, with `path`, when the
-// font size is no number or when a reader would find the marker in the picture.
+// The menu becomes a user-defined one, whatever its type was. Throws Failure if the
+// font size is not finite, or if a reader would find the marker in the picture.
+// `path` is the file that the Failure names.
 MenuChange SaveAppearance(const Appearance& appearance, const std::string& path);
 
 struct Directory {
@@ -64,14 +65,14 @@ struct Directory {
 
 MenuChange SaveDirectory(const Directory& directory);
 
-// Makes the menu a directory pointer to "C:\"; its entries are dropped.
+// Makes the menu a directory pointer to "C:\". Its entries are dropped.
 MenuChange SwitchToDirectory();
-// Makes the menu an empty user-defined list.
+// Makes the menu a user-defined one without entries.
 MenuChange SwitchToUserDefined();
 
-// Adds entries without an icon of their own after the last one, as one change: all
-// of them or, when it throws Failure, none. If `deletesScratchFile` is true, the
-// scratch file "zoltempfileoktodelete" is deleted first, as an edit does.
+// Adds entries after the last one. The new entries have no icon of their own. Adds
+// all of them, or none and throws Failure. If `deletesScratchFile` is true, the
+// scratch file "zoltempfileoktodelete" is deleted first, as EditEntry() does.
 ChangeResult AddEntries(MenuFile& menu, const std::vector<EntryTexts>& entries,
                         bool deletesScratchFile);
 

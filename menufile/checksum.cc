@@ -6,8 +6,8 @@
 namespace menufile {
 namespace {
 
-// An odd number with its bits well spread: each bit of the word ends up in many
-// bits of the product, and no two words give the same one.
+// An odd number with well spread bits. Multiplying by it moves each bit of a word
+// into many bits of the product, and two different words give different products.
 constexpr std::uint64_t kSpread = 0xD6E8FEB86659FD93;
 
 constexpr std::uint64_t Mix(std::uint64_t state, std::uint64_t word) {

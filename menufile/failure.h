@@ -8,16 +8,15 @@
 
 namespace menufile {
 
-// What every operation of this folder throws when it cannot go on. It tells
-// the user which file it was about, what was being done to it and why that did
-// not work.
+// Thrown by every operation of this folder that cannot go on. It tells the user
+// which file was used, what was being done to it, and why that failed.
 class Failure : public std::exception {
  public:
   // `path` as it was given to the operation, in the system's ANSI code page.
   // `doing` continues the sentence "Cannot ...", for example "open the file".
   // `reason` is a sentence of its own, without the full stop.
-  // `offset` is the 0-based position in bytes at which reading stopped; it is
-  // absent where no position is to blame (the file could not be opened, say).
+  // `offset` is the 0-based position in bytes at which reading stopped. It is
+  // absent if the failure has no position: the file could not be opened, say.
   Failure(std::string path, std::string doing, std::string reason,
           std::optional<std::uint64_t> offset = std::nullopt);
 
@@ -26,7 +25,7 @@ class Failure : public std::exception {
   const std::string& reason() const { return reason_; }
   std::optional<std::uint64_t> offset() const { return offset_; }
 
-  // All of it as text for a message box:
+  // The whole message, as text for a message box:
   // "Cannot read entry 3, field startIn, of the file:\nC:\a.menu\n\n
   //  The file ends too early (at byte offset 2310)."
   const char* what() const noexcept override { return message_.c_str(); }

@@ -12,17 +12,17 @@
 namespace menufile {
 
 enum class OpenMode {
-  // An existing file for reading, whatever other programs do with it.
+  // An existing file for reading. Others may read, write and delete it meanwhile.
   Read,
-  // An existing file for reading and writing, while no one else may write it.
+  // An existing file for reading and writing. No one else may write it meanwhile.
   Change,
-  // A file for reading and writing, made if there is none; what it holds
-  // already stays. No one else may write or delete it meanwhile.
+  // A file for reading and writing, made if there is none. It keeps the bytes that
+  // it holds. No one else may write or delete it meanwhile.
   Create,
 };
 
-// An open file. The destructor closes it. Offsets and sizes are in bytes, and
-// offsets count from 0.
+// An open file. The destructor closes it. Offsets and sizes are in bytes; offsets
+// are 0-based. Every operation throws Failure if it fails.
 class File {
  public:
   File() = default;
@@ -30,18 +30,18 @@ class File {
   File& operator=(const File&) = delete;
   virtual ~File() = default;
 
-  // The file's full name: the same text each time the file is opened, whatever
-  // path, current directory or letter case it was opened with, and another text
-  // for any other file. It is only compared, never opened.
+  // A name that identifies the file. It is the same whatever path, current directory
+  // or letter case the file was opened with, and different for every other file. It
+  // is for comparing only: no file is opened by it.
   virtual std::string FullName() = 0;
 
   virtual std::uint64_t Size() = 0;
 
-  // All bytes of the file, from its first one.
+  // All bytes of the file.
   virtual std::string ReadAll() = 0;
 
-  // Reads the bytes from `offset` on and returns how many there were: as many
-  // as fit into `bytes`, fewer only where the file ends.
+  // Reads from `offset` on into `bytes` and returns the number of bytes read. It is
+  // less than the size of `bytes` only if the file ends there.
   virtual std::size_t Read(std::uint64_t offset, std::span<char> bytes) = 0;
 
   // Cuts the file to its first `size` bytes. The next Write() starts there.
@@ -50,18 +50,18 @@ class File {
   // The next Write() starts at `offset`.
   virtual void Seek(std::uint64_t offset) = 0;
 
-  // Writes all of `bytes`. The first Write() starts at the first byte of the
-  // file, each further one where the last ended.
+  // Writes all of `bytes`. The first Write() starts at the first byte of the file,
+  // each later one where the last one ended.
   virtual void Write(std::string_view bytes) = 0;
 
-  // Returns once everything written stands on the disk itself.
+  // Returns after everything written has reached the disk itself.
   virtual void Flush() = 0;
 };
 
-// The files as this folder sees them: everything that it does to a disk goes
-// through here, so that tests can make any of it fail. Paths are in the
-// system's ANSI code page; one without a folder means the current directory.
-// Every operation throws Failure when it did not succeed.
+// The file system that this folder uses. Every access to a disk goes through it, so
+// that tests can make any of them fail. Paths are in the system's ANSI code page; a
+// path without a folder means the current directory. Every operation throws Failure
+// if it fails.
 class FileSystem {
  public:
   FileSystem() = default;
@@ -71,34 +71,33 @@ class FileSystem {
 
   virtual std::unique_ptr<File> Open(const std::string& path, OpenMode mode) = 0;
 
-  // Opens the file for reading, as OpenMode::Read does. Returns nullptr when
-  // there is no such file, or a folder of that name; a file that cannot be opened
-  // is a failure.
+  // Opens the file with OpenMode::Read. Returns nullptr if there is no such file, or
+  // if a folder has that name. A file that cannot be opened is a failure.
   virtual std::unique_ptr<File> OpenIfThere(const std::string& path) = 0;
 
-  // Deletes the file. One that does not exist is a failure.
+  // Deletes the file. It is a failure if there is none.
   virtual void Remove(const std::string& path) = 0;
 
-  // Gives the file another name in the same folder. A file that has that name
-  // already is a failure, and stays.
+  // Gives the file another name in the same folder. It is a failure if a file has
+  // that name already; that file stays.
   virtual void Rename(const std::string& path, const std::string& newPath) = 0;
 
-  // The paths of all files that begin with `prefix`, a path itself. In no order.
+  // The paths of all files whose path begins with `prefix`, in no order.
   virtual std::vector<std::string> FilesThatBeginWith(const std::string& prefix) = 0;
 
   // The path of the file `name` in the folder of the file at `path`.
   virtual std::string Beside(const std::string& path, const std::string& name) = 0;
 
-  // How many bytes this user may still write to the disk of the file at `path`.
+  // The number of bytes that this user may still write to the disk of the file.
   virtual std::uint64_t FreeBytes(const std::string& path) = 0;
 
-  // The time, in units of 100 nanoseconds. Each call returns more than all before
-  // it did, in other programs too where the clock is fine enough to tell.
+  // The time, in units of 100 nanoseconds. Each call returns more than every call
+  // before it. Calls in other programs count too if the clock is fine enough.
   virtual std::uint64_t Now() = 0;
 
-  // How many bytes of a file that may be large are read or written at a time:
-  // few enough for the processor's cache, many enough for each call to be
-  // worth it. Tests have less.
+  // The number of bytes of a large file that are read or written at a time. They fit
+  // into the processor's cache, and they are many enough to make each call worth its
+  // time. Tests use fewer.
   virtual std::size_t BlockSize() const { return std::size_t{64} * 1024; }
 };
 

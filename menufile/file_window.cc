@@ -14,8 +14,8 @@ FileWindow::FileWindow(File& file, std::size_t blockSize, std::string_view head,
 
 bool FileWindow::Advance(std::size_t count) {
   const std::string_view kept = bytes().substr(count);
-  // What is kept doubles with each call: a record that is longer than a block is
-  // looked at again only a few times.
+  // A record longer than a block is read again from its start after each call. The
+  // window doubles each time, so that there are few such calls.
   const std::size_t wanted = moreFollows_ ? std::max(blockSize_, kept.size()) : 0;
   const std::size_t needed = kept.size() + wanted;
   if (count > 0 || current_.size < needed) {

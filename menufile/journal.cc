@@ -51,7 +51,8 @@ std::string ReadPart(File& file, std::uint64_t offset, std::uint64_t size) {
   return bytes;
 }
 
-// The footer, where the sizes that it tells are those of the file.
+// The numbers of the footer; nothing if the file has no footer, or if the sizes in it
+// do not add up to the size of the file.
 std::optional<Numbers> ReadFooter(File& scratch, std::uint64_t size) {
   if (size < kFooterSize) {
     return std::nullopt;
@@ -72,11 +73,14 @@ std::optional<Numbers> ReadFooter(File& scratch, std::uint64_t size) {
   return numbers;
 }
 
-// Which of two files ended where their bytes stopped being the same.
+// The place where two files stop being equal: which of them ends there. Neither does
+// if their bytes differ.
 struct Common {
   bool leftEnded;
   bool rightEnded;
 };
+
+// Compares all of `left` with the first `rightSize` bytes of `right`.
 
 Common CompareFrom(FileWindow left, FileWindow right, std::uint64_t rightSize) {
   std::string_view inLeft = left.bytes();
@@ -172,7 +176,7 @@ MenuState CompareMenu(File& menu, File& scratch, const Journal& journal, std::si
   const Common common =
       CompareFrom({menu, blockSize, {}, journal.keptSize}, {scratch, blockSize, journal.head},
                   journal.head.size() + journal.descriptionSize);
-  // What was added after entries that were added does not undo those.
+  // Bytes that follow the added entries came later and do not undo them.
   const bool isAdding = journal.descriptionSize == 0;
   if (common.rightEnded && (common.leftEnded || isAdding)) {
     return MenuState::Finished;

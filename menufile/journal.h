@@ -11,69 +11,73 @@
 
 namespace menufile {
 
-// What it takes to finish a change to a menu file that was cut short while the
-// menu file was being written: by a power cut, say, or because the disk went
-// away. The journal stands in the scratch file, after the description, for just
-// as long as the menu file is not whole:
+// The journal of a change: all that is needed to finish the change if a crash, a
+// power cut or a lost disk interrupts it while the menu file is being written. It
+// stands in the scratch file, after the description, from before the menu file is
+// touched until the menu file is complete:
 //
 //   scratch file                  menu file          a crash here leaves
 //   -------------------------     ---------------    ------------------------------
-//   a part of the description     old                the old menu
+//   a prefix of the description   old                the old menu
 //   description, no journal       old                the old menu
 //   description, journal          old                a change to finish
 //   description, journal          cut, mixed, empty  a change to finish
-//   description, journal          new                nothing to do: the menu is as
-//                                                    the journal says
+//   description, journal          new                the new menu: nothing to do
 //   description, no journal       new                the new menu
 //   (deleted)                     new                the new menu
 //
-// A part of a journal is none: its checksum covers all of the scratch file.
+// A journal that was written in part does not count, because its checksum covers the
+// whole scratch file.
 //
 //   scratch file = description, head, name, footer
 //   footer       = "Corvalis journal", and seven 64-bit numbers, lowest byte
 //                  first: size of the description, of the head and of the name,
-//                  keptSize, keptSum, serial, checksum of all bytes before
+//                  keptSize, keptSum, serial, checksum of all bytes before it
+//
+// Sizes are in bytes.
 struct Journal {
-  // The menu file that is changed, by its File::FullName().
+  // The File::FullName() of the menu file that is changed.
   std::string menu;
-  // Tells which of two journals of one menu is the later one: the greater.
+  // The later of two journals of one menu has the greater serial.
   std::uint64_t serial = 0;
-  // The menu file as it is to be begins with so many bytes that it holds already and
-  // that the change does not write near to. It is 0 for every change but the adding
-  // of entries.
+  // The finished menu file has three parts. First come the bytes that it holds
+  // already and that the change does not touch. Only adding entries keeps any.
   std::uint64_t keptSize = 0;
-  // The SumBefore() of those.
+  // The SumBefore() of keptSize in the menu file.
   std::uint64_t keptSum = 0;
-  // Then come these bytes: a new picture; or the lines of new entries, with what
-  // stands before them in the same block of the disk.
+  // Then come these bytes: a new picture, or the lines of new entries, with the old
+  // bytes before them in the same block of the disk.
   std::string head;
-  // Then so many bytes from the front of the scratch file: 0 where entries are added.
+  // Then come the first bytes of the scratch file, as many as this. Adding entries
+  // has none.
   std::uint64_t descriptionSize = 0;
 
+  // The size of the finished menu file.
   std::uint64_t FinishedSize() const { return keptSize + head.size() + descriptionSize; }
 };
 
-// Writes the journal after the description, whose checksum is `description`, and
-// waits until the scratch file is on the disk. Then reads all of it back. Throws
-// Failure when that is not what was written.
+// Writes the journal after the description and flushes the scratch file. Then reads
+// it all back, and throws Failure if the journal is not found. `description` is the
+// checksum of the description. `path` is what a Failure calls the scratch file.
 void WriteJournal(File& scratch, const std::string& path, const Journal& journal,
                   const Checksum& description, std::size_t blockSize);
 
-// The journal of a scratch file; nothing when it holds none, or a part of one.
+// The journal of a scratch file; nothing if it holds no complete journal.
 std::optional<Journal> ReadJournal(File& scratch, std::size_t blockSize);
 
 // The checksum of the first `size` bytes.
 std::uint64_t SumOfFirst(File& file, std::uint64_t size, std::size_t blockSize);
 
-// The checksum of the bytes before `offset`, or of the last 4096 of those.
+// The checksum of the bytes before `offset`, or of the last 4096 of them if there are
+// more.
 std::uint64_t SumBefore(File& file, std::uint64_t offset);
 
-// How the menu file compares with what the journal's change was to leave.
+// The menu file compared with the finished menu file of a journal.
 enum class MenuState {
-  Finished,   // it is just that
-  CutShort,   // it is a strict prefix of that
-  Different,  // it holds other bytes
-  Replaced,   // it does not even hold what the change was to keep
+  Finished,   // equal; after added entries, more bytes may follow
+  CutShort,   // a strict prefix
+  Different,  // other bytes
+  Replaced,   // even the bytes that the change was to keep are others
 };
 MenuState CompareMenu(File& menu, File& scratch, const Journal& journal, std::size_t blockSize);
 

@@ -11,9 +11,8 @@
 
 namespace menufile {
 
-// What shows a menu: the loader hands over the parts of the file in the order
-// in which they stand. Records borrow from the loader and are good only until
-// the call returns.
+// Shows a menu. The loader passes the parts of the file in the order in which they
+// stand. Records borrow from the loader and are valid only until the call returns.
 class MenuView {
  public:
   MenuView() = default;
@@ -21,27 +20,26 @@ class MenuView {
   MenuView& operator=(const MenuView&) = delete;
   virtual ~MenuView() = default;
 
-  // The file holds no marker line. True when the user wants it converted.
+  // The file has no marker line. Returns true if the user wants it converted.
   virtual bool ConfirmUpgrade() = 0;
 
   virtual void ShowAppearance(const AppearanceRecord& appearance) = 0;
 
-  // `row` counts from 0 in each load. Nothing was cleared before row 0.
+  // `row` is 0-based. The loader does not ask to clear the rows of an earlier load.
   virtual void AppendItem(std::size_t row, const MenuItemRecord& item) = 0;
 
   virtual void ShowDirectoryPointer(const DirectoryPointerRecord& directory) = 0;
 };
 
 // Reads the menu file into `view`. A file without a marker line is invalid or of a
-// previous version: the view is asked, and on yes the file is converted
-// (UpgradeMenuFile(), with `defaultPicture` as its new picture) and read again, as
-// often as that does not help. A menu type that is neither of the two known ones
-// shows the appearance and nothing else. A change of this window that was cut
-// short is finished first.
+// previous version. Then the view asks the user. On yes the file is converted by
+// UpgradeMenuFile(), with `defaultPicture` as its picture, and read again; the
+// question comes again while that does not help. A menu of an unknown type shows its
+// appearance and nothing else. If a change of this window was interrupted, it is
+// finished first.
 //
-// Returns false when the user declined; the file is as it was. Throws Failure when
-// the file cannot be opened or ends too early; the view keeps what it was given
-// before.
+// Returns false if the user declined; the file is unchanged. Throws Failure if the
+// file cannot be opened or ends too early; the view keeps what it was given before.
 bool LoadMenuFile(MenuFile& menu, std::string_view defaultPicture, MenuView& view);
 
 // The fields of one entry, as text.
@@ -54,10 +52,10 @@ struct MenuEntry {
   std::string iconIndex;
 };
 
-// Reads the entry of that number, the top one being 0, of a user-defined menu. A
-// change that was cut short is finished first: nothing then, since the entries may
-// be others than what is shown. Throws Failure when the file cannot be read or ends
-// before the entry does.
+// Reads the entry with that 0-based number of a user-defined menu. If an interrupted
+// change had to be finished first, returns nothing: the entries may differ from those
+// that the window shows. Throws Failure if the file cannot be read, or ends before
+// the end of the entry.
 std::optional<MenuEntry> ReadMenuEntry(MenuFile& menu, std::size_t number);
 
 }  // namespace menufile

@@ -11,8 +11,8 @@
 namespace menufile {
 namespace {
 
-// Cuts the menu file to what the change keeps of it. Where that fails and the new
-// menu is not shorter than the old one, it will be written over all of that.
+// Cuts the menu file to the bytes that the change keeps. A failure matters only if
+// the new menu is shorter than the old one: a longer one is written over all of it.
 void MakeRoom(File& menu, const Journal& journal) {
   if (menu.Size() <= journal.keptSize) {
     return;
@@ -26,7 +26,7 @@ void MakeRoom(File& menu, const Journal& journal) {
   }
 }
 
-// Adds what the file holds from `offset` on to a checksum.
+// Adds the bytes of the file from `offset` on to a checksum.
 void AddTo(Checksum& sum, File& file, std::uint64_t offset, std::size_t blockSize) {
   if (file.Size() <= offset) {
     return;
@@ -37,7 +37,7 @@ void AddTo(Checksum& sum, File& file, std::uint64_t offset, std::size_t blockSiz
   }
 }
 
-// True if the file ends where it did before something was added to it.
+// Cuts added lines off again. Returns true if that worked.
 bool TakeBackLines(File& menu, std::uint64_t oldSize) {
   try {
     menu.Truncate(oldSize);
@@ -98,7 +98,7 @@ void MenuFile::FreeScratchFile(const char* name, bool deletes) {
     const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
     hasJournal = journal.has_value();
     if (hasJournal && journal->menu == menuName) {
-      // It came since FinishEarlier() looked, or could not be read then.
+      // It came after FinishEarlier() looked, or could not be read then.
       throw Failure(path_, "change the file", "Another change to it has not ended");
     }
     holdsMenu = HasMarkerLine(*scratch, files_.BlockSize());
@@ -110,8 +110,8 @@ void MenuFile::FreeScratchFile(const char* name, bool deletes) {
   }
 }
 
-// Opens a scratch file whose name was made free. What it holds stays, unless it is
-// a menu.
+// Opens a scratch file after FreeScratchFile(). Its old bytes stay, unless they are a
+// menu.
 std::unique_ptr<File> MenuFile::OpenScratchFile(const char* name) {
   std::unique_ptr<File> scratch = files_.Open(name, OpenMode::Create);
   if (scratch->Size() > 0) {
@@ -129,7 +129,7 @@ std::unique_ptr<File> MenuFile::OpenScratchFile(const char* name) {
 Journal MenuFile::NewJournal(File& menu) const {
   Journal journal;
   journal.menu = menu.FullName();
-  // A clock that was set back must not make this change the earlier one.
+  // Even if the clock was set back, this change must be the later one.
   journal.serial = std::max(files_.Now(), std::max(asked_, declined_) + 1);
   return journal;
 }
@@ -148,7 +148,7 @@ void MenuFile::Replace(const ScratchUse& use, std::string_view head,
       throw;
     }
     out.WriteRest();
-    // What an old scratch file holds beyond that belongs to the description.
+    // The rest of an old, longer scratch file belongs to the description.
     Checksum sum = out.sum();
     const std::uint64_t size = std::max(out.size(), scratch->Size());
     AddTo(sum, *scratch, out.size(), files_.BlockSize());
@@ -175,10 +175,11 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
     if (journal.FinishedSize() > oldSize + files_.FreeBytes(path_)) {
       throw Failure(path_, "write the file", "There is not enough space on the disk");
     }
-    MakeOldJournalsGoneForGood(menu, name);
+    MakeDeletionsDurable(menu, name);
   } catch (const std::exception&) {
     DropJournal(scratch, journal);
-    // Where that fails too, nobody is to finish what was told to have failed.
+    // The caller reports a failure, so nobody must finish this change, even if the
+    // journal could not be dropped.
     declined_ = std::max(declined_, journal.serial);
     throw;
   }
@@ -199,7 +200,7 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
   try {
     scratch.Truncate(journal.descriptionSize);
   } catch (const Failure&) {
-    // The menu file is as this journal says: it asks for nothing any more.
+    // The menu file is as this journal says, so the journal does no harm.
   }
 }
 
@@ -210,7 +211,7 @@ void MenuFile::Append(const char* name, std::string_view lines) {
   if (size > 0) {
     ReadToEnd(*menu, size - 1, {&last, 1});
   }
-  // Two entries on one line would be none.
+  // A new entry on the end of an unended line would spoil both.
   const bool isEnded = last == '\r' || last == '\n';
   AddLines(*menu, name, (isEnded ? "" : "\r\n") + std::string(lines));
 }
@@ -218,7 +219,8 @@ void MenuFile::Append(const char* name, std::string_view lines) {
 void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) {
   const std::uint64_t oldSize = menu.Size();
   Journal journal = NewJournal(menu);
-  // A power cut may tear the block that is being written, with the old bytes in it.
+  // A power cut may tear the disk block that is being written, and with it the old
+  // bytes in that block.
   constexpr std::uint64_t kDiskBlock = 4096;
   journal.keptSize = oldSize - oldSize % kDiskBlock;
   journal.keptSum = SumBefore(menu, journal.keptSize);
@@ -236,7 +238,7 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
     }
   };
   try {
-    MakeOldJournalsGoneForGood(menu, hasJournal ? name : "");
+    MakeDeletionsDurable(menu, hasJournal ? name : "");
     menu.Seek(oldSize);
     menu.Write(lines);
     menu.Flush();
@@ -255,7 +257,7 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
   closeJournal();
 }
 
-// Returns nullptr where the name is taken, or where the folder takes no file.
+// Returns nullptr if the name is taken, or if the folder takes no file.
 std::unique_ptr<File> MenuFile::OpenJournal(const char* name, const Journal& journal) {
   try {
     if (files_.OpenIfThere(name) != nullptr) {
@@ -268,7 +270,7 @@ std::unique_ptr<File> MenuFile::OpenJournal(const char* name, const Journal& jou
   try {
     scratch = files_.Open(name, OpenMode::Create);
     if (scratch->Size() > 0) {
-      return nullptr;  // another editor was quicker
+      return nullptr;  // another editor wrote it just now
     }
     WriteJournal(*scratch, name, journal, Checksum(), files_.BlockSize());
     return scratch;
@@ -283,12 +285,12 @@ std::unique_ptr<File> MenuFile::OpenJournal(const char* name, const Journal& jou
   return nullptr;
 }
 
-// After a power cut, a file that was deleted but never flushed may be there again:
-// with the journal of a change that was finished, which another change through the
-// other scratch file has overtaken since. The flush of this change's own scratch
-// file is proof for its own name. For the other name it takes a flush too, unless
-// the change before this one was of this object and proved it.
-void MenuFile::MakeOldJournalsGoneForGood(File& menu, const std::string& used) {
+// Makes the deletion of earlier journals durable. A power cut may bring back a file
+// that was deleted but never flushed, with the journal of a finished change. If this
+// change used the other scratch file, that journal would undo it. The flush of this
+// change's own scratch file settles that name. The other name needs a flush as well,
+// unless the change before was of this object and did it.
+void MenuFile::MakeDeletionsDurable(File& menu, const std::string& used) {
   if (IsAsLeft(menu, used)) {
     return;
   }
@@ -303,13 +305,14 @@ void MenuFile::MakeOldJournalsGoneForGood(File& menu, const std::string& used) {
         RemoveScratchFile(files_, name);
       }
     } catch (const Failure&) {
-      // In a folder that takes no file there was never one.
+      // A folder that takes no file never had a journal.
     }
   }
 }
 
 bool MenuFile::IsAsLeft(File& menu, const std::string& scratchFile) const {
-  constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 20;  // more take longer than a flush
+  constexpr std::uint64_t kMostBytes = std::uint64_t{1}
+                                       << 20;  // reading more takes longer than a flush
   return left_ && left_->scratchFile == scratchFile && left_->size <= kMostBytes &&
          menu.Size() == left_->size &&
          SumOfFirst(menu, left_->size, files_.BlockSize()) == left_->sum;

@@ -12,8 +12,8 @@
 namespace menufile {
 namespace {
 
-// The first quote, or the end. Eight bytes at a time: fields are so short that
-// calling the library for each would take longer than the search.
+// The first quote, or `end`. It looks at eight bytes at a time: fields are so short
+// that a library call for each would take longer than the search.
 inline const char* FindQuote(const char* at, const char* end) {
   using Word = std::uint64_t;
   static_assert(std::endian::native == std::endian::little);
@@ -25,7 +25,8 @@ inline const char* FindQuote(const char* at, const char* end) {
   for (Word word = 0; end - at >= std::ptrdiff_t{sizeof word}; at += sizeof word) {
     std::memcpy(&word, at, sizeof word);
     word ^= kLowBits * '"';
-    // The lowest bit that this leaves is in the lowest byte that is zero.
+    // A quote has become a zero byte. The lowest bit set in `zeros` lies in the first
+    // such byte.
     if (const Word zeros = (word - kLowBits) & ~word & kHighBits) {
       return at + std::countr_zero(zeros) / 8;
     }
@@ -33,7 +34,7 @@ inline const char* FindQuote(const char* at, const char* end) {
   return std::find(at, end, '"');
 }
 
-// The comma or the line end that a field ends with, or the end.
+// The comma or line end after a field, or `end`.
 const char* FindFieldEnd(const char* at, const char* end) {
   while (at != end && *at != ',' && *at != '\r' && *at != '\n') {
     ++at;
@@ -41,10 +42,10 @@ const char* FindFieldEnd(const char* at, const char* end) {
   return at;
 }
 
-// The field ends of an entry in the usual layout: five texts with nothing between
-// them but a comma, then digits or nothing, and CR LF.
+// The field ends of an entry in the usual layout: five quoted texts with a comma
+// after each, then digits or nothing, then CR LF.
 struct PlainItem {
-  std::array<const char*, 5> quotes{};  // that close the texts
+  std::array<const char*, 5> quotes{};  // the closing quotes of the texts
   const char* lineEnd = nullptr;        // nullptr for any other layout
 };
 
@@ -71,7 +72,7 @@ inline PlainItem FindPlainItem(const char* at, const char* end) {
 
 MenuItemRecord RecordOf(const char* begin, const PlainItem& item) {
   const auto& [a, b, c, d, e] = item.quotes;
-  constexpr int kBetween = 3;  // a quote, a comma and a quote
+  constexpr int kBetween = 3;  // the length of `","`
   return {Value::Quoted({begin + 1, a}),    Value::Quoted({a + kBetween, b}),
           Value::Quoted({b + kBetween, c}), Value::Quoted({c + kBetween, d}),
           Value::Quoted({d + kBetween, e}), Value::Bare({e + 2, item.lineEnd})};
@@ -83,8 +84,7 @@ bool MenuReader::SkipMarkerLine() { return SkipMarker(true).has_value(); }
 
 std::optional<std::uint64_t> MenuReader::SkipMarker() { return SkipMarker(false); }
 
-// A line ends at a CR, whose LF belongs to it if one follows. A lone LF, which
-// a picture may well hold, ends none.
+// A line ends at a CR or at CR LF. A lone LF, which a picture may hold, ends no line.
 std::optional<std::uint64_t> MenuReader::SkipMarker(bool wholeLine) {
   constexpr std::size_t kLineEnd = 2;
   const auto beginsLine = [this](std::size_t at) {
@@ -94,7 +94,8 @@ std::optional<std::uint64_t> MenuReader::SkipMarker(bool wholeLine) {
   for (;;) {
     const std::size_t at = std::min(bytes_.find(kMarkerText, offset_), bytes_.size());
     const std::size_t end = at + kMarkerText.size();
-    // A line end that is the last of the bytes may be half of one.
+    // The bytes in memory may end inside the marker or its line end: read more before
+    // judging them.
     if (moreFollows_ && end + kLineEnd >= bytes_.size()) {
       const std::size_t longest = kMarkerText.size() + kLineEnd;
       const std::size_t unsure =
@@ -124,8 +125,8 @@ void MenuReader::Advance(std::size_t at) {
   offset_ = 0;
 }
 
-// A record that ends where the bytes in memory end may have more bytes in the file.
-// And AtEnd() has to be true only at the end of the file.
+// A record that reaches the end of the bytes in memory may go on in the file. And
+// AtEnd() must be true only at the end of the file, so one byte more is needed.
 template <typename Read>
 inline auto MenuReader::ReadRecord(const Read& read) {
   for (;;) {
@@ -204,8 +205,8 @@ Value MenuReader::ReadField(const char* record, const char* field) {
   return Value::Bare({at, fieldEnd});
 }
 
-// All that follows an opening quote that is never closed is the value: a caller that
-// goes on loses none of it.
+// The value of a text without a closing quote is everything after the opening quote,
+// so that a caller that goes on loses nothing.
 Value MenuReader::EndedField(const Value& soFar, const char* record, const char* field) {
   offset_ = bytes_.size();
   if (moreFollows_ || pastEnd_ == PastEnd::LeavesEmpty) {

@@ -13,25 +13,25 @@
 
 namespace menufile {
 
-// Reads the bytes of a menu file in sequence, first the marker, then fields. A
-// record is a number of fields, not a line: where a line holds too few, the
-// record goes on with the next one.
+// Reads the bytes of a menu file in sequence: first the marker, then fields. A record
+// is a number of fields, not a line. If a line holds too few, the record goes on in
+// the next line.
 //
-// Records borrow from the bytes, which have to outlive them. Where the bytes come
-// from a FileWindow, a record is valid until the second record after it is read.
+// Records borrow from the bytes, which have to outlive them. If the bytes come from a
+// FileWindow, a record is valid until the second record after it is read.
 class MenuReader {
  public:
-  // What happens when a field is to be read after the last byte.
+  // What reading a field after the last byte does.
   enum class PastEnd {
-    Throws,       // Failure, telling the record, the field and the offset
-    LeavesEmpty,  // the value is empty
+    Throws,       // throws Failure, which names the record, the field and the offset
+    LeavesEmpty,  // returns an empty value
   };
 
   // `path` is what a Failure calls the file.
   MenuReader(std::string_view bytes, std::string path, PastEnd pastEnd = PastEnd::Throws)
       : bytes_(bytes), path_(std::move(path)), pastEnd_(pastEnd) {}
 
-  // Reads `file`, which has to outlive this object, as far as it is needed.
+  // Reads `file` no further than needed. `file` has to outlive this object.
   MenuReader(FileWindow& file, std::string path, PastEnd pastEnd = PastEnd::Throws)
       : file_(&file),
         bytes_(file.bytes()),
@@ -39,14 +39,13 @@ class MenuReader {
         path_(std::move(path)),
         pastEnd_(pastEnd) {}
 
-  // Moves to the first byte after a line that equals the marker. Returns false, at
-  // the end of the bytes, when there is none. This decides what a menu file is.
+  // Moves after the first line that equals the marker. If there is none, moves to the
+  // end and returns false: the file is not a menu file.
   bool SkipMarkerLine();
 
-  // Moves to the first byte after a line that ends with the marker; it need not begin
-  // with it. This is how writers look for the place where the picture ends.
-  // Returns the 0-based position of the marker's first byte; nothing, at the
-  // end of the bytes, when there is none.
+  // Moves after the first line that ends with the marker; other bytes may come before
+  // it. Writers find the end of the picture this way. Returns the 0-based position of
+  // the marker's first byte. If there is none, moves to the end and returns nothing.
   std::optional<std::uint64_t> SkipMarker();
 
   Value ReadTypeLine();
@@ -55,38 +54,40 @@ class MenuReader {
   MenuItemRecord ReadItem();
   DirectoryPointerRecord ReadDirectoryPointer();
 
-  // True if the last record, or the marker, was the end of the bytes.
+  // True if no byte follows the last record or marker.
   bool AtEnd() const { return offset_ >= bytes_.size(); }
-  // 0-based, of the next byte.
+  // The 0-based position of the next byte in the file.
   std::uint64_t offset() const { return Position() + offset_; }
 
  private:
-  // Of the first of bytes_ in the file.
+  // The position of bytes_ in the file.
   std::uint64_t Position() const { return file_ == nullptr ? 0 : file_->position(); }
-  // Drops the bytes before `at` and reads the bytes after the last one.
+  // Drops the bytes before `at` and reads on after the last one.
   void Advance(std::size_t at);
   std::optional<std::uint64_t> SkipMarker(bool wholeLine);
-  // Reads a record with `read`: once more from its first field where the bytes in
-  // memory ended too early.
+  // Reads a record with `read`. If the bytes in memory end too early, reads more and
+  // starts the record again.
   template <typename Read>
   auto ReadRecord(const Read& read);
   // The names are for a Failure.
   Value ReadField(const char* record, const char* field);
-  // The value of a field that the bytes end in. Throws where that is a Failure.
+  // The value of a field that has no end. Throws Failure if the file ends there and
+  // PastEnd says so.
   Value EndedField(const Value& soFar, const char* record, const char* field);
-  // The offset after the comma or the line end at `at`, if there is one.
+  // The offset after the comma or the line end at `at`. At the end of the bytes, the
+  // offset of `at` itself.
   std::size_t AfterFieldEnd(const char* at) const;
 
-  FileWindow* file_ = nullptr;  // that bytes_ are of, if they are of a file
+  FileWindow* file_ = nullptr;  // the file of bytes_; nullptr if they are no file's
   std::string_view bytes_;
-  bool moreFollows_ = false;  // after bytes_
+  bool moreFollows_ = false;  // true if the file may have bytes after bytes_
   std::string path_;
   PastEnd pastEnd_;
-  std::size_t offset_ = 0;  // in bytes_
+  std::size_t offset_ = 0;  // of the next byte in bytes_
   std::size_t entriesRead_ = 0;
 };
 
-// True if a line of the file equals the marker, so that it holds a menu.
+// True if a line of the file equals the marker: the file is a menu file.
 bool HasMarkerLine(File& file, std::size_t blockSize);
 
 }  // namespace menufile

@@ -11,8 +11,8 @@ void AppendQuoted(std::string& out, const Value& value) {
 
 void EndLine(std::string& out, std::size_t lineStart) {
   out += "\r\n";
-  // A line is written without blanks at its front. Only a line whose first
-  // field is bare can begin with some, as text that is no number.
+  // A line must not begin with spaces. It can do so only if its first field is bare
+  // text.
   const std::size_t first = out.find_first_not_of(' ', lineStart);
   out.erase(lineStart, first - lineStart);
 }

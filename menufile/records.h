@@ -13,13 +13,14 @@
 //   type line   = '"USERDEF"' CR LF | '"DIRPOINT"' CR LF
 //   other lines = field ("," field)* CR LF
 //
-// Text fields stand in double quotes and numbers are bare. There is no escape:
-// a text that holds a double quote is written as it is and does not read back.
+// Text fields stand in double quotes, numbers are bare. There is no escape: a text
+// with a double quote in it is written unchanged and does not read back.
+// docs/format.md has the whole format.
 namespace menufile {
 
 // The line that ends the picture, without its line end.
 inline constexpr std::string_view kMarkerText = "<START ZOL>";
-// The same with the line ends before and after it, as it is written.
+// The marker as it is written, with the line ends before and after it.
 inline constexpr std::string_view kMarkerLine = "\r\n<START ZOL>\r\n";
 
 enum class MenuType {
@@ -27,33 +28,33 @@ enum class MenuType {
   DirectoryPointer,  // "DIRPOINT": the menu shows what a folder holds
 };
 
-// How the menu looks; the line after the type line.
+// The look of the menu: the line after the type line.
 struct AppearanceRecord {
-  Value smallIcons;  // 1 when the menu shows small icons, else 0
+  Value smallIcons;  // 1 if the menu shows small icons, else 0
   Value fontName;    // face name
   Value fontSize;    // in points, up to four fractional digits
-  Value fontBold;    // -1 or 0
-  Value fontItalic;  // -1 or 0
+  Value fontBold;    // -1 for true, 0 for false
+  Value fontItalic;  // -1 for true, 0 for false
 };
 
-// One entry of a user-defined menu. One with an empty caption is a separator.
+// One entry of a user-defined menu. An entry with an empty caption is a separator.
 struct MenuItemRecord {
   Value caption;
   Value target;     // file, folder, program or address that the entry opens
   Value arguments;  // for the target's command line
   Value startIn;    // working folder for the target
-  Value iconFile;   // file that the entry's icon is taken from; may be empty
-  Value iconIndex;  // 0-based, inside iconFile, or inside target if that is empty
+  Value iconFile;   // the file that holds the entry's icon; if empty, the target does
+  Value iconIndex;  // the 0-based number of the icon in that file, or a negative resource id
 };
 
-// Where a directory-pointer menu takes its entries from. The order of the flags
-// is the file's; the window shows them in another.
+// The folder of a directory-pointer menu. The flags stand here in the order of the
+// file; the window shows them in another.
 struct DirectoryPointerRecord {
-  Value folderPath;   // with drive and trailing backslash
-  Value filePattern;  // "*.*" for all files
-  Value showFolders;  // the flags are 1 or 0
-  Value hideKnownExtensions;
-  Value showHiddenFiles;
+  Value folderPath;           // with drive and trailing backslash
+  Value filePattern;          // "*.*" for all files
+  Value showFolders;          // 1 for true, 0 for false
+  Value hideKnownExtensions;  // likewise
+  Value showHiddenFiles;      // likewise
 };
 
 std::string_view TypeKeyword(MenuType type);

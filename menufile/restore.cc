@@ -1,5 +1,5 @@
-// What becomes of the journals of changes that were cut short: at the start of the
-// program, and before each change.
+// Finishes interrupted changes, and puts journals aside: at the start of the program
+// and before each change.
 #include <algorithm>
 #include <iterator>
 
@@ -15,12 +15,12 @@ namespace {
 constexpr const char* kOvertaken = "-overtaken-";
 constexpr const char* kDeclined = "-declined-";
 
-// True for a journal that was put aside because the menu was another by then.
+// True if the journal was put aside because its menu had changed since.
 bool IsOvertaken(const std::string& scratchFile) {
   return scratchFile.find(kOvertaken) != std::string::npos;
 }
 
-// True if LoadMenuFile() would read the file to its end without a question.
+// True if LoadMenuFile() would read the file to its end without asking the user.
 bool IsLoadable(File& file, const std::string& path, std::size_t blockSize) {
   FileWindow window(file, blockSize);
   MenuReader reader(window, path);
@@ -51,7 +51,7 @@ bool CanBeFinished(MenuState state) {
 
 std::string MenuFile::MenuName() { return files_.Open(path_, OpenMode::Read)->FullName(); }
 
-// The scratch files in the current directory, and those beside the menu file.
+// The scratch files in the current directory and in the folder of the menu file.
 std::vector<std::string> MenuFile::PlacesToLook() {
   std::vector<std::string> paths(std::begin(kScratchFiles), std::end(kScratchFiles));
   for (const char* name : kScratchFiles) {
@@ -114,7 +114,7 @@ std::uint64_t MenuFile::SumOfMenu() {
   return SumOfFirst(*menu, menu->Size(), files_.BlockSize());
 }
 
-// True where somebody has put another menu in the place of the one that was cut short.
+// True if another program has replaced the menu by another complete one: keep that.
 bool MenuFile::IsReplaced(MenuState state) {
   return state == MenuState::Different &&
          IsLoadable(*files_.Open(path_, OpenMode::Read), path_, files_.BlockSize());
@@ -131,7 +131,7 @@ bool MenuFile::WasCutShort() {
       }
       if (state == MenuState::Finished) {
         Retire(found);
-        return false;  // whatever came before it, this is how the menu is to be
+        return false;  // the menu is as the latest journal says; earlier ones do not matter
       }
     } catch (const Failure&) {
     }
@@ -143,10 +143,10 @@ void MenuFile::AnswerYes() {
   bool isFinished = false;
   for (const Found& found : FindJournals(false)) {
     if (files_.OpenIfThere(found.scratchFile) == nullptr) {
-      continue;  // it went as a copy, or is the same file by another path
+      continue;  // deleted with its copy, or found by another path before
     }
     if (isFinished) {
-      PutAside(found.scratchFile, kDeclined);  // of an earlier change
+      PutAside(found.scratchFile, kDeclined);  // an earlier change, overtaken by now
       continue;
     }
     const MenuState state = StateBy(found);
@@ -154,7 +154,7 @@ void MenuFile::AnswerYes() {
       Retire(found);
     }
     if (IsReplaced(state) && SumOfMenu() != askedSum_) {
-      PutAside(found.scratchFile, kOvertaken);  // the answer was about the menu before
+      PutAside(found.scratchFile, kOvertaken);  // the user answered about the menu before it
       return;
     }
     isFinished = state == MenuState::Finished || (CanBeFinished(state) && Finish(found));
@@ -163,15 +163,15 @@ void MenuFile::AnswerYes() {
 
 bool MenuFile::FinishEarlier() {
   bool isFinished = TakeBackHalfLine();
-  // A change on top of one that was cut short would be lost with it: where a scratch
-  // file cannot be read, none is made.
+  // A change made after an interrupted one would be lost when that one is finished. So
+  // a scratch file that cannot be read stops the new change.
   for (const Found& found : FindJournals(false)) {
     if (files_.OpenIfThere(found.scratchFile) != nullptr) {
       isFinished = Settle(found) || isFinished;
     }
   }
   if (unfinished_) {
-    // Its journal is gone: another window may have finished the change.
+    // The journal is gone: another window may have finished the change.
     if (!IsLoadable(*files_.Open(path_, OpenMode::Read), path_, files_.BlockSize())) {
       throw Failure(path_, "change the file",
                     "Its last change was cut short, and what it takes to finish it is gone");
@@ -182,8 +182,8 @@ bool MenuFile::FinishEarlier() {
   return isFinished;
 }
 
-// What becomes of a journal of this menu before the next change. True if its
-// change was finished.
+// Finishes the change of a journal of this menu, or puts the journal aside. Returns
+// true if the change is finished now.
 bool MenuFile::Settle(const Found& found) {
   const std::uint64_t serial = found.journal.serial;
   const MenuState state = StateBy(found);
@@ -200,7 +200,7 @@ bool MenuFile::Settle(const Found& found) {
     return false;
   }
   if (IsOvertaken(found.scratchFile)) {
-    return false;  // the next start asks
+    return false;  // the next start asks the user
   }
   if (IsReplaced(state) && unfinished_ != serial) {
     PutAside(found.scratchFile, kOvertaken);
@@ -212,7 +212,7 @@ bool MenuFile::Settle(const Found& found) {
 bool MenuFile::Finish(const Found& found) {
   {
     const std::unique_ptr<File> scratch = files_.Open(found.scratchFile, OpenMode::Change);
-    // Another window may have worked with it until now.
+    // Another window may have finished it since it was found.
     const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
     if (!journal || journal->serial != found.journal.serial) {
       return false;
@@ -230,7 +230,7 @@ bool MenuFile::Finish(const Found& found) {
   return true;
 }
 
-// A journal has a copy where putting it aside was cut short.
+// Retires the copies of a journal. PutAside() leaves a copy if it is interrupted.
 void MenuFile::RetireCopies(std::uint64_t serial) {
   for (const Found& copy : FindJournals(true)) {
     if (copy.journal.serial == serial) {
@@ -239,10 +239,10 @@ void MenuFile::RetireCopies(std::uint64_t serial) {
   }
 }
 
-// Deletes a scratch file whose journal is of no use any more. One that cannot be
-// deleted loses its journal.
+// Deletes a scratch file whose journal is no longer needed. Its journal is cut off
+// first, in case the file cannot be deleted.
 void MenuFile::Retire(const Found& found) {
-  // What the menu file holds may not be on the disk yet.
+  // Without its journal, the menu file must be on the disk.
   files_.Open(path_, OpenMode::Change)->Flush();
   {
     const std::unique_ptr<File> scratch = files_.Open(found.scratchFile, OpenMode::Change);
@@ -256,8 +256,9 @@ void MenuFile::Retire(const Found& found) {
   RemoveScratchFile(files_, found.scratchFile);
 }
 
-// Copies a file with a journal to a name of its own, and frees the one it had. A
-// new name alone would be quicker, but a power cut may leave a file without either.
+// Copies a scratch file with its journal to a name of its own, and frees the old
+// name. Renaming would be quicker, but a power cut might leave the file without a
+// name.
 void MenuFile::PutAside(const std::string& scratchFile, const char* infix) {
   std::string aside;
   int number = 0;
@@ -268,7 +269,7 @@ void MenuFile::PutAside(const std::string& scratchFile, const char* infix) {
     const std::unique_ptr<File> scratch = files_.Open(scratchFile, OpenMode::Change);
     const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
     if (!journal) {
-      return;  // another editor has finished its change
+      return;  // another editor has finished the change
     }
     const std::unique_ptr<File> copy = files_.Open(aside, OpenMode::Create);
     AppendFile(*scratch, *copy, files_.BlockSize());
@@ -290,7 +291,8 @@ bool MenuFile::TakeBackHalfLine() {
   const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
   const std::uint64_t size = menu->Size();
   if (size > halfLine_->start && SumBefore(*menu, halfLine_->start) == halfLine_->startSum) {
-    // Another window may have written the menu since.
+    // Cut off only what is a prefix of the lines: another window may have written the
+    // menu since.
     std::string rest(static_cast<std::size_t>(size - halfLine_->start), '\0');
     ReadToEnd(*menu, halfLine_->start, rest);
     isWhole = rest == halfLine_->lines;

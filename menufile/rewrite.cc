@@ -11,7 +11,7 @@
 namespace menufile {
 namespace {
 
-// Writes what stands after the marker line, line by line.
+// Writes the lines after the marker line.
 class MenuWriter final : public RecordStream {
  public:
   MenuWriter(MenuReader& reader, BlockWriter& out) : reader_(reader), out_(out) {}
@@ -45,7 +45,8 @@ class MenuWriter final : public RecordStream {
   BlockWriter& out_;
 };
 
-// Copies the picture and the marker line, whatever its line end was.
+// Copies the picture and the marker, and writes CR LF after it, whatever line end it
+// had. If there is no marker, copies the whole file.
 void CopyPicture(MenuReader& reader, File& menu, BlockWriter& out) {
   if (const std::optional<std::uint64_t> marker = reader.SkipMarker()) {
     out.Copy(menu, 0, *marker);
@@ -55,8 +56,8 @@ void CopyPicture(MenuReader& reader, File& menu, BlockWriter& out) {
   }
   const std::uint64_t size = reader.offset();
   out.Copy(menu, 0, size);
-  // The copy writes the rest of the line after every "<", and the bytes that follow
-  // are written over it. After a last "<" there is nothing but its line end.
+  // The format's own copy writes the rest of the line and CR LF after every "<", and
+  // then writes the next bytes over them. If "<" is the last byte, the CR LF stays.
   char last = 0;
   if (size > 0 && ReadToEnd(menu, size - 1, std::span(&last, 1)) == 1 && last == '<') {
     out.text() += "\r\n";

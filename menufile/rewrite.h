@@ -13,18 +13,18 @@
 namespace menufile {
 
 enum class ErrorMode {
-  // The first failure is thrown; nothing is put back.
+  // RewriteMenuFile() throws the first Failure.
   Throws,
-  // No Failure is thrown: ChangeResult::Failed tells it. Fields that the file does
-  // not hold are empty.
+  // RewriteMenuFile() returns ChangeResult::Failed. Fields missing at the end of the
+  // file count as empty.
   Ignores,
 };
 
-// The records after the appearance line, as a record rule sees them.
+// What a record rule reads more records from and writes records to.
 class RecordStream {
  public:
-  // Reads the next record: at first the one after the rule's own. The last two
-  // records that were read are good.
+  // Reads the next record, at first the one after the rule's own. A record is valid
+  // until the second one after it is read.
   virtual MenuItemRecord ReadNext() = 0;
   virtual void Write(const MenuItemRecord& record) = 0;
   // Writes the line of a separator.
@@ -34,42 +34,42 @@ class RecordStream {
   ~RecordStream() = default;
 };
 
-// Called once for each item record, top one first, with a counter from 0. It
-// writes the record or does not, and may write or read others. The counter
-// counts calls, so it lags by one once a rule has read a record itself.
+// Called for each item record, the top one first. The rule decides whether to write
+// it, and may read and write others. `counter` is the 0-based number of the call. It
+// lags behind the number of the record by one for each record that a rule has read
+// itself.
 using RecordRule =
     std::function<void(std::size_t counter, const MenuItemRecord& record, RecordStream& records)>;
 
 // The rule that changes nothing.
 void KeepRecord(std::size_t counter, const MenuItemRecord& record, RecordStream& records);
 
-// One change to a menu file: what the rewrite does differently for each of its
-// callers. menufile/changes.h makes them.
+// One change to a menu file: the points in which rewrites differ.
+// menufile/changes.h makes them.
 struct MenuChange {
   const char* scratchFile = kListScratchFile;
-  // False where a scratch file that is there already is written over from its
-  // front, and what is longer in it ends up after the new menu.
+  // If false, an existing scratch file is overwritten from its front. The rest of a
+  // longer one ends up after the new menu.
   bool deleteScratchFirst = true;
   ErrorMode errorMode = ErrorMode::Throws;
-  // What the type line is to say. Absent: what it says.
+  // The new type. If absent, the type line stays.
   std::optional<MenuType> type;
-  // The new appearance line, with its line end. Absent: the one in the file stays.
+  // The new appearance line, with its line end. If absent, the line stays.
   std::optional<std::string> appearanceLine;
-  // Empty: the records in the file are not read, and dropped.
+  // If empty, the old records are dropped unread.
   RecordRule recordRule;
-  // Written after the records.
+  // Written after the records; it has its line end.
   std::string directoryLine;
-  // A picture file to replace the one at the head. Absent: that one stays.
+  // The bytes of a new picture. If absent, the picture stays.
   std::optional<std::string> picture;
 };
 
-// Applies `change` to the menu file: writes the menu as it is to be into the
-// scratch file, empties the menu file, copies the scratch file back and deletes
-// it. A new picture goes to the menu file alone; the scratch file then holds what
-// comes after the picture.
+// Applies `change` to the menu file: writes the new menu into the scratch file,
+// empties the menu file, copies the scratch file back and deletes it. With a new
+// picture, the scratch file holds only what comes after the picture.
 //
-// The menu file is not touched before the scratch file stands complete on the
-// disk, with a journal, and the journal stays until the menu file is complete there.
+// The menu file is not touched before the scratch file is complete on the disk, with
+// a journal. The journal stays until the menu file is complete on the disk.
 ChangeResult RewriteMenuFile(MenuFile& menu, const MenuChange& change);
 
 }  // namespace menufile

@@ -4,11 +4,11 @@
 
 namespace menufile {
 
-void RemoveScratchFile(FileSystem& files, const std::string& name) {
+void RemoveScratchFile(FileSystem& files, const std::string& path) {
   try {
-    files.Remove(name);
+    files.Remove(path);
   } catch (const Failure&) {
-    // Mostly there is none; and one that stays does no harm.
+    // A scratch file that stays does no harm.
   }
 }
 

@@ -7,14 +7,14 @@
 
 namespace menufile {
 
-// The scratch files stand in the current directory, whatever the menu's own.
-// Changes to the list of entries, to a directory pointer and of the menu type:
+// The scratch files stand in the current directory, even if the menu file is elsewhere.
+// For changes to the list of entries, to a directory pointer and of the menu type:
 inline constexpr const char* kListScratchFile = "temporaryfile";
-// Changes that a window of their own or the Appearance page asks for:
+// For changes that the wizard, the Select Icon window or the Appearance page makes:
 inline constexpr const char* kDialogScratchFile = "zoltempfileoktodelete";
 inline constexpr const char* kScratchFiles[] = {kListScratchFile, kDialogScratchFile};
 
-// Deletes the file. That it does not exist, or cannot be deleted, is ignored.
+// Deletes the file. A failure is ignored; usually there is no such file.
 void RemoveScratchFile(FileSystem& files, const std::string& path);
 
 }  // namespace menufile

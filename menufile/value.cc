@@ -12,7 +12,7 @@ namespace {
 
 struct Parsed {
   double number;
-  std::size_t length;  // of the characters that belong to the number
+  std::size_t length;  // the number of characters that belong to it
 };
 
 // Reads the number that `text` begins with: sign, digits, point, exponent.
@@ -46,8 +46,8 @@ std::optional<double> ParseNumber(std::string_view text) {
   return parsed->number;
 }
 
-// Nearly every number in a menu file is a small integer that stands there just
-// as it would be written. Telling so from its characters saves two conversions.
+// True if the text is an integer in its shortest form. Nearly every number in a menu
+// file is one, and checking its characters saves two conversions.
 bool IsPlainInteger(std::string_view text) {
   constexpr std::size_t kExactDigits = 15;
   const std::string_view digits = text.substr(!text.empty() && text[0] == '-' ? 1 : 0);
@@ -103,9 +103,9 @@ int Value::Integer() const {
 
 std::string NumberText(double number) {
   if (number == 0) {
-    return "0";  // also for the zero that has a sign
+    return "0";  // for -0, too
   }
-  // Below and above these, plain digits would be mostly zeros.
+  // Outside these limits, most of the plain digits would be zeros.
   constexpr double kLeastPlain = 1e-4;
   constexpr double kLeastWithExponent = 1e16;
   const double size = std::fabs(number);

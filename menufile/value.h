@@ -8,12 +8,11 @@
 
 namespace menufile {
 
-// One field as the reader found it. The format does not say what type a field
-// has: a quoted field is text, a bare one is a number when it reads as one and
-// text otherwise, and a field without any characters is empty.
+// One field of a record. A quoted field is text. A bare field is a number if all of
+// it reads as one, empty if it has no characters, and text otherwise.
 //
-// A value borrows its characters, from the bytes of the file or from the text
-// it was made of; it is good for as long as they are.
+// A value borrows its characters from the bytes of the file or from the text that it
+// was made of, which have to outlive it.
 class Value {
  public:
   enum class Kind : std::uint8_t { Empty, Number, Text };
@@ -21,21 +20,21 @@ class Value {
   // The empty value. It equals the empty text and the number 0.
   constexpr Value() = default;
 
-  // The value of a field in double quotes, or of a text that is to be written.
+  // A field in double quotes. `text` is without the quotes.
   static constexpr Value Quoted(std::string_view text) { return Value(text, true); }
 
-  // The value of a field without quotes, or of a number that is to be written.
+  // A field without quotes.
   static constexpr Value Bare(std::string_view text) { return Value(text, false); }
 
   Kind kind() const;
 
-  // Whether the value equals the empty text.
+  // True if the field has no characters, quoted or not.
   bool IsEmpty() const { return characters_.empty(); }
 
-  // The value as text. Text comes back as it was, whatever bytes are in it; a
-  // number in the shortest decimal form that reads back equal: 7 for 007, 8.25
-  // for 8.250.
+  // The value as text. Text comes back byte for byte. A number comes back in its
+  // shortest decimal form that reads back equal: 7 for 007, 8.25 for 8.250.
   std::string Text() const;
+  // Appends Text() to `out`.
   void AppendTo(std::string& out) const {
     if (quoted_) {
       out += characters_;
@@ -44,12 +43,12 @@ class Value {
     }
   }
 
-  // The value as a number: text counts with the number that it begins with,
-  // and as 0 when it begins with none.
+  // The value as a number. Text counts as the number that it begins with, or as 0 if
+  // it begins with none.
   double Number() const;
 
-  // Number() rounded to the nearest integer (halves to the even one) and kept
-  // within the range of an int.
+  // Number() rounded to the nearest integer (halves to the even one) and limited to
+  // the range of an int.
   int Integer() const;
 
  private:
@@ -62,15 +61,14 @@ class Value {
   bool quoted_ = false;
 };
 
-// The shortest decimal text that reads back as `number`, with a point whatever
-// the user's locale: plain digits where they suffice, otherwise with an
-// exponent (1e+20).
+// The shortest decimal text that reads back as `number`. The decimal separator is a
+// point in every locale. Very large and very small numbers have an exponent (1e+20).
 std::string NumberText(double number);
 
-// A font size as the format wants it: fixed point with at most four fractional
-// digits, rounded from the shortest decimal that reads back as `points` (halves to
-// the even digit), without trailing zeros and point (8.25, 10). Nothing for a size
-// that is no finite number.
+// A font size as the file holds it: a decimal with at most four fractional digits and
+// no trailing zeros (8.25, 10). It is rounded from the shortest decimal that reads
+// back as `points`, halves to the even digit. Returns nothing if `points` is not
+// finite.
 std::optional<std::string> FontSizeText(double points);
 
 }  // namespace menufile
