@@ -9,9 +9,9 @@ struct IAccPropServices;
 
 namespace win32 {
 
-// Names that screen readers say for controls that have neither a text of their own
-// nor a label right before them. Windows keeps such a name beside the window (MSAA
-// calls it an annotation). COM has to be initialised on the thread.
+// Gives screen readers names for controls that have neither a text of their own nor
+// a label right before them. (MSAA calls such a name an annotation.) COM has to be
+// initialised on the thread.
 class AccessibleNames {
  public:
   AccessibleNames() = default;
@@ -19,10 +19,10 @@ class AccessibleNames {
   AccessibleNames& operator=(const AccessibleNames&) = delete;
   ~AccessibleNames() { Clear(); }
 
-  // False where no name can be set at all: Wine does not know how.
+  // Returns false if names cannot be set at all, as under Wine.
   bool Set(HWND control, const wchar_t* name);
 
-  // Takes all names back, which Windows wants to be done before the controls go.
+  // Removes all names. Windows requires this before the controls are destroyed.
   void Clear();
 
  private:

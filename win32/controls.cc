@@ -32,7 +32,7 @@ LRESULT CALLBACK UnpaintedProcedure(HWND control, UINT message, WPARAM wide, LPA
 
 bool IsOnlyPlace(const ControlRow& row) { return row.kind.Is(kGroupBox) && *row.text == L'\0'; }
 
-// Which controls are created first.
+// The order in which controls are created, 0 first.
 int Turn(const ControlRow& row) {
   return row.kind.Is(kTabs) ? 3 : IsOnlyPlace(row) ? 2 : row.kind.Is(kGroupBox) ? 1 : 0;
 }
@@ -136,7 +136,7 @@ void ToolTips::Create(HWND parent, const Controls& controls, std::span<const Con
   for (const ControlText& text : texts) {
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof tool;
-    // Not TTF_SUBCLASS: that would look at each message to the control, and a list box
+    // No TTF_SUBCLASS: it would look at each message to the control, and a list box
     // gets one for every row.
     tool.uFlags = TTF_IDISHWND;
     tool.hwnd = parent;

@@ -12,36 +12,38 @@
 
 namespace win32 {
 
-// What the places of a window's controls follow from.
+// All that the places of a window's controls depend on.
 struct Arrangement {
   Layout layout;
-  SIZE area;     // that the controls fill, in pixels
-  POINT origin;  // of that area in the client area
+  SIZE area;     // the area that the controls fill, in pixels
+  POINT origin;  // the top left corner of that area in the client area
   UINT dpi;
 };
 
-// The controls of a window, as its plan has them. They go with the window.
+// The controls of a window, by its plan. Windows destroys them with the window.
 class Controls {
  public:
   explicit Controls(std::span<const ControlRow> rows) : rows_(rows) {}
 
-  // Creates them in their places; those of these pages (bits as in ControlRow) are
-  // shown. Group boxes come after what they frame, and a tab control after all else:
-  // so each is behind what lies on it, also for a drag from another process.
+  // Creates the controls and shows those of these pages (bits as in ControlRow). Group
+  // boxes are created after what they frame, and a tab control last. So each is below
+  // what lies on it in the z-order, and a drop from another process finds the right
+  // control.
   void Create(HWND parent, HFONT font, const Arrangement& arrangement, unsigned pages);
 
-  // nullptr when there is none of that id.
+  // Returns nullptr if no control has that id.
   HWND Find(int id) const;
-  // The row of the plan; nullptr when the window is no control of it.
+  // The control's row in the plan; nullptr if it has none.
   const ControlRow* RowOf(HWND control) const;
-  // The tab control; nullptr when there is none.
+  // The tab control; nullptr if there is none.
   HWND Tabs() const { return tabs_; }
 
   void MoveTo(const Arrangement& arrangement) const;
   void SetFont(HFONT font) const;
-  // Shows the controls of these pages and hides those that only others have.
+  // Shows the controls of `pages` and hides the others. `formerPages` are those shown
+  // before.
   void Show(unsigned pages, unsigned formerPages) const;
-  // Sends a message to each.
+  // Sends a message to every control.
   void Tell(UINT message, WPARAM wide, LPARAM data) const;
 
  private:
@@ -53,12 +55,12 @@ class Controls {
   HWND tabs_ = nullptr;
 };
 
-// A window's tool tips for its controls. They go with the window, too.
+// The tool tips of a window's controls. Windows destroys them with the window, too.
 class ToolTips {
  public:
   void Create(HWND parent, const Controls& controls, std::span<const ControlText> texts);
 
-  // Every mouse message to the window or its controls is to be passed on.
+  // The caller passes on every mouse message to the window or its controls.
   void Relay(MSG& message) const;
   void Tell(UINT message, WPARAM wide, LPARAM data) const;
 

@@ -8,16 +8,15 @@ namespace win32 {
 // The current folder of the process.
 std::wstring CurrentFolder();
 
-// True if a file can be made in `folder` (empty: the current one). It is tried
-// out with a file that is gone again when this returns: neither attributes nor
-// access rights tell for sure.
+// True if a file can be made in `folder`; if that is empty, in the current folder.
+// This makes a file and deletes it again, because neither attributes nor access
+// rights tell for sure.
 bool TakesNewFile(const std::wstring& folder);
 
-// The folder of the file or folder at `path`, with its trailing backslash; empty
-// where the path names none.
+// The folder part of `path`, with its trailing backslash; empty if there is none.
 std::wstring FolderOf(const std::wstring& path);
 
-// Goes back to the folder that was the current one when this was made.
+// The destructor makes the folder current again that was so at construction.
 class CurrentFolderKept {
  public:
   CurrentFolderKept() : folder_(CurrentFolder()) {}

@@ -5,12 +5,12 @@
 
 namespace win32 {
 
-// The library of the common dialogs, comdlg32.dll. It is loaded when it is first
-// asked for, since it brings the printing system along, which would delay each
-// start of the program. Throws std::runtime_error where it cannot be loaded.
+// Finds a function of comdlg32.dll, the library of the common dialogs. The first call
+// loads it: it loads the printing system, too, which would slow each start of the
+// program. Throws std::runtime_error if it cannot be loaded.
 FARPROC FindDialogFunction(const char* name);
 
-// A function of it; the type is that of its declaration in the Windows headers.
+// The same with the function's type, from its declaration in the Windows headers.
 template <typename F>
 F* DialogFunction(const char* name) {
   return reinterpret_cast<F*>(reinterpret_cast<void*>(FindDialogFunction(name)));

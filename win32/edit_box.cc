@@ -9,13 +9,14 @@
 namespace win32 {
 namespace {
 
-// Some characters come in two halves, one after the other.
+// A character outside the basic plane comes as two surrogates, one after the other. No
+// ANSI code page has such characters but UTF-8, which has them all.
 bool IsHeld(wchar_t character) {
   const bool isHalf = IS_SURROGATE_PAIR(character, 0xDC00) || IS_SURROGATE_PAIR(0xD800, character);
   return ToBytes(isHalf ? std::wstring(L"\xD83D\xDE00") : std::wstring(1, character)).has_value();
 }
 
-// As much of it as a box of one line takes.
+// The part of the clipboard text that a box of one line takes: its first line.
 std::wstring ClipboardLine(HWND edit) {
   std::wstring text;
   if (OpenClipboard(edit)) {

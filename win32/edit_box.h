@@ -5,9 +5,8 @@
 
 namespace win32 {
 
-// Makes an edit control refuse characters that the code page does not hold
-// (ToBytes()), typed or pasted, with a balloon or a beep. A text that is set comes
-// in whatever it holds.
+// Makes an edit control refuse typed or pasted characters that are not in the code
+// page, with a balloon or a beep. WM_SETTEXT still sets any text.
 void RefuseUnheldCharacters(HWND edit);
 
 }  // namespace win32

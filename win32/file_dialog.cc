@@ -22,7 +22,7 @@ std::optional<std::wstring> ChooseFile(HWND owner, const wchar_t* title, const w
   dialog.nMaxFile = static_cast<DWORD>(std::size(path));
   dialog.lpstrTitle = title;
   dialog.Flags = OFN_EXPLORER | OFN_HIDEREADONLY;
-  // Windows documents that this dialog takes no notice of OFN_NOCHANGEDIR.
+  // By its documentation, this dialog ignores OFN_NOCHANGEDIR.
   const CurrentFolderKept kept;
   if (!DialogFunction<decltype(GetOpenFileNameW)>("GetOpenFileNameW")(&dialog)) {
     return std::nullopt;

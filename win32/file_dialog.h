@@ -8,16 +8,16 @@
 
 namespace win32 {
 
-// Lets the user choose a file in the standard dialog, which leaves the current
-// directory as it is. `filter` is pairs of a name and patterns, each ended by a
-// NUL, and one more NUL at the end. `initial` stands in the name box at first.
+// Lets the user choose a file in the standard dialog. The current directory stays the
+// same. `filter` holds pairs of a name and patterns, each ended by a NUL, and one more
+// NUL at the end. `initial` is the first text of the name box.
 //
-// Returns the full path; nothing when the user cancelled, or when the dialog failed.
+// Returns the full path; nothing if the user cancelled or the dialog failed.
 std::optional<std::wstring> ChooseFile(HWND owner, const wchar_t* title, const wchar_t* filter,
                                        const std::wstring& initial);
 
-// When ChooseFile() returned nothing: whether the dialog failed; otherwise the
-// user cancelled it.
+// To be called after ChooseFile() returned nothing. Returns true if the dialog failed,
+// and false if the user cancelled it.
 bool FileDialogFailed();
 
 }  // namespace win32

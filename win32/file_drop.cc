@@ -26,8 +26,8 @@ void AppendPathsIn(HDROP drop, std::vector<std::wstring>& paths) {
 
 }  // namespace
 
-// OLE may hold on to it longer than its FileDrop lives, but calls it only while
-// the control is registered.
+// OLE may keep a reference longer than the FileDrop lives, but calls the target only
+// while the control is registered.
 class FileDrop::Target final : public IDropTarget {
  public:
   explicit Target(FileDrop& owner) : owner_(owner) {}
@@ -81,14 +81,14 @@ class FileDrop::Target final : public IDropTarget {
     }
     ReleaseStgMedium(&medium);
     if (*effect == DROPEFFECT_MOVE) {
-      *effect = DROPEFFECT_NONE;  // else the source would delete the files
+      *effect = DROPEFFECT_NONE;  // otherwise the source would delete the files
     }
     ReportLater(owner_.control_, kFilesDropped);
     return S_OK;
   }
 
  private:
-  // To move only where the source allows nothing else.
+  // Answers with "move" only if the source allows nothing else.
   DWORD EffectOf(DWORD allowed) const {
     if (!holdsFiles_ || !IsWindowEnabled(GetParent(owner_.control_))) {
       return DROPEFFECT_NONE;
@@ -123,7 +123,7 @@ void FileDrop::Attach(HWND control) {
   auto* const target = new Target(*this);
   RegisterDragDrop(control, target);
   target->Release();
-  // OLE holds on to it until it is revoked, which the analyzer cannot know.
+  // OLE keeps a reference until RevokeDragDrop(), which the analyzer cannot know.
 }  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 
 void FileDrop::Detach() {

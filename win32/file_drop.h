@@ -9,15 +9,15 @@
 namespace win32 {
 
 struct DroppedFiles {
-  // The bytes of the full paths (PathToBytes()), in the order of the data.
+  // The full paths in the ANSI code page (PathToBytes()), in the order of the drop.
   std::vector<std::string> paths;
-  // Files whose paths have none.
+  // The full paths that the code page cannot hold.
   std::vector<std::wstring> refused;
 };
 
-// Lets a control accept files that are dragged onto it from any program. It
-// takes nothing else, and nothing while its window is disabled; the pointer
-// tells so. Needs OleInitialize().
+// Lets a control accept files that are dropped on it from any program. It refuses
+// everything else, and everything while its window is disabled; the mouse pointer
+// shows that. Needs OleInitialize().
 class FileDrop {
  public:
   FileDrop() = default;
@@ -25,13 +25,14 @@ class FileDrop {
   FileDrop& operator=(const FileDrop&) = delete;
   ~FileDrop() { Detach(); }
 
-  // The control's form is told of a drop by kFilesDropped, once the source has gone
-  // on: it waits for the end of the drop, and nobody could use it meanwhile.
+  // A drop is reported to the control's form as kFilesDropped, after the drop has
+  // ended: until then the program that the files come from is blocked.
   void Attach(HWND control);
-  // Due before the control is destroyed.
+
+  // To be called before the control is destroyed.
   void Detach();
 
-  // Hands over what was dropped since the last call.
+  // Returns the files that were dropped since the last call.
   DroppedFiles Take();
 
  private:

@@ -17,8 +17,8 @@ bool HasDrive(const std::wstring& path) {
   return path.size() >= 2 && isLetter(path[0]) && path[1] == L':';
 }
 
-// The length of the root that a path begins with, "C:\" or "\\server\share\"; it
-// may lack its last backslash. 0 for none.
+// The length of the root of a path, "C:\" or "\\server\share\", with its last
+// backslash, even if the path lacks that. 0 if the path has no root.
 std::size_t RootLength(const std::wstring& path) {
   if (HasDrive(path)) {
     return 3;
@@ -37,7 +37,8 @@ wchar_t UpperCase(wchar_t letter) {
   return static_cast<wchar_t>(letter >= L'a' && letter <= L'z' ? letter - L'a' + L'A' : letter);
 }
 
-// Empty when Windows makes nothing of the path.
+// The full path, without a trailing backslash unless it is a root. Empty if Windows
+// cannot read `path`.
 std::wstring FullPath(const std::wstring& path) {
   std::wstring full;
   for (DWORD length = MAX_PATH; length > full.size();) {
@@ -87,7 +88,7 @@ bool LeadsThrough(const std::wstring& path, const std::wstring& folder) {
                         length) == CSTR_EQUAL;
 }
 
-// The shell's icon for folders in general: no folder is looked at.
+// The shell's icon for folders in general. It accesses no folder.
 UniqueIcon FolderIcon(UINT openFlag) {
   SHFILEINFOW info{};
   const DWORD_PTR answer =
@@ -156,14 +157,13 @@ bool FolderList::SetPath(const std::wstring& path) {
     return false;
   }
   std::wstring full = FullPath(path);
-  // Not even with a drive in front is everything a folder on it: "C:\con" is
-  // the console.
+  // A path with a drive may still be a device: "C:\con" is the console.
   if (RootLength(full) == 0) {
     return false;
   }
   std::optional<std::vector<std::wstring>> names = FoldersIn(full);
   if (!names && path.size() == 2) {
-    // The drive's current folder is gone; the drive may still be there.
+    // The drive's current folder is gone: try its root.
     full.resize(RootLength(full));
     names = FoldersIn(full);
   }
@@ -237,7 +237,7 @@ void FolderList::Show(const std::vector<std::wstring>& names) {
     SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(row.c_str()));
   }
   SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(CurrentRow()), 0);
-  // The current folder with its parent, and below them as much as fits.
+  // Scroll so that the parent of the current folder is the first row.
   SendMessageW(list_, LB_SETTOPINDEX, static_cast<WPARAM>(std::max(CurrentRow() - 1, 0)), 0);
   SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
   FitToFont();
@@ -261,7 +261,7 @@ void FolderList::FitToFont() {
   const int height = std::max<int>(metrics.tmHeight, IconSize()) + IconSize() / 8;
   SendMessageW(list_, LB_SETITEMHEIGHT, 0, height);
 
-  // A list box scrolls sideways only as far as it is told.
+  // A list box scrolls sideways only as far as its horizontal extent.
   int widest = 0;
   const int count = static_cast<int>(SendMessageW(list_, LB_GETCOUNT, 0, 0));
   for (int row = 0; row < count; ++row) {

@@ -12,57 +12,57 @@
 
 namespace win32 {
 
-// Fills a combo box with the drives that there are ("C:", "D:"); the one that
-// was selected stays so while it is there. Nothing is asked of a drive but
-// whether it is there, so that an empty one makes no fuss.
+// Fills a combo box with the drives of this machine ("C:", "D:"). The selected drive
+// stays selected if it still exists. No drive is accessed, so that one without a disk
+// causes no message.
 void FillDriveList(HWND combo);
 
-// The drive that is selected, as "C:"; empty for none.
+// The selected drive, such as "C:"; empty if none is selected.
 std::wstring SelectedDrive(HWND combo);
 
-// Selects the drive of `path`, without telling the window. False, with the
-// selection as it was, when the path names none that is in the list.
+// Selects the drive of `path`, without a notification. Returns false and keeps the
+// selection if the path has no drive or its drive is not in the list.
 bool SelectDrive(HWND combo, const std::wstring& path);
 
-// True for a path with a server and a share at its front: "\\server\share\menus".
+// True for a path that begins with a server and a share: "\\server\share\menus".
 bool IsOnServer(const std::wstring& path);
 
-// A list box that shows where one is in the folders of a drive, or of a share on a
-// server: the folders down to the current one, each a step further in, all of them
-// open, and the folders inside the current one, closed. Folders that are hidden and
-// belong to the system, as "$Recycle.Bin", are left out: nobody can open them.
+// A list box that shows the current folder within its drive or share: first the
+// folders that lead to it, with open icons, each indented further than the one
+// before; then the folders inside it, with closed icons. Folders that are both hidden
+// and system, such as "$Recycle.Bin", are left out, because nobody can open them.
 class FolderList {
  public:
-  // Borrows the list box, an owner-drawn one that keeps its strings: they are
-  // the bare names, so that typing one finds its row. Its parent has to pass
-  // WM_DRAWITEM on to Draw(). The list is empty until Start() or SetPath().
+  // Borrows the list box, which has to be owner-drawn with LBS_HASSTRINGS. Its strings
+  // are the bare names, so that typing one finds its row. Its parent has to pass
+  // WM_DRAWITEM to Draw(). The list is empty until Start() or SetPath().
   void Attach(HWND list);
   HWND window() const { return list_; }
 
-  // Goes to the current directory, else to the drive that Windows is on.
+  // Goes to the current directory, or to the drive of Windows if that fails.
   void Start();
 
-  // With drive or server, and without a trailing backslash but for a root: "C:\",
+  // The full path of the current folder. Only a root has a trailing backslash: "C:\",
   // "C:\Windows". Empty while the list is.
   const std::wstring& Path() const { return path_; }
 
-  // Folders on the way to this one are listed in any case.
+  // The folders that lead to this one are never left out.
   void AlwaysList(const std::wstring& path) { alwaysListed_ = path; }
 
-  // Goes to a folder, or with a drive alone ("C:") to the current folder of
-  // that drive. A folder that may not be listed has no rows inside. False, with
-  // everything as it was, when there is no such folder, or on no drive or server.
+  // Goes to a folder; a drive alone ("C:") means the current folder of that drive. A
+  // folder that the user may not list shows no folders inside. Returns false and
+  // changes nothing if there is no such folder, or if the path has no drive or server.
   bool SetPath(const std::wstring& path);
 
-  // Goes to the folder of the selected row, which reads it anew when it is the
-  // current one. False as above, and when none is selected.
+  // Goes to the folder of the selected row; the current folder is read again. Returns
+  // false and changes nothing if no row is selected or its folder is gone.
   bool OpenSelected();
 
-  // To be called when the list box got another font, and when the DPI is another.
+  // To be called after the font of the list box, or the DPI, has changed.
   void FitToFont();
   void SetDpi(UINT dpi) { dpi_ = dpi; }
 
-  // Asks the shell for the icons at first, which takes a while.
+  // The first call asks the shell for the folder icons, which takes a while.
   void Draw(const DRAWITEMSTRUCT& item);
 
  private:
@@ -72,14 +72,14 @@ class FolderList {
   bool IsLeftOut(const WIN32_FIND_DATAW& found, const std::wstring& folder) const;
   std::optional<std::vector<std::wstring>> FoldersIn(const std::wstring& folder) const;
   int IconSize() const;
-  int IconLeft(int row) const;  // from the left edge of the row, in pixels
+  int IconLeft(int row) const;  // pixels from the left edge of the row
   int TextLeft(int row) const;
 
   HWND list_ = nullptr;
   UINT dpi_ = 0;
   std::wstring path_;
   std::wstring alwaysListed_;
-  // Where in the path the folder of each row ends, down to the current one.
+  // For each row down to the current folder: the length of its path within path_.
   std::vector<std::size_t> ends_;
   UniqueIcon openFolder_;
   UniqueIcon closedFolder_;

@@ -20,10 +20,10 @@ constexpr int kBoxes[] = {kFace, cmb2 /* style */, cmb3 /* size */};
 
 struct FontDialog {
   const wchar_t* title = nullptr;
-  std::wstring texts = {};  // of its boxes, at first
-  bool isTouched = false;   // the user has changed one of them
-  bool showsFace = false;   // when OK was pressed
-  int depth = 0;            // of notifications within notifications
+  std::wstring texts = {};  // the first texts of its boxes
+  bool isTouched = false;   // true after the user has changed a box
+  bool showsFace = false;   // true if the face box was not empty at OK
+  int depth = 0;            // the number of notifications being handled, one in another
 
   void Notice(HWND dialog, int id, WORD event);
 };
@@ -36,8 +36,9 @@ std::wstring TextsOf(HWND dialog) {
   return texts;
 }
 
-// The dialog fills its boxes anew when another face is selected and reports that
-// as if the user had done it, but while it deals with the report of the face.
+// When another face is selected, the dialog fills its other boxes again and reports
+// that as if the user had done it. Such reports come while it handles the report of
+// the face, so they are ignored at a depth above 0.
 void FontDialog::Notice(HWND dialog, int id, WORD event) {
   const bool isBox = std::find(std::begin(kBoxes), std::end(kBoxes), id) != std::end(kBoxes);
   isTouched |= isBox && depth == 0 && (event == CBN_SELCHANGE || event == CBN_EDITCHANGE);
@@ -63,7 +64,7 @@ LRESULT CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wide, LPARAM 
   return DefSubclassProc(dialog, message, wide, data);
 }
 
-// The first message to it comes when the dialog has been filled.
+// Windows calls this first after it has filled the dialog.
 UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM, LPARAM data) {
   if (message == WM_INITDIALOG) {
     const LPARAM given = reinterpret_cast<const CHOOSEFONTW*>(data)->lCustData;
@@ -85,14 +86,14 @@ LOGFONTW FontDescription::InPixels(int dpi) const {
   font.lfWeight = bold ? FW_BOLD : FW_NORMAL;
   font.lfItalic = italic;
   font.lfCharSet = DEFAULT_CHARSET;
-  // A longer name is none that a font could have.
+  // No font has a longer name.
   name.copy(font.lfFaceName, LF_FACESIZE - 1);
   return font;
 }
 
 void ChooseScreenFont(HWND owner, const wchar_t* title, FontDescription& font) {
   FontDialog state{title};
-  // The dialog reckons with the DPI of the screen as a whole.
+  // The dialog uses the DPI of the whole screen.
   LOGFONTW face = font.InPixels(GetDeviceCaps(WindowDc(nullptr).get(), LOGPIXELSY));
   CHOOSEFONTW dialog{};
   dialog.lStructSize = sizeof dialog;

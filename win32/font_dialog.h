@@ -7,23 +7,23 @@
 
 namespace win32 {
 
-// A font as the user names it, whether or not this machine has it.
+// A font as the user chooses it. This machine need not have it.
 struct FontDescription {
   std::wstring name;
   double points = 0;
   bool bold = false;
   bool italic = false;
 
-  // As Windows wants it, with the height in pixels of that DPI. The size may be
-  // any number; what is drawn has at most 1000 points.
+  // The font for Windows, with its height in pixels at that DPI. `points` may be any
+  // number; it is limited to 0 to 1000 here.
   LOGFONTW InPixels(int dpi) const;
 };
 
 // Lets the user choose a screen font in the standard dialog, which starts with
-// `font`. Once the user has touched any of its boxes and pressed OK, `font` is
-// what the dialog shows, also where that is not what it started with: a size that
-// it rounded. A face that this machine lacks stays until another is chosen. When
-// nothing was touched, and after a cancel, nothing has changed.
+// `font`. If the user changed one of its boxes and pressed OK, `font` becomes what the
+// dialog shows; that includes a size that the dialog has rounded. A face that this
+// machine lacks stays until the user chooses another. After a cancel, or an OK without
+// a change, `font` stays as it was.
 void ChooseScreenFont(HWND owner, const wchar_t* title, FontDescription& font);
 
 }  // namespace win32

@@ -13,7 +13,8 @@ namespace {
 
 constexpr const wchar_t* kFormProperty = L"CorvalisForm";
 
-// What a notch of the mouse wheel scrolls by, in dialog units: two rows of buttons.
+// The distance that one notch of the mouse wheel scrolls, in dialog units: two rows of
+// buttons.
 constexpr int kWheelStep = 36;
 
 void RegisterFormClass(const FormPlan& plan) {
@@ -26,14 +27,14 @@ void RegisterFormClass(const FormPlan& plan) {
     windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(plan.iconId));
   }
   windowClass.lpszClassName = plan.windowClass;
-  RegisterClassW(&windowClass);  // fails harmlessly when that was done before
+  RegisterClassW(&windowClass);  // a second registration fails, which does no harm
 }
 
 // The template of a dialog box without controls: its header, no menu, the
 // window class and the caption.
 std::vector<WORD> DialogTemplate(const FormPlan& plan) {
   DLGTEMPLATE header{};
-  // What lies under a control is not painted first, which would flicker.
+  // WS_CLIPCHILDREN: painting the window under its controls would flicker.
   header.style = plan.style | WS_CLIPCHILDREN;
   header.dwExtendedStyle = WS_EX_CONTROLPARENT;
   static_assert(sizeof header % sizeof(WORD) == 0);
@@ -61,15 +62,14 @@ Form::Form(const FormPlan& plan, HWND owner, unsigned pages)
   if (window_ == nullptr) {
     throw std::runtime_error("The window could not be created.");
   }
-  // A dialog box is resized by Windows when the DPI changes, unless told that
-  // its own layout does that.
+  // Windows resizes a dialog box when the DPI changes. This form does so itself.
   using BehaviorFunction = BOOL WINAPI(HWND, UINT, UINT);
   if (const auto setBehavior = reinterpret_cast<BehaviorFunction*>(reinterpret_cast<void*>(
           GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetDialogDpiChangeBehavior")))) {
     constexpr UINT kDisableAll = 1;
     setBehavior(window_, kDisableAll, kDisableAll);
   }
-  // It opens on its owner's monitor.
+  // The window opens on its owner's monitor.
   dpi_ = DpiOf(owner != nullptr ? owner : window_);
   fontWanted_ = MessageFont(dpi_);
   font_.reset(CreateFontIndirectW(&fontWanted_));
@@ -83,7 +83,7 @@ Form::Form(const FormPlan& plan, HWND owner, unsigned pages)
       break;
     }
   }
-  // From here on messages come to the form.
+  // From here on Procedure() passes messages to the form.
   SetPropW(window_, kFormProperty, this);
 }
 
@@ -108,7 +108,7 @@ SIZE Form::LeastSize(UINT dpi) const {
   return {client.cx + frame.cx, client.cy + frame.cy};
 }
 
-// In the middle of the owner, else of the work area.
+// Centres the window on its owner, or in the work area if it has none.
 void Form::Open(HWND owner) {
   RECT around = WorkAreaOf(window_);
   if (owner != nullptr) {
@@ -141,7 +141,8 @@ void Form::UseMessageFont() {
   OnFontChanged();
 }
 
-// A window that is not sizable is as large as its plan, always.
+// Grows a sizable window to the size of its plan at least. A window that is not
+// sizable gets just that size.
 void Form::GrowToPlan() {
   if (IsIconic(window_) || IsZoomed(window_)) {
     return;
@@ -167,7 +168,7 @@ void Form::Reveal(HWND control) {
   }
 }
 
-// A control that a tab brings lies on the page of the tab control.
+// True if the control lies on a page of the tab control: it is not on every page.
 bool Form::IsOnPage(HWND control) const {
   const ControlRow* const row = controls_.RowOf(control);
   return controls_.Tabs() != nullptr && row != nullptr && row->pages != kEveryPage;
@@ -178,7 +179,8 @@ void Form::ShowPages(unsigned pages) {
   const ControlRow* const focused = controls_.RowOf(GetFocus());
   controls_.Show(pages | former, former);
   if (focused != nullptr && !focused->IsOn(pages)) {
-    // A hidden control would keep the focus, and the keyboard lead nowhere.
+    // The focused control is about to be hidden: move the focus, or the keyboard would
+    // do nothing.
     const HWND next = controls_.Tabs();
     SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), next != nullptr);
   }
@@ -193,8 +195,8 @@ void Form::FocusOn(int id) {
   SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
 }
 
-// The dialog manager draws the button that has the focus as the default one and
-// then may not know which to undo, so all of them are told.
+// The dialog manager draws the focused button as the default one, and later may not
+// know which button to draw normally again. So every button gets its style here.
 void Form::SetDefaultButton(int id) {
   SendMessageW(window_, DM_SETDEFID, static_cast<WPARAM>(id), 0);
   for (const ControlRow& row : plan_.controls) {

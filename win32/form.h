@@ -15,11 +15,11 @@
 
 namespace win32 {
 
-// A top-level window made of a plan. It is a dialog box to Windows, so that
-// Tab, arrow keys and default buttons work as everywhere. Controls are its
-// direct children, in the message font. The window opens within the work area of
-// its monitor; where the plan is larger than that, its contents scroll, and the
-// keyboard brings the control that it comes to into view.
+// A top-level window made of a plan. It is a dialog box, so that Tab, arrow keys and
+// default buttons work as usual. The controls are its direct children and have the
+// message font. The window opens within the work area of its monitor. If the plan is
+// larger than that, its contents scroll, and a control that gets the focus by the
+// keyboard scrolls into view.
 class Form {
  public:
   Form(const Form&) = delete;
@@ -28,14 +28,13 @@ class Form {
 
   HWND window() const { return window_; }
   HWND Control(int id) const { return controls_.Find(id); }
-  // Of the window's monitor.
+  // The DPI of the window's monitor.
   UINT dpi() const { return dpi_; }
 
-  // Destroys the window. The object can do without it, so that a handler of
-  // the window may call this.
+  // Destroys the window, but not this object: so a handler of the window may call it.
   void Close();
 
-  // The form whose window this is; nullptr when it is none.
+  // The form of this window; nullptr if the window is not a form's.
   static Form* Of(HWND window);
 
   // Shows the controls of these pages (bits as in ControlRow) and hides the
@@ -43,34 +42,35 @@ class Form {
   void ShowPages(unsigned pages);
 
  protected:
-  // Makes the window, hidden, with the controls of these pages shown. Throws
-  // std::runtime_error when Windows does not.
+  // Makes the window, hidden, with the controls of these pages shown. `plan` has to
+  // outlive the form. Throws std::runtime_error if the window cannot be made.
   Form(const FormPlan& plan, HWND owner, unsigned pages = kEveryPage);
 
   // `event` is a notification code of WM_COMMAND or a ControlEvent.
   virtual void OnCommand(int id, UINT event) = 0;
   virtual void OnDrawItem(const DRAWITEMSTRUCT& item);
   virtual void OnActivate(bool active);
-  // Some messages come only to some windows; true when this one was for it.
+  // Handles a message that only some forms get. Returns true if it was handled.
   virtual bool OnMessage(UINT message, WPARAM wide, LPARAM data, LRESULT& result);
-  // The close box, or whatever else asks the window to close.
+  // Called for WM_CLOSE, from the close box or elsewhere.
   virtual void OnClose() = 0;
-  // The user pressed a key while the window was active: true when that was all.
+  // Called for a key message while the window is active. Returns true if the key was
+  // handled.
   virtual bool OnKey(const MSG& message);
-  // The user has chosen other system colours.
+  // Called after the system colours or the theme changed.
   virtual void OnColoursChanged();
-  // The controls have another font: the user chose one, or the DPI is another.
+  // Called after the controls got another font: the message font or the DPI changed.
   virtual void OnFontChanged();
-  // The controls have been placed and sized anew.
+  // Called after the controls were moved and resized.
   virtual void OnArranged();
 
-  // Gives a control (kIcon) its picture, which is borrowed.
+  // Sets the picture of a control (kIcon). The icon is borrowed.
   void SetPicture(int id, HICON icon);
 
-  // Gives a control the focus, as Tab does.
+  // Moves the focus to a control, as Tab does.
   void FocusOn(int id);
 
-  // Makes a button the one that Enter presses; none with 0.
+  // Makes a button the default one, which Enter presses. With 0 there is none.
   void SetDefaultButton(int id);
 
  private:
@@ -78,12 +78,13 @@ class Form {
 
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM data);
   INT_PTR Handle(UINT message, WPARAM wide, LPARAM data);
-  // The messages about size, font and DPI, and about scrolling; about colours.
+  // Messages about size, font and DPI; about scrolling; about colours. Each returns
+  // true if the message was handled.
   bool HandleScale(UINT message, WPARAM wide, LPARAM data, LRESULT& result);
   bool HandleScrolling(UINT message, WPARAM wide, LPARAM data);
   bool HandleColours(UINT message, WPARAM wide, LPARAM data, INT_PTR& answer);
 
-  // The window as large as the plan, in pixels of that DPI.
+  // The size of the window for the client area of the plan, in pixels at that DPI.
   SIZE LeastSize(UINT dpi) const;
   void Open(HWND owner);
   Layout LayoutInFont() const { return Layout(font_.get(), plan_.size); }
@@ -102,24 +103,23 @@ class Form {
   PageFace pageFace_;
   ScrolledArea scrolled_;
   UINT dpi_ = 0;
-  LOGFONTW fontWanted_{};  // what font_ was made from
+  LOGFONTW fontWanted_{};  // font_ was made from this
   UniqueFont font_;
   unsigned shownPages_;
-  SIZE arrangedFor_{};  // the client area
+  SIZE arrangedFor_{};  // the size of the client area at the last Fit()
   bool isArranging_ = false;
   bool hadFocus_ = false;
 };
 
-// Gives a message that was taken from the queue to the form that it is for, with
-// all that a dialog box does with keys. False when it is for none: then it is to
-// be dispatched as usual.
+// Dispatches a message from the queue to its form, with the keyboard handling of a
+// dialog box. Returns false if it is for no form: then the caller dispatches it.
 bool DispatchToForm(MSG& message);
 
 // Runs until the program is to end, and returns its exit code.
 int RunMessageLoop();
 
-// Shows what went wrong where nothing was there to deal with it, and ends the
-// message loop with a failing exit code.
+// Shows an exception that no handler caught, and ends the message loop with the exit
+// code EXIT_FAILURE.
 void EndAfterFailure(HWND owner, const std::exception& failure);
 
 }  // namespace win32

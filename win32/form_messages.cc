@@ -15,10 +15,10 @@
 namespace win32 {
 namespace {
 
-// The message by which a form tells itself, later, that the focus has moved.
+// A form posts this to itself after WM_NEXTDLGCTL, to look at the focus later.
 constexpr UINT kFocusMoved = WM_APP + 1;
 
-// WM_GETDPISCALEDSIZE, which the headers declare for newer versions of Windows alone.
+// WM_GETDPISCALEDSIZE. The headers declare it for newer versions of Windows only.
 constexpr UINT kGetDpiScaledSize = 0x02E4;
 
 bool IsSameFont(const LOGFONTW& one, const LOGFONTW& other) {
@@ -29,7 +29,7 @@ bool IsSameFont(const LOGFONTW& one, const LOGFONTW& other) {
 
 }  // namespace
 
-// Called by Windows, which exceptions must not reach.
+// Windows calls this, so no exception may leave it.
 INT_PTR CALLBACK Form::Procedure(HWND window, UINT message, WPARAM wide, LPARAM data) {
   Form* const form = Of(window);
   if (form == nullptr) {
@@ -79,13 +79,13 @@ INT_PTR Form::Handle(UINT message, WPARAM wide, LPARAM data) {
       return TRUE;
     case WM_SETFOCUS:
       if (plan_.firstFocus == 0 || std::exchange(hadFocus_, true)) {
-        return FALSE;  // the dialog manager knows where the focus belongs
+        return FALSE;  // the dialog manager restores the focus
       }
       FocusOn(plan_.firstFocus);
       return TRUE;
     case WM_ACTIVATE:
       OnActivate(LOWORD(wide) != WA_INACTIVE);
-      return FALSE;  // the dialog manager looks after the focus
+      return FALSE;  // the dialog manager saves and restores the focus
     case WM_CLOSE:
       OnClose();
       return TRUE;
@@ -97,7 +97,7 @@ INT_PTR Form::Handle(UINT message, WPARAM wide, LPARAM data) {
 bool Form::HandleScale(UINT message, WPARAM wide, LPARAM data, LRESULT& result) {
   switch (message) {
     case WM_SIZE:
-      // It comes, too, when the window is first shown.
+      // WM_SIZE comes, too, when the window is first shown.
       if (const SIZE size = ClientSize(window_);
           !isArranging_ && wide != SIZE_MINIMIZED &&
           (size.cx != arrangedFor_.cx || size.cy != arrangedFor_.cy)) {
@@ -119,7 +119,8 @@ bool Form::HandleScale(UINT message, WPARAM wide, LPARAM data, LRESULT& result) 
       }
       return true;
     case kGetDpiScaledSize: {
-      // What the user has made it larger than the plan by grows like any pixel.
+      // The plan is laid out at the new DPI. What the user has added to its size grows
+      // in proportion.
       SIZE& size = *reinterpret_cast<SIZE*>(data);
       RECT now{};
       GetWindowRect(window_, &now);
@@ -187,13 +188,13 @@ bool Form::HandleColours(UINT message, WPARAM wide, LPARAM data, INT_PTR& answer
         return false;
       }
       const HDC dc = reinterpret_cast<HDC>(wide);
-      DefWindowProcW(window_, message, wide, data);  // for the colour of the text
+      DefWindowProcW(window_, message, wide, data);  // sets the text colour
       SetBkColor(dc, pageFace_.Colour());
       answer = reinterpret_cast<INT_PTR>(pageFace_.Brush());
       return true;
     }
     case WM_ERASEBKGND: {
-      // A control with a theme has its parent paint what shows through it.
+      // A themed control asks its parent to paint the background that shows through.
       const HDC dc = reinterpret_cast<HDC>(wide);
       RECT client{};
       GetClientRect(window_, &client);
@@ -207,7 +208,8 @@ bool Form::HandleColours(UINT message, WPARAM wide, LPARAM data, INT_PTR& answer
       return true;
     }
     case WM_SYSCOLORCHANGE:
-      // Windows tells top-level windows only; common controls keep the colours.
+      // Windows sends this to top-level windows only, and common controls store the
+      // colours.
       controls_.Tell(message, wide, data);
       toolTips_.Tell(message, wide, data);
       [[fallthrough]];

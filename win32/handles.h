@@ -7,8 +7,8 @@
 
 namespace win32 {
 
-// Owns one handle and gives it back to Windows when it goes. A raw handle
-// anywhere else is borrowed.
+// Owns one handle and releases it on destruction. A raw handle anywhere else is
+// borrowed.
 template <typename Handle, typename Release>
 class UniqueHandle {
  public:
@@ -24,7 +24,7 @@ class UniqueHandle {
   Handle get() const { return handle_; }
   explicit operator bool() const { return handle_ != nullptr; }
 
-  // Hands the handle over; the caller owns it from here on.
+  // Returns the handle; the caller owns it from here on.
   Handle release() { return std::exchange(handle_, nullptr); }
 
   void reset(Handle handle = nullptr) {
@@ -58,13 +58,13 @@ using UniqueIcon = UniqueHandle<HICON, ReleaseIcon>;
 using UniqueFont = UniqueHandle<HFONT, ReleaseObject>;
 using UniqueBitmap = UniqueHandle<HBITMAP, ReleaseObject>;
 using UniqueBrush = UniqueHandle<HBRUSH, ReleaseObject>;
-// Of a file, among others: INVALID_HANDLE_VALUE must not get here.
+// The handle of a file, for example. It must not be INVALID_HANDLE_VALUE.
 using UniqueKernelHandle = UniqueHandle<HANDLE, ReleaseKernelObject>;
-// Of FindFirstFile(): INVALID_HANDLE_VALUE must not get here.
+// A handle of FindFirstFile(). It must not be INVALID_HANDLE_VALUE.
 using UniqueSearch = UniqueHandle<HANDLE, ReleaseSearch>;
 using UniqueMemoryDc = UniqueHandle<HDC, ReleaseDc>;
 
-// The window's own device context, given back on destruction.
+// The device context of a window, or of the screen for nullptr.
 class WindowDc {
  public:
   explicit WindowDc(HWND window) : window_(window), dc_(GetDC(window)) {}
@@ -78,7 +78,7 @@ class WindowDc {
   HDC dc_;
 };
 
-// Selects an object into a device context and the former one back again.
+// Selects an object into a device context. The destructor selects the former one.
 class SelectedObject {
  public:
   SelectedObject(HDC dc, HGDIOBJ object) : dc_(dc), former_(SelectObject(dc, object)) {}

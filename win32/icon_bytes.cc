@@ -11,9 +11,9 @@ namespace {
 constexpr BYTE kPngSignature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
 
 struct Bitmap {
-  std::uint64_t headerSize = 0;  // with masks and palette
-  std::uint64_t width = 0;
-  std::uint64_t height = 0;  // of picture and mask together
+  std::uint64_t headerSize = 0;  // in bytes, with masks and palette
+  std::uint64_t width = 0;       // in pixels
+  std::uint64_t height = 0;      // in pixels, picture and mask together
   WORD bitsPerPixel = 0;
 };
 
@@ -32,7 +32,7 @@ Bitmap ReadBitmap(const IconBytes& file, std::uint64_t offset) {
             header.bcBitCount};
   }
   const auto header = file.Read<BITMAPINFOHEADER>(offset);
-  // An animated icon begins with none of these: Wine believes the sizes in it.
+  // Anything else may be an animated icon, and Wine does not check the sizes in those.
   const bool isKnown = headerSize == sizeof(BITMAPINFOHEADER) ||
                        headerSize == sizeof(BITMAPV4HEADER) || headerSize == sizeof(BITMAPV5HEADER);
   const bool hasMasks = header.biCompression == BI_BITFIELDS;
@@ -101,7 +101,7 @@ const std::vector<BYTE>& IconBytes::Block(std::uint64_t number) const {
 }
 
 void CheckIconImage(const IconBytes& file, std::uint64_t offset, std::uint64_t size) {
-  // Wine looks at the first bytes whatever the size says.
+  // Wine reads the first bytes, whatever the size is.
   const std::vector<BYTE> start = file.ReadBytes(offset, sizeof kPngSignature);
   if (std::equal(start.begin(), start.end(), kPngSignature)) {
     file.RequireRange(offset, size);
@@ -119,10 +119,10 @@ void CheckIconImage(const IconBytes& file, std::uint64_t offset, std::uint64_t s
   const std::uint64_t mask = PixelBytes(bitmap.width, bitmap.height / 2, 1);
   const std::uint64_t withoutMask = bitmap.headerSize + colours;
   if (withoutMask > static_cast<std::uint64_t>(std::numeric_limits<std::int32_t>::max())) {
-    throw BeyondEnd{};  // Wine would reckon with what is left of it in 32 bits
+    throw BeyondEnd{};  // Wine calculates with 32 bits, which would overflow
   }
   if (withoutMask > size) {
-    return;  // which Wine notices
+    return;  // Wine checks this itself
   }
   file.RequireRange(offset, withoutMask + (mask <= size - withoutMask ? mask : 0));
 }

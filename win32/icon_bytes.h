@@ -11,12 +11,13 @@
 
 namespace win32 {
 
-// Thrown when a read goes beyond the end of the file.
+// Thrown when a read goes beyond the end of the file, and for an icon that Wine must
+// not read for another reason.
 struct BeyondEnd {};
 
-// The bytes of an open file, read in blocks as they are asked for. Offsets are
-// 0-based. A read that does not lie wholly in the file, or fails, throws
-// BeyondEnd.
+// The bytes of an open file, read in blocks when they are needed. Offsets and sizes
+// are in bytes; offsets are 0-based. A read that fails, or that does not lie within
+// the file, throws BeyondEnd.
 class IconBytes {
  public:
   // Borrows the file.
@@ -44,8 +45,8 @@ class IconBytes {
   mutable std::map<std::uint64_t, std::vector<BYTE>> blocks_;
 };
 
-// Throws BeyondEnd unless Wine can make an icon of the image at that offset, of
-// which it is told that it has that size, or gives up in time.
+// Throws BeyondEnd if Wine would read beyond the end of the file while it makes an icon
+// of the image at `offset`. `size` is what the file says the image has.
 void CheckIconImage(const IconBytes& file, std::uint64_t offset, std::uint64_t size);
 
 }  // namespace win32

@@ -89,7 +89,7 @@ void MatchHeight(HWND combo, HWND beside) {
   }
   constexpr auto kClosedBox = static_cast<WPARAM>(-1);
   LRESULT wanted = SendMessageW(combo, CB_GETITEMHEIGHT, kClosedBox, 0);
-  // Twice: Wine adds two pixels to what it is told.
+  // Twice, because Wine adds two pixels to the height that it is given.
   for (int i = 0; i < 2; ++i) {
     wanted += height(beside) - height(combo);
     SendMessageW(combo, CB_SETITEMHEIGHT, kClosedBox, wanted);

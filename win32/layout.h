@@ -5,8 +5,9 @@
 
 namespace win32 {
 
-// A place in dialog units: a quarter of the font's average width across, an
-// eighth of its height down. So a plan grows with the font and with the DPI.
+// A place in dialog units. A horizontal unit is a quarter of the font's average
+// character width, a vertical one an eighth of its height. So a plan grows with the
+// font and the DPI.
 struct Place {
   int left;
   int top;
@@ -14,9 +15,9 @@ struct Place {
   int height;
 };
 
-// Which edges of the window a control keeps its distance to, as flags. One that
-// keeps to two opposite edges grows with the window; one that keeps to neither of
-// them stays in the middle.
+// The edges of the window that a control keeps its distance to, as flags. A control
+// anchored to two opposite edges grows with the window. One anchored to neither moves
+// by half of the growth.
 enum Anchor : unsigned { kLeft = 1, kTop = 2, kRight = 4, kBottom = 8 };
 
 inline constexpr unsigned kTopLeft = kTop | kLeft;
@@ -28,16 +29,16 @@ inline constexpr unsigned kBottomAcross = kBottom | kLeft | kRight;
 inline constexpr unsigned kFill = kTop | kBottom | kLeft | kRight;
 inline constexpr unsigned kMiddle = 0;
 
-// Turns places of a window's plan into pixels.
+// Converts places of a window's plan to pixels.
 class Layout {
  public:
-  // `plannedSize` of the client area, in dialog units, is that of the plan.
+  // `plannedSize` is the size of the client area in the plan, in dialog units.
   Layout(HFONT font, SIZE plannedSize);
 
-  // The least client area, in pixels: the planned one.
+  // The planned size of the client area, in pixels. It is the least one.
   SIZE LeastClientSize() const { return leastSize_; }
 
-  // Where a control belongs in a client area of that many pixels.
+  // The place of a control in a client area of that size, in pixels.
   RECT Rect(const Place& place, unsigned anchors, SIZE clientSize) const;
 
   int HorizontalPixels(int units) const { return MulDiv(units, base_.cx, 4); }
@@ -48,22 +49,23 @@ class Layout {
   SIZE leastSize_;
 };
 
-// A place of that size in the middle of another one; at its left or right edge where it
-// is anchored to one of these alone.
+// A place of that size, centred in another one. If it is anchored to the left or the
+// right edge alone, it keeps to that edge.
 RECT CentredIn(const RECT& place, SIZE size, unsigned anchors);
 
-// A window of that size in the middle of `around`, within the bounds: where it is too
-// large for them it is made smaller, and its left top corner can be seen anyway.
+// The place of a window of that size, centred on `around` and moved within `bounds`. A
+// window larger than the bounds is made smaller.
 RECT WindowPlace(SIZE size, const RECT& around, const RECT& bounds);
 
 SIZE SizeOf(const RECT& rect);
 SIZE ClientSize(HWND window);
 
-// Moves and resizes a window, in the coordinates that its place is told in.
+// Moves and resizes a window. `place` is in screen coordinates, or in those of the
+// parent for a child window.
 void SetPlace(HWND window, const RECT& place);
 
-// Makes a closed combo box, which goes by its font alone, as high as the control
-// beside it.
+// Makes a closed combo box as high as the control beside it. By itself, its height
+// depends on its font alone.
 void MatchHeight(HWND combo, HWND beside);
 
 }  // namespace win32

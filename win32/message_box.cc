@@ -3,8 +3,8 @@
 namespace win32 {
 namespace {
 
-// A box that belongs to a hidden window is not in the task bar: nobody would find
-// it again behind other windows.
+// A box with a hidden owner has no button in the task bar, so nobody would find it
+// behind other windows.
 HWND IfVisible(HWND owner) { return IsWindowVisible(owner) ? owner : nullptr; }
 
 }  // namespace

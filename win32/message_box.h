@@ -7,16 +7,16 @@
 
 namespace win32 {
 
-// The program's message boxes. `owner` may be nullptr; one that is hidden does not
-// own the box. A line ends with a single CR or LF.
+// The program's message boxes. `owner` may be nullptr. A hidden owner counts as
+// nullptr. A CR or LF in the text begins a new line.
 
-// Title "Error!" and an OK button.
+// Shows a box with the title "Error!" and an OK button.
 void ShowError(HWND owner, const std::wstring& text);
 
-// Title "Query?" and the buttons Yes and No; true for Yes.
+// Shows a box with the title "Query?" and the buttons Yes and No. Returns true for Yes.
 bool AskYesOrNo(HWND owner, const std::wstring& text);
 
-// An OK button.
+// Shows a box with an OK button.
 void ShowInformation(HWND owner, const std::wstring& text, const std::wstring& title);
 
 }  // namespace win32

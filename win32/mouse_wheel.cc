@@ -8,7 +8,8 @@
 namespace win32 {
 namespace {
 
-constexpr const wchar_t* kRest = L"CorvalisWheelRest";  // of the turns that were no whole notch
+// The window property that holds the part of a notch left over, in WHEEL_DELTA units.
+constexpr const wchar_t* kRest = L"CorvalisWheelRest";
 
 LRESULT CALLBACK WheelProcedure(HWND control, UINT message, WPARAM wide, LPARAM data, UINT_PTR id,
                                 DWORD_PTR bar) {
@@ -40,7 +41,7 @@ void TurnScrollBar(HWND bar, WPARAM wide) {
 }
 
 void TurnByWheelOver(HWND control, HWND bar) {
-  constexpr UINT_PTR kId = 1;  // a control may have another procedure, too
+  constexpr UINT_PTR kId = 1;  // other subclass procedures of this program have 0
   SetWindowSubclass(control, WheelProcedure, kId, reinterpret_cast<DWORD_PTR>(bar));
 }
 

@@ -5,13 +5,12 @@
 
 namespace win32 {
 
-// Moves a horizontal scroll bar control by one line for each whole notch that
-// WM_MOUSEWHEEL, of which `wide` is the first parameter, has turned the wheel:
-// right when the wheel turns towards the user. Some mice turn by parts of a
-// notch, which add up. A disabled bar stays.
+// Scrolls a horizontal scroll bar control by the mouse wheel: one line for each whole
+// notch, to the right if the wheel turns towards the user. Parts of a notch add up.
+// `wide` is the WPARAM of WM_MOUSEWHEEL. A disabled bar does not move.
 void TurnScrollBar(HWND bar, WPARAM wide);
 
-// Makes the mouse wheel over a control turn the bar. The control may be the bar.
+// Makes the mouse wheel over a control scroll the bar. The control may be the bar.
 void TurnByWheelOver(HWND control, HWND bar);
 
 }  // namespace win32

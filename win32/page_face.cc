@@ -5,7 +5,7 @@
 namespace win32 {
 namespace {
 
-// The pixel in the middle of what a tab control paints.
+// The colour of the pixel in the middle of a tab control's page.
 COLORREF PaintedColour(HWND tabs) {
   RECT client{};
   GetClientRect(tabs, &client);

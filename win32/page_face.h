@@ -7,22 +7,22 @@
 
 namespace win32 {
 
-// The background of the pages of a tab control, for the controls on them: they are
-// no children of the tab control and would show the colour of the window. It is what
-// the tab control itself paints, so it is right with any theme and with none. Pages
-// have had one plain colour in every theme of Windows since Vista.
+// The background of the pages of a tab control. The controls on a page need it,
+// because they are not children of the tab control and would show the colour of the
+// window. It is the colour that the tab control paints, so it suits every theme.
+// Since Vista, a page has one plain colour in each theme.
 class PageFace {
  public:
   // Borrows the tab control.
   void Attach(HWND tabs) { tabs_ = tabs; }
 
-  // To be called when the theme or the system colours change.
+  // To be called after the theme or the system colours have changed.
   void Forget() { brush_.reset(); }
 
   COLORREF Colour();
   HBRUSH Brush();
 
-  // Where pages are, in the client area of the tab control's parent.
+  // The place of the pages, in the client area of the tab control's parent.
   RECT Place() const;
 
  private:

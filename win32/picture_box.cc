@@ -56,7 +56,7 @@ LRESULT CALLBACK KeyProcedure(HWND box, UINT message, WPARAM wide, LPARAM data, 
 
 }  // namespace
 
-// The box's bitmap, selected into a device context for as long as this lives.
+// A device context with the box's bitmap selected into it.
 struct PictureBox::Canvas {
   explicit Canvas(HBITMAP bitmap) : dc(CreateCompatibleDC(nullptr)), selected(dc.get(), bitmap) {}
 
@@ -104,13 +104,13 @@ void PictureBox::Refresh() const { InvalidateRect(control_, nullptr, FALSE); }
 
 void PictureBox::Paint(const DRAWITEMSTRUCT& item) const {
   const SIZE size = Size();
-  // The box may have come to a monitor of another DPI since.
+  // The control may be on a monitor with another DPI than the bitmap's.
   const SIZE shown = SizeOf(item.rcItem);
   SetStretchBltMode(item.hDC, HALFTONE);
-  SetBrushOrgEx(item.hDC, 0, 0, nullptr);  // which HALFTONE asks for
+  SetBrushOrgEx(item.hDC, 0, 0, nullptr);  // required after setting HALFTONE
   StretchBlt(item.hDC, item.rcItem.left, item.rcItem.top, shown.cx, shown.cy,
              Canvas(bitmap_.get()).dc.get(), 0, 0, size.cx, size.cy, SRCCOPY);
-  // Until a key leads somewhere, Windows hides where the focus is.
+  // Windows hides the focus until the user moves it with the keyboard.
   const LRESULT hidden = SendMessageW(control_, WM_QUERYUISTATE, 0, 0);
   if (GetFocus() == control_ && (hidden & UISF_HIDEFOCUS) == 0) {
     DrawFocusRect(item.hDC, &item.rcItem);
@@ -118,7 +118,7 @@ void PictureBox::Paint(const DRAWITEMSTRUCT& item) const {
 }
 
 std::string PictureBox::BitmapFile() const {
-  GdiFlush();  // GDI may still hold back what was drawn
+  GdiFlush();  // GDI may not have drawn everything yet
   const BITMAPINFOHEADER info = Header();
   BITMAPFILEHEADER file{};
   file.bfType = 0x4D42;  // "BM"

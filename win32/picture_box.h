@@ -11,32 +11,31 @@
 
 namespace win32 {
 
-// An owner-drawn Static control (SS_OWNERDRAW) that keeps what is drawn into it
-// in a bitmap of its own, so that it survives repainting. The bitmap is one
-// standard icon large at the system's DPI, which is the size that DrawIcon()
-// draws at.
+// An owner-drawn Static control (SS_OWNERDRAW) with a bitmap of its own. What is drawn
+// into the bitmap survives repainting. The bitmap has the size of a standard icon at
+// the system's DPI, which is the size that DrawIcon() draws.
 class PictureBox {
  public:
-  // Borrows the control. Its parent has to pass WM_DRAWITEM on to Paint().
+  // Borrows the control. Its parent has to pass WM_DRAWITEM to Paint().
   void Attach(HWND control);
   HWND control() const { return control_; }
 
-  // Makes Space and Enter click the box (SS_NOTIFY) as the mouse does; it then
-  // shows when it has the focus. WS_TABSTOP brings Tab to it.
+  // Makes Space and Enter click the box, as the mouse does, and makes it show the
+  // focus. The control needs SS_NOTIFY and WS_TABSTOP.
   void TakeKeys() const;
 
-  // The system colour (COLOR_BACKGROUND, for one) that Clear() fills the box
-  // with, at first that of a button's face. Setting it clears nothing.
+  // Sets the system colour, such as COLOR_BACKGROUND, that the next Clear() fills the
+  // box with. The first one is COLOR_BTNFACE.
   void SetBackground(int systemColour) { background_ = systemColour; }
-  // Makes Clear() fill the box with what its parent has behind the box.
+  // Makes the next Clear() fill the box with its parent's background.
   void SetParentsBackground() { background_ = kOfParent; }
   void Clear();
 
-  // Both draw at (0, 0) on top of what is there. Nothing is taken over.
+  // Both draw at (0, 0) over the present picture. The handles are borrowed.
   void Draw(HICON icon);
   void Draw(HIMAGELIST images, int index);
 
-  // Shows on the screen what has been drawn.
+  // Shows the bitmap on the screen.
   void Refresh() const;
 
   void Paint(const DRAWITEMSTRUCT& item) const;
@@ -44,16 +43,16 @@ class PictureBox {
   // The box as a Windows bitmap file: 24 bits a pixel, bottom row first.
   std::string BitmapFile() const;
 
-  // Of the bitmap, in pixels.
+  // The size of the bitmap, in pixels.
   static SIZE Size();
 
  private:
   struct Canvas;
-  static constexpr int kOfParent = -1;  // as a system colour, which it is not
+  static constexpr int kOfParent = -1;  // no system colour has this number
 
   HWND control_ = nullptr;
   UniqueBitmap bitmap_;
-  void* pixels_ = nullptr;  // of bitmap_
+  void* pixels_ = nullptr;  // owned by bitmap_
   int background_ = COLOR_BTNFACE;
 };
 

@@ -7,8 +7,8 @@
 
 namespace win32 {
 
-// What goes where in a form of type F: the handler of a control's event, which
-// is a notification code of WM_COMMAND or a ControlEvent.
+// The handler of a control's event in a form of type F. The event is a notification
+// code of WM_COMMAND or a ControlEvent.
 template <typename F>
 struct Route {
   int control;
@@ -16,7 +16,7 @@ struct Route {
   void (F::*handler)();
 };
 
-// Calls the handlers that the table names for the event, if any.
+// Calls every handler that the table has for the event.
 template <typename F>
 void Follow(std::span<const Route<F>> routes, F& form, int control, UINT event) {
   for (const Route<F>& route : routes) {

@@ -3,7 +3,7 @@
 namespace win32 {
 namespace {
 
-// A function of user32.dll that older versions of Windows do not have.
+// A function of user32.dll; nullptr on a version of Windows that lacks it.
 template <typename Function>
 Function* User32Function(const char* name) {
   return reinterpret_cast<Function*>(

@@ -7,31 +7,32 @@
 
 namespace win32 {
 
-// What Windows has in another size at each DPI. Versions before Windows 10 know
-// one DPI only, the system's; there the `dpi` that is asked for makes no difference.
+// Sizes and fonts of Windows that depend on the DPI. Versions before Windows 10 know
+// only the system's DPI; there the parameter `dpi` makes no difference.
 
 // The DPI of a window's monitor.
 UINT DpiOf(HWND window);
 
-// The font of message boxes, which is the one for windows.
+// The font of message boxes, which this program uses for its windows, too.
 LOGFONTW MessageFont(UINT dpi);
 
-// A measure of GetSystemMetrics(), in pixels.
+// A value of GetSystemMetrics(), in pixels.
 int SystemMetric(int metric, UINT dpi);
 
 // The size of a standard icon, in pixels.
 SIZE StandardIconSize(UINT dpi);
 
-// How much larger, in pixels, a window without scroll bars is than its client area.
+// The difference in size, in pixels, between a window without scroll bars and its
+// client area.
 SIZE FrameSize(DWORD style, DWORD extendedStyle, UINT dpi);
 
-// The part of a window's monitor that the task bar leaves free, in screen
-// coordinates. `Nearest` to a place where a window may not be yet.
+// The work area of a monitor, in screen coordinates: the monitor of a window, or the
+// one nearest to a place.
 RECT WorkAreaOf(HWND window);
 RECT WorkAreaNearest(const RECT& place);
 
-// An icon of the program's resources in that size. One that has no picture of
-// exactly that size is scaled.
+// An icon from the program's resources in that size, in pixels. Windows scales one
+// that has no picture of exactly that size.
 UniqueIcon LoadIconOfSize(int resourceId, SIZE size);
 
 }  // namespace win32

@@ -17,7 +17,7 @@ UniqueBitmap LoadScaledBitmap(int resourceId, SIZE size) {
   const SelectedObject fromBitmap(from.get(), source.get());
   const SelectedObject toBitmap(to.get(), scaled.get());
   SetStretchBltMode(to.get(), HALFTONE);
-  SetBrushOrgEx(to.get(), 0, 0, nullptr);  // which HALFTONE asks for
+  SetBrushOrgEx(to.get(), 0, 0, nullptr);  // required after setting HALFTONE
   const LONG width = std::min<LONG>(info.bmWidth, MulDiv(info.bmHeight, size.cx, size.cy));
   const LONG height = std::min<LONG>(info.bmHeight, MulDiv(info.bmWidth, size.cy, size.cx));
   StretchBlt(to.get(), 0, 0, size.cx, size.cy, from.get(), (info.bmWidth - width) / 2,

@@ -7,9 +7,9 @@
 
 namespace win32 {
 
-// A bitmap of the program's resources, smoothly scaled to `size` pixels, which are at
-// least one each way. Where these have another shape it is not squeezed: the middle of
-// it fills them, and what goes over is left out.
+// A bitmap from the program's resources, smoothly scaled to `size`, which is in pixels
+// and at least 1 by 1. The proportions stay: if they differ from those of `size`, the
+// middle of the bitmap fills it and the rest is cut off.
 UniqueBitmap LoadScaledBitmap(int resourceId, SIZE size);
 
 }  // namespace win32

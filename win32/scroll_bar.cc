@@ -45,7 +45,8 @@ bool MoveScrollBar(HWND bar, UINT request, int position) {
   info.fMask = SIF_ALL;
   SendMessageW(bar, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(&info));
   const int wanted = RequestedPosition(info, request, position, 1);
-  // Where scrolling ends, whoever drives the window may have moved the bar first.
+  // At the end of scrolling, another program may have set the position already, so it
+  // counts as changed.
   const bool ends = request == SB_THUMBPOSITION || request == SB_ENDSCROLL;
   if (wanted == info.nPos && !ends) {
     return false;

@@ -5,13 +5,13 @@
 
 namespace win32 {
 
-// The position, within the range, that a request of WM_HSCROLL or WM_VSCROLL asks a
-// scroll bar for; `position` is that of the thumb, and `step` what an arrow moves by.
-// Any other request leaves it where it is.
+// The new position of a scroll bar after a request of WM_HSCROLL or WM_VSCROLL, within
+// its range. `position` is that of the thumb; `step` is the distance that an arrow
+// moves. Other requests do not change the position.
 int RequestedPosition(const SCROLLINFO& info, UINT request, int position, int step);
 
-// Moves a scroll bar control as its user, or a message from elsewhere, asks by
-// WM_HSCROLL. False when there is nothing new to show at its position.
+// Moves a scroll bar control after WM_HSCROLL. Returns true if its position changed or
+// scrolling has ended.
 bool MoveScrollBar(HWND bar, UINT request, int position);
 
 }  // namespace win32

@@ -12,8 +12,8 @@ bool HasBar(HWND window, DWORD style) {
   return (static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)) & style) != 0;
 }
 
-// The range of a bar for contents of which only a part can be seen. A bar that is
-// not needed is hidden, and what it was scrolled by is forgotten.
+// Sets the range of a bar: `contents` pixels, of which `seen` can be seen. A bar that
+// is not needed is hidden, and its position becomes 0.
 void SetBar(HWND window, int bar, DWORD style, bool isNeeded, LONG contents, LONG seen) {
   if (isNeeded != HasBar(window, style)) {
     ShowScrollBar(window, bar, isNeeded);
@@ -32,10 +32,10 @@ SIZE ScrolledArea::Fit(SIZE contents, UINT dpi) {
   RECT client{};
   GetClientRect(window_, &client);
   const SIZE thickness{SystemMetric(SM_CXVSCROLL, dpi), SystemMetric(SM_CYHSCROLL, dpi)};
-  // At first what can be seen without scroll bars.
+  // The size of the client area without scroll bars.
   SIZE seen{client.right + (HasBar(window_, WS_VSCROLL) ? thickness.cx : 0),
             client.bottom + (HasBar(window_, WS_HSCROLL) ? thickness.cy : 0)};
-  // One bar takes room, for which the other may be needed, too.
+  // One bar takes room, which may make the other one necessary.
   bool across = contents.cx > seen.cx;
   const bool down = contents.cy > seen.cy - (across ? thickness.cy : 0);
   across = across || (down && contents.cx > seen.cx - thickness.cx);
@@ -56,7 +56,7 @@ bool ScrolledArea::MoveTo(int bar, int position) {
   info.cbSize = sizeof info;
   info.fMask = SIF_POS;
   info.nPos = position;
-  SetScrollInfo(window_, bar, &info, TRUE);  // which keeps to the range
+  SetScrollInfo(window_, bar, &info, TRUE);  // limits the position to the range
   return GetScrollPos(window_, bar) != before;
 }
 
@@ -81,7 +81,7 @@ bool ScrolledArea::Turn(int wheelDelta) {
 bool ScrolledArea::Reveal(const RECT& place) {
   RECT client{};
   GetClientRect(window_, &client);
-  // How far to scroll, so that the stretch from `first` to `last` lies within `size`.
+  // The distance to scroll so that `first` to `last` lies within 0 to `size`.
   const auto distance = [](LONG first, LONG last, LONG size) {
     return static_cast<int>(first < 0 ? first : std::min(std::max(last - size, 0L), first));
   };

@@ -5,31 +5,34 @@
 
 namespace win32 {
 
-// Scrolls the contents of a window that may be smaller than they are, with the
-// window's own scroll bars. All measures are in pixels.
+// Scrolls the contents of a window with the window's own scroll bars, if they are
+// larger than the window. All measures are in pixels.
 class ScrolledArea {
  public:
-  // Borrows the window. A turn of the wheel by one notch scrolls by `step`.
+  // Borrows the window.
   void Attach(HWND window) { window_ = window; }
+  // Sets the distance that one notch of the wheel, or an arrow of a bar, scrolls.
+  // Sets the distance that one notch of the wheel, or an arrow of a bar, scrolls.
+  // Sets the distance that one notch of the wheel, or an arrow of a bar, scrolls.
   void SetStep(int step) { step_ = step; }
 
-  // Shows the scroll bars that contents of that size need in the window as large as
-  // it is now, and hides the others. Returns the area that the contents are to fill:
-  // the client area, or what they need where that is more. Windows may resize the
-  // client area meanwhile, with a WM_SIZE that is to be ignored.
+  // Shows the scroll bars that contents of that size need in the present window, and
+  // hides the others. Returns the area that the contents fill: the client area, or the
+  // size of the contents if that is larger. Windows may send WM_SIZE meanwhile, which
+  // the caller has to ignore.
   SIZE Fit(SIZE contents, UINT dpi);
 
-  // Where the left top corner of the contents is in the client area: (0, 0), or to
-  // the left of it and above.
+  // The top left corner of the contents in the client area; never to the right of
+  // (0, 0) or below it.
   POINT Origin() const;
 
-  // WM_HSCROLL (SB_HORZ) or WM_VSCROLL (SB_VERT) of the window's own bars, and
-  // WM_MOUSEWHEEL. Return true if the origin has moved.
+  // To be called for WM_HSCROLL (with SB_HORZ) and WM_VSCROLL (with SB_VERT) of the
+  // window's own bars, and for WM_MOUSEWHEEL. Returns true if the origin has moved.
   bool Scroll(int bar, UINT request, int position);
   bool Turn(int wheelDelta);
 
-  // Scrolls so that a place in the client area can be seen, its left top corner first
-  // where it is too large. Returns true if the origin has moved.
+  // Scrolls a place in the client area into view. If it is too large, its top left
+  // corner can be seen. Returns true if the origin has moved.
   bool Reveal(const RECT& place);
 
  private:
@@ -37,7 +40,7 @@ class ScrolledArea {
 
   HWND window_ = nullptr;
   int step_ = 1;
-  int wheelRest_ = 0;  // of turns by less than a notch
+  int wheelRest_ = 0;  // the part of a notch left over, in WHEEL_DELTA units
 };
 
 }  // namespace win32

@@ -22,7 +22,7 @@ ShellFile::ShellFile(const std::string& path) {
   SHFILEINFOA info{};
   DWORD_PTR answer = SHGetFileInfoA(path.c_str(), 0, &info, sizeof info, kFlags);
   if (answer == 0) {
-    // Some versions refuse to combine the type of a program with anything else.
+    // Some versions refuse SHGFI_EXETYPE together with other flags.
     info = {};
     answer = SHGetFileInfoA(path.c_str(), 0, &info, sizeof info, kFlags & ~UINT{SHGFI_EXETYPE});
   }
@@ -38,11 +38,11 @@ std::string ShellNameOf(const std::string& path) {
   if (ToText(name) == info.szDisplayName) {
     return name;
   }
-  // The ANSI record has bytes for fewer characters, too.
+  // The ANSI record may hold fewer characters of a long name.
   return ToBytes(info.szDisplayName).value_or(LastPartOf(path));
 }
 
-// Byte by byte one would take the second half of a double-byte character for a
+// Converted to text first: the second byte of a double-byte character may equal a
 // backslash.
 std::string LastPartOf(const std::string& path) {
   std::wstring text = ToText(path);
@@ -54,7 +54,7 @@ std::string LastPartOf(const std::string& path) {
 
 void TellShellOfChange(const std::string& path) {
   const std::wstring text = ToText(path);
-  // The shell wants all of a path.
+  // The shell needs a full path.
   std::wstring full(GetFullPathNameW(text.c_str(), 0, nullptr, nullptr), L'\0');
   full.resize(
       GetFullPathNameW(text.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));

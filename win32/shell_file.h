@@ -9,29 +9,29 @@
 
 namespace win32 {
 
-// What the shell shows for a file or folder. Paths and names are in the system's
-// ANSI code page, as a menu file has them.
+// The name and icon that the shell shows for a file or folder. Paths and names are in
+// the system's ANSI code page, as in a menu file.
 struct ShellFile {
   explicit ShellFile(const std::string& path);
 
-  // The name that the shell shows, by the user's settings with or without the
-  // extension. Empty when the shell gave none. What the code page does not hold is
-  // replaced in it: ShellNameOf() tells.
+  // The name that the shell shows, with or without the extension, by the user's
+  // settings. Empty if the shell has none. Characters that are not in the code page
+  // are replaced; ShellNameOf() avoids that.
   std::string displayName;
-  // The system's image list, which is borrowed, and the index of the file's
-  // icon in it. nullptr when the shell gave none.
+  // The system's image list, which is borrowed, and the 0-based index of the file's
+  // icon in it. nullptr if the shell has none.
   HIMAGELIST images = nullptr;
   int imageIndex = 0;
 };
 
-// The name that the shell shows for a file or folder; empty when it shows none.
-// Where the code page does not hold it, this is the last part of `path`.
+// The name that the shell shows for a file or folder; empty if it has none. If the code
+// page cannot hold that name, returns the last part of `path`.
 std::string ShellNameOf(const std::string& path);
 
-// What follows the last backslash of a path, but for one at the end: "C:" of "C:\".
+// The part of a path after its last backslash, trailing ones ignored: "C:" for "C:\".
 std::string LastPartOf(const std::string& path);
 
-// Tells the shell that a file has another icon now.
+// Tells the shell that the icon of a file has changed.
 void TellShellOfChange(const std::string& path);
 
 }  // namespace win32

@@ -11,7 +11,7 @@ namespace {
 
 constexpr wchar_t kReplacement = L'\xFFFD';
 
-// Nothing when the flags forbid what is in the bytes.
+// Returns nothing if the flags forbid the bytes.
 std::optional<std::wstring> Decode(std::string_view bytes, DWORD flags) {
   const auto convert = [&](wchar_t* out, int size) {
     return MultiByteToWideChar(CP_ACP, flags, bytes.data(), static_cast<int>(bytes.size()), out,
@@ -35,7 +35,8 @@ std::string Encode(std::wstring_view text) {
   return bytes;
 }
 
-// Of text that is not all characters, with the number of bytes that it takes.
+// The first character of the bytes, and the number of bytes that it takes. Bytes that
+// stand for no character give U+FFFD and 1.
 std::pair<std::wstring, std::size_t> FirstCharacter(std::string_view bytes) {
   CPINFO page{};
   GetCPInfo(CP_ACP, &page);
@@ -45,7 +46,7 @@ std::pair<std::wstring, std::size_t> FirstCharacter(std::string_view bytes) {
       return {*character, length};
     }
   }
-  // Some bytes have a private character of their own.
+  // The code page may give such a byte a private character that converts back.
   const std::wstring character = Decode(bytes.substr(0, 1), 0).value_or(L"");
   const bool isOwn = Encode(character) == bytes.substr(0, 1);
   return {isOwn ? character : std::wstring(1, kReplacement), 1};
@@ -53,9 +54,10 @@ std::pair<std::wstring, std::size_t> FirstCharacter(std::string_view bytes) {
 
 constexpr std::wstring_view kSeparators = L"\\/";
 
-// Empty when there is no such file, or its volume keeps no short names.
+// The 8.3 name of the file at `path`, whose last part is `name`. Empty if there is no
+// such file, or if its volume has no short names.
 std::wstring ShortNameOf(const std::wstring& path, std::wstring_view name) {
-  // The last three are wildcards of an older kind.
+  // FindFirstFile() takes all of these as wildcards; `"`, `<` and `>` are the older ones.
   if (name.find_first_of(L"*?\"<>") != std::wstring_view::npos) {
     return {};
   }
@@ -74,8 +76,8 @@ std::wstring ToText(std::string_view bytes) {
   if (const std::optional<std::wstring> text = Decode(bytes, MB_ERR_INVALID_CHARS)) {
     return *text;
   }
-  // Character by character. Windows itself would show what cannot be read as a
-  // question mark, or in Japanese as a middle dot.
+  // Convert character by character: Windows would turn the others into question marks,
+  // or into middle dots in Japanese.
   std::wstring text;
   while (!bytes.empty()) {
     const auto [character, length] = FirstCharacter(bytes);
@@ -85,8 +87,8 @@ std::wstring ToText(std::string_view bytes) {
   return text;
 }
 
-// There and back again is the test that holds in every code page; the flags that
-// Windows has against replacing are not allowed in all of them.
+// Converting back and comparing works in every code page. The flags of Windows against
+// replacing characters are not allowed in all of them.
 std::optional<std::string> ToBytes(std::wstring_view text) {
   std::string bytes = Encode(text);
   const bool isHeld =

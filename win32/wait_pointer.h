@@ -5,8 +5,8 @@
 
 namespace win32 {
 
-// Shows the wait pointer while this lives, for work during which the program
-// takes no messages.
+// Shows the wait pointer as long as the object exists: for work during which the
+// program handles no messages.
 class WaitPointer {
  public:
   WaitPointer()

@@ -6,7 +6,7 @@ namespace win32 {
 
 std::wstring WindowText(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
-  // The length asked for above may count more than there is.
+  // GetWindowTextLengthW() may return more than the length of the text.
   const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
   text.resize(static_cast<std::size_t>(length));
   return text;

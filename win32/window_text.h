@@ -10,14 +10,14 @@ namespace win32 {
 // The text of a window or control.
 std::wstring WindowText(HWND window);
 
-// Sets it; an edit control reports the change to its parent as for typing.
+// Sets the text. An edit control then sends EN_CHANGE, as after typing.
 void SetText(HWND window, const std::wstring& text);
 
-// The text of a list box row (0-based). Empty when there is no such row.
+// The text of a list box row (0-based). Empty if there is no such row.
 std::wstring ListText(HWND list, int row);
 
-// What Windows says about an error code of GetLastError(), without line ends
-// and full stop.
+// The message of Windows for an error code of GetLastError(), without line ends and
+// full stop.
 std::wstring ErrorText(DWORD error);
 
 }  // namespace win32

@@ -17,36 +17,36 @@
 namespace win32 {
 namespace {
 
-// The functions below follow Wine's way to an icon step by step and read what it
-// reads; a read beyond the end of the file throws BeyondEnd. Where Wine gives up
-// by itself they just return.
+// The functions below read what Wine reads on its way to an icon, in the same order. A
+// read beyond the end of the file throws BeyondEnd. If Wine gives up by itself, they
+// return.
 
 constexpr WORD kIconType = 3;
 constexpr WORD kIconGroupType = 14;
 
-// What an icon file begins with, and each icon (a group of images) of a program.
+// The first bytes of an icon file, and of each icon (a group of images) in a program.
 struct GroupHeader {
   WORD reserved;
   WORD type;
   WORD count;
 };
 
-// An entry of a group ends in the number of its image; in an icon file it has
-// the image's size and place instead.
+// Sizes in bytes. An entry of a group ends with the number of its image. In an icon
+// file it has the image's size and offset instead.
 constexpr std::size_t kGroupEntrySize = 14;
 constexpr std::size_t kFileEntrySize = 16;
-constexpr std::size_t kEntryStart = 12;  // what both have in common
-constexpr std::size_t kFileEntryImage = 8;
+constexpr std::size_t kEntryStart = 12;     // the part that both have in common
+constexpr std::size_t kFileEntryImage = 8;  // the offset of size and offset in a file's entry
 
-// The number of the image that Wine picks from a group for a large icon: Wine is
-// asked itself, with bytes that are safe to read.
+// The number of the image that Wine picks from a group for a large icon. Wine itself
+// answers this; the bytes that it reads are safe.
 WORD PickImage(std::vector<BYTE>& group) {
   const auto picked = LookupIconIdFromDirectoryEx(group.data(), TRUE, GetSystemMetrics(SM_CXICON),
                                                   GetSystemMetrics(SM_CYICON), 0);
   return static_cast<WORD>(picked);
 }
 
-// A group in a program. Nothing when Wine does not take it for one.
+// The same for a group in a program. Returns nothing if Wine rejects the group.
 std::optional<WORD> PickImage(const IconBytes& file, std::uint64_t group) {
   const auto header = file.Read<GroupHeader>(group);
   if (header.reserved != 0 || (header.type & 3) == 0) {
@@ -167,8 +167,8 @@ class Program {
 
  private:
   struct Entry {
-    DWORD id;      // the upper half is not looked at
-    DWORD offset;  // from the root; the highest bit is not part of it
+    DWORD id;      // only the lower 16 bits count
+    DWORD offset;  // from the root, in bytes; the highest bit is a flag
   };
   struct Data {
     std::uint64_t offset;
@@ -185,8 +185,8 @@ class Program {
     }
   }
 
-  // Where in the file stands what the program would have at that address: in the
-  // first section that holds its first byte.
+  // The offset in the file of what the program would have at that address; nothing if
+  // no section contains the address.
   std::optional<std::uint64_t> OffsetOf(DWORD address) const {
     for (std::uint64_t i = 0; i < sectionCount_; ++i) {
       const auto section =
@@ -205,7 +205,7 @@ class Program {
 
   std::uint64_t Target(const Entry& entry) const { return *root_ + (entry.offset & 0x7FFFFFFF); }
 
-  // Entries are sorted by id after those with a name.
+  // Entries with a name come first. After them, entries with an id are sorted by it.
   std::optional<std::uint64_t> FindById(std::uint64_t directory, WORD id) const {
     const auto header = file_.Read<IMAGE_RESOURCE_DIRECTORY>(directory);
     int first = header.NumberOfNamedEntries;
@@ -226,7 +226,7 @@ class Program {
     return std::nullopt;
   }
 
-  // The icon of that index, or with that number when it is negative.
+  // The icon with that 0-based index, or with the id -index if it is negative.
   std::optional<std::uint64_t> EntryAt(std::uint64_t directory, int index) const {
     const auto header = file_.Read<IMAGE_RESOURCE_DIRECTORY>(directory);
     const int count = header.NumberOfNamedEntries + header.NumberOfIdEntries;
@@ -240,7 +240,7 @@ class Program {
     return std::nullopt;
   }
 
-  // What is there for the first language. Whether there is one is not looked at.
+  // The data for the first language. As in Wine, nothing checks that there is one.
   std::optional<Data> DefaultData(std::uint64_t directory) const {
     const auto language = file_.Read<Entry>(EntriesOf(directory));
     const auto data = file_.Read<IMAGE_RESOURCE_DATA_ENTRY>(Target(language));
@@ -273,7 +273,7 @@ void CheckFile(const IconBytes& file, int index) {
   }
 }
 
-// The path as ExtractIconA() finds it; empty when there is none.
+// The path of the file that ExtractIconA() would open; empty if it finds none.
 std::wstring FindFile(const std::wstring& path) {
   if (path.starts_with(L"\\\\") || path.find(L":\\") == 1) {
     return path;
@@ -299,7 +299,7 @@ bool Judge(const std::wstring& path, int index) {
   }
 }
 
-// What has been found out about a file, as long as it does not change.
+// The cached answers about a file. They hold until its size or time changes.
 struct Verdicts {
   ULONGLONG size = 0;
   ULONGLONG lastWrite = 0;

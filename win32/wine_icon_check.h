@@ -5,17 +5,17 @@
 
 namespace win32 {
 
-// True where Wine runs this program.
+// True if the program runs under Wine.
 bool IsWine();
 
-// False where extracting the icon would make Wine read beyond the end of the
-// file, which can end the program: Wine believes what the headers of an icon
-// file, program or library say. Always true on Windows, which looks twice, and
-// for a file that cannot be opened.
+// Returns false if Wine would read beyond the end of the file while it extracts the
+// icon, which can crash the program: Wine does not check the sizes in the headers of
+// an icon file, program or library. Always true on Windows, which checks them, and for
+// a file that cannot be opened.
 //
-// `path` is in the system's ANSI code page and is searched for as ExtractIconA()
-// does; `index` is 0-based, or minus the number of a resource. The answer is
-// kept until the file has another size or another time of its last change.
+// `path` is in the system's ANSI code page, and is searched for as ExtractIconA() does.
+// `index` is 0-based, or a negative resource id. The answer is cached until the size
+// or the modification time of the file changes.
 bool MayExtractIcon(const std::string& path, int index);
 
 }  // namespace win32
