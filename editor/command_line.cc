@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::wstring_view kBlanks = L" \t";
 
-// Windows ends the program's name at the next quote when it begins with one,
-// else at the next blank.
+// As in Windows, the program's name ends at the second quote if it begins with one, and
+// otherwise at the first blank.
 std::wstring_view SkipProgramName(std::wstring_view commandLine) {
   const bool quoted = !commandLine.empty() && commandLine[0] == L'"';
   const std::size_t end =
@@ -54,7 +54,7 @@ std::string MenuFilePath(std::wstring_view arguments) {
 std::wstring HintAtQuotes(std::wstring_view arguments) {
   const bool isQuoted = arguments.size() > 1 && arguments.find(L'"', 1) == arguments.size() - 1 &&
                         arguments.front() == L'"';
-  // Without a path that is what the message says.
+  // If there is no path at all, the message itself names the quotes.
   if (isQuoted || arguments.size() < 2) {
     return {};
   }

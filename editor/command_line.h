@@ -6,20 +6,18 @@
 
 namespace editor {
 
-// The arguments of this process as they were typed: its command line after the
-// program's name, without the blanks around them, quotes included.
+// The command line of this process after the program's name, without the blanks
+// around it. Quotes stay.
 std::wstring Arguments();
 
-// The path of the menu file: `arguments` without their first and last
-// character, which are double quotes when the program is started as it is meant
-// to be; nothing checks that they are. In bytes, with short names where the code
-// page needs them. Throws menufile::Failure when there are fewer than two
-// characters, and win32::TextFailure when there are no bytes for the path.
+// The path of the menu file: `arguments` without the first and the last character.
+// These should be double quotes, but nothing checks that. The path is in the ANSI code
+// page, by win32::PathToBytes(). Throws menufile::Failure if `arguments` has fewer than
+// two characters, and win32::TextFailure if the code page cannot hold the path.
 std::string MenuFilePath(std::wstring_view arguments);
 
-// What to add to the message when there is no menu file at that path: that it has
-// to stand in double quotes, if `arguments` are anything but one text in them.
-// Else nothing.
+// A hint for the message that the menu file cannot be opened: its path has to stand in
+// double quotes. Empty if `arguments` is one text in double quotes.
 std::wstring HintAtQuotes(std::wstring_view arguments);
 
 }  // namespace editor

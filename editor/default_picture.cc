@@ -7,7 +7,7 @@
 namespace editor {
 namespace {
 
-// An icon file begins with 6 bytes and an entry of 16 for each image.
+// An icon file begins with a header of 6 bytes and an entry of 16 bytes per image.
 constexpr std::size_t kImageOffset = 6 + 16;
 constexpr DWORD kIconVersion = 0x00030000;
 
@@ -23,7 +23,7 @@ std::string_view DefaultPictureFile() {
 
 win32::UniqueIcon DefaultIcon(SIZE size) {
   const std::string_view image = DefaultPictureFile().substr(kImageOffset);
-  // The bytes are only read, though the parameter does not say so.
+  // Windows only reads the bytes, although the parameter is not const.
   BYTE* const bytes = reinterpret_cast<BYTE*>(const_cast<char*>(image.data()));
   return win32::UniqueIcon(CreateIconFromResourceEx(bytes, static_cast<DWORD>(image.size()), TRUE,
                                                     kIconVersion, size.cx, size.cy,

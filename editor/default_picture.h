@@ -7,11 +7,11 @@
 
 namespace editor {
 
-// The picture that a converted menu file gets: an icon file of 2238 bytes with
-// one image, 32 by 32 pixels in 256 colours, as it stands in the program.
+// The picture of a converted menu file: an icon file of 2238 bytes with one image of
+// 32 by 32 pixels in 256 colours. The bytes belong to the program's resources.
 std::string_view DefaultPictureFile();
 
-// The same as an icon of that size, in pixels.
+// The same picture as an icon of that size, in pixels.
 win32::UniqueIcon DefaultIcon(SIZE size);
 
 }  // namespace editor

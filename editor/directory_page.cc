@@ -22,9 +22,9 @@ using menufile::Value;
 constexpr std::wstring_view kCannotBeSaved =
     L" cannot be saved. It has characters that a menu file cannot hold.";
 
-// The bytes of a path that the box shows as `shown`: it may have appended a
-// backslash. After a lone lead byte at the end there is no room for one, it would
-// become the second half of a character.
+// The bytes of a path that the box shows as `shown`. The box may have appended a
+// backslash, and then the bytes get one, too. They do not if the path ends with a lone
+// lead byte: the backslash would become the second byte of a character.
 win32::ShownBytes PathInBox(const std::string& path, const std::wstring& shown) {
   const std::string longer = path + "\\";
   return {win32::ToText(longer) == shown ? longer : path, shown};
@@ -41,7 +41,7 @@ bool ConfirmLoss(HWND owner) {
 void Form2::CreateDirectoryPage() {
   dir1_.Attach(Control(IDC_FORM2_DIR1));
   win32::ReportEnter(dir1_.window());
-  // Without a limit there is always room for the backslash.
+  // No limit of the length, so that there is always room for the backslash.
   SendMessageW(Control(IDC_FORM2_TEXT7), EM_SETLIMITTEXT, 0, 0);
   SendMessageW(Control(IDC_FORM2_TEXT8), EM_SETLIMITTEXT, 0, 0);
   win32::RefuseUnheldCharacters(Control(IDC_FORM2_TEXT8));
@@ -72,15 +72,15 @@ void Form2::ShowDirectoryPointer(const DirectoryPointerRecord& directory) {
   const std::string folderPath = directory.folderPath.Text();
   const std::wstring path = win32::ToText(folderPath);
   dir1_.AlwaysList(path);
-  // To a folder on a server the list follows the box, below.
+  // For a folder on a server, setting the text of the box below moves the list.
   if (!win32::IsOnServer(path)) {
     const bool isOtherDrive = ShowDrive(path);
-    // For a folder that is not there, the lists go to its drive at least.
+    // If the folder is not there, the lists go to its drive.
     if (dir1_.SetPath(path) || (isOtherDrive && dir1_.SetPath(drive_))) {
       Dir1Change();
     }
   }
-  // A box that shows the path already does not change: an empty one stays so.
+  // Set the text only if it differs: an empty box must stay empty, without a backslash.
   if (const HWND text7 = Control(IDC_FORM2_TEXT7); win32::WindowText(text7) != path) {
     win32::SetText(text7, path);
   }
@@ -96,12 +96,12 @@ void Form2::ShowDirectoryPointer(const DirectoryPointerRecord& directory) {
   check(IDC_FORM2_CHECK3, directory.showHiddenFiles);
 }
 
-// Drives come and go.
+// Drives may have been added or removed.
 void Form2::Drive1DropDown() { win32::FillDriveList(Control(IDC_FORM2_DRIVE1)); }
 
 void Form2::Drive1Change() {
   const std::wstring drive = win32::SelectedDrive(Control(IDC_FORM2_DRIVE1));
-  // One that was chosen already has not changed.
+  // Ignore the choice of the drive that was selected before.
   if (std::exchange(drive_, drive) != drive && dir1_.SetPath(drive)) {
     Dir1Change();
   }
@@ -109,7 +109,7 @@ void Form2::Drive1Change() {
 
 void Form2::Dir1Change() { win32::SetText(Control(IDC_FORM2_TEXT7), dir1_.Path()); }
 
-void Form2::Dir1KeyPress() {
+void Form2::OpenSelectedFolder() {
   if (dir1_.OpenSelected()) {
     Dir1Change();
   }
@@ -118,7 +118,7 @@ void Form2::Dir1KeyPress() {
 void Form2::Text7Change() {
   const HWND text7 = Control(IDC_FORM2_TEXT7);
   if (win32::WindowText(text7).ends_with(L'\\')) {
-    // While the user types, each key would have a server looked for.
+    // Not while the user types: each key would access a server.
     if (GetFocus() != text7) {
       FollowServerPath();
     }
@@ -129,7 +129,7 @@ void Form2::Text7Change() {
   SendMessageW(text7, EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
   const int end = GetWindowTextLengthW(text7);
   SendMessageW(text7, EM_SETSEL, static_cast<WPARAM>(end), end);
-  // This comes back here with nothing left to do.
+  // This calls Text7Change() again, which then finds the backslash.
   SendMessageW(text7, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"\\"));
   SendMessageW(text7, EM_SETSEL, first, static_cast<LPARAM>(last));
 }
@@ -168,7 +168,7 @@ void Form2::Command15Click() {
                                    : L"The path " + path + std::wstring(kCannotBeSaved));
     return;
   }
-  // It may have got short names.
+  // Show the short names that the path may have got.
   if (!folderPath_.IsShownBy(path) && win32::ToText(*folderPath) != path) {
     win32::SetText(text7, win32::ToText(*folderPath));
   }

@@ -34,8 +34,8 @@ constexpr win32::Route<Form2> kRoutes[] = {
 
     {IDC_FORM2_DRIVE1, CBN_DROPDOWN, &Form2::Drive1DropDown},
     {IDC_FORM2_DRIVE1, CBN_SELCHANGE, &Form2::Drive1Change},
-    {IDC_FORM2_DIR1, LBN_DBLCLK, &Form2::Dir1KeyPress},
-    {IDC_FORM2_DIR1, win32::kEnterPressed, &Form2::Dir1KeyPress},
+    {IDC_FORM2_DIR1, LBN_DBLCLK, &Form2::OpenSelectedFolder},
+    {IDC_FORM2_DIR1, win32::kEnterPressed, &Form2::OpenSelectedFolder},
     {IDC_FORM2_TEXT7, EN_CHANGE, &Form2::Text7Change},
     {IDC_FORM2_TEXT7, EN_KILLFOCUS, &Form2::Text7LostFocus},
     {IDC_FORM2_COMMAND15, BN_CLICKED, &Form2::Command15Click},
@@ -77,7 +77,7 @@ Form2::Form2(std::string menuFilePath, menufile::FileSystem& files)
 
 Form2::~Form2() = default;
 
-bool Form2::Load() {
+bool Form2::StartUp() {
   if (menu_.WasCutShort()) {
     if (win32::AskYesOrNo(window(),
                           L"The last change to the menu file was interrupted.\r"
@@ -90,7 +90,7 @@ bool Form2::Load() {
   if (!LoadMenuFile()) {
     return false;
   }
-  // A page that the menu has not filled shows where its lists begin.
+  // A directory page that the menu has not filled shows the start folder.
   if (contents_ != kDirectoryPage) {
     StartDirectoryPage();
     Dir1Change();
@@ -160,8 +160,8 @@ void Form2::OpenChild(std::unique_ptr<win32::Form> child) {
 }
 
 void Form2::CloseChild() {
-  // Enabled first: else Windows would activate some other program's window when
-  // the child goes.
+  // Enable this window first: otherwise Windows would activate another program's window
+  // when the child closes.
   EnableWindow(window(), TRUE);
   child_->Close();
   ShowWindow(window(), SW_SHOW);
@@ -205,7 +205,7 @@ void Form2::OnDrawItem(const DRAWITEMSTRUCT& item) {
   (isPreview ? iconic1_ : AppearancePicture()).Paint(item);
 }
 
-// Ctrl+Tab and Ctrl+Page Down go to the next tab, with Shift or as Page Up to
+// Ctrl+Tab and Ctrl+Page Down go to the next tab, Ctrl+Shift+Tab and Ctrl+Page Up to
 // the one before.
 bool Form2::OnKey(const MSG& message) {
   if (message.message != WM_KEYDOWN || GetKeyState(VK_CONTROL) >= 0) {
@@ -246,8 +246,8 @@ void Form2::OnClose() {
   PostQuitMessage(EXIT_SUCCESS);
 }
 
-// The icon stands on the colour of the window. What the appearance page shows is
-// what it saves: that stays.
+// The preview has the background of the window, so it is drawn again. The picture of
+// the appearance page stays: it is the one that would be saved.
 void Form2::OnColoursChanged() { List1Click(); }
 
 void Form2::OnFontChanged() {
@@ -258,7 +258,7 @@ void Form2::OnFontChanged() {
   dir1_.FitToFont();
 }
 
-// The drive list would else be as high as it likes.
+// The height of a combo box depends on its font alone, so it is set here.
 void Form2::OnArranged() {
   win32::MatchHeight(Control(IDC_FORM2_DRIVE1), Control(IDC_FORM2_TEXT8));
 }

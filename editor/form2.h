@@ -25,7 +25,7 @@
 
 namespace editor {
 
-// Which controls of Form2 are shown, as bits.
+// The pages of Form2, one bit each.
 enum Page : unsigned {
   kItemPage = 1,        // `Frame3`, on the tab "Contents"
   kDirectoryPage = 2,   // `Frame4`, there too, for a directory-pointer menu
@@ -34,57 +34,56 @@ enum Page : unsigned {
   kHidden = 16,         // on no page
 };
 
-// The main window: it shows one menu file, and each change that it is asked for
-// goes straight to that file. There is no menu in memory besides what the
-// controls show.
+// The main window. It shows one menu file and writes each change to that file at once.
+// There is no menu in memory but what the controls show.
 //
-// The plan of its controls stands in form2_plan.cc, the table that routes their
-// events to the handlers below in form2.cc.
+// form2_plan.cc has the plan of its controls. form2.cc has the table that routes their
+// events to the handlers below.
 class Form2 final : public win32::Form, private menufile::MenuView {
  public:
-  // On the menu file of that path, in bytes. `files` is borrowed.
+  // `menuFilePath` is in the ANSI code page. `files` is borrowed.
   Form2(std::string menuFilePath, menufile::FileSystem& files);
   ~Form2() override;
 
-  // Start-up: offers to finish a change that was interrupted, and reads the menu
-  // file into the window, which is still hidden. False when the user declined to
-  // have the file converted. Throws menufile::Failure.
-  bool Load();
+  // To be called once, while the window is hidden: offers to finish an interrupted
+  // change, and loads the menu file. Returns false if the user declined to convert the
+  // file. Throws menufile::Failure.
+  bool StartUp();
 
-  // For the windows that this one opens and for the handlers.
+  // For the handlers, and for the windows that this one opens.
   menufile::MenuFile& menu() { return menu_; }
   ItemList& items() { return items_; }
   win32::PictureBox& iconic1() { return iconic1_; }
 
-  // Reads the file again, into a list that is empty.
+  // Loads the menu file into the window; the list has to be empty. Returns false if the
+  // user declined to convert the file. Throws menufile::Failure.
   bool LoadMenuFile();
 
-  // All changes to the menu file go through these two. They return true when the
-  // window is to be brought up to date: the change was made, or it failed and
-  // ignores that. They return false when an earlier change was finished instead.
-  // The window then shows the menu as it is now, and the button that was pressed
-  // does nothing more: what it was pressed for may not be where the user saw it.
-  // They throw menufile::Failure, unless the change ignores it.
+  // All changes to the menu file go through the next two. They return true if the
+  // change was made, or if it failed and ignores failures: the handler then updates the
+  // window. They return false if an earlier change was finished instead. The window then
+  // shows the present menu, and the handler does nothing more, because the row that the
+  // user meant may be another one now. They throw menufile::Failure, unless the change
+  // ignores failures.
   bool Rewrite(const menufile::MenuChange& change);
-  // Adds entries to the file and to the list. Shows them only when all are in the
-  // file.
+  // Adds entries to the file and then to the list.
   bool AddEntries(const std::vector<menufile::EntryTexts>& entries, bool deletesScratchFile);
-  // Reads the file again into the window, whatever that showed.
+  // Empties the window and loads the menu file again.
   void ReadAgain();
 
-  // A row's entry as the menu file has it. Nothing, after a message, when the file
-  // can no longer be read, and nothing when an earlier change was finished instead.
+  // Reads the entry of a row (0-based) from the menu file. Returns nothing if the file
+  // cannot be read, after a message, or if an earlier change was finished instead.
   std::optional<menufile::MenuEntry> ReadEntry(int row);
 
-  // Shows a window that this one has made, which is owned from here on.
+  // Shows a child window and owns it from here on.
   void ShowChild(std::unique_ptr<win32::Form> child);
-  // The same, and disables this one while the child is open.
+  // Shows a child window and disables this one while the child is open.
   void OpenChild(std::unique_ptr<win32::Form> child);
-  // The window closes: enables this one and brings it to the front.
+  // Closes the child window, enables this one and brings it to the front.
   void CloseChild();
 
-  // Draws the icon of a list row into the preview, `iconic1`: the row's own, or
-  // else the shell's for the row's target (icons/row_icon.cc).
+  // Draws the icon of a list row into the preview, `iconic1`: the row's own icon, or
+  // the shell's icon of the target if the row has none (icons/row_icon.cc).
   void ShowRowIcon(int row);
 
   // editor/form2.cc
@@ -96,7 +95,7 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void Drive1DropDown();
   void Drive1Change();
   void Dir1Change();
-  void Dir1KeyPress();  // Enter, or a double-click
+  void OpenSelectedFolder();  // Dir1: Enter or a double-click
   void Text7Change();
   void Text7LostFocus();
   void Command15Click();  // Save Changes
@@ -144,17 +143,16 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   // editor/directory_page.cc
   void ShowDirectoryPointer(const menufile::DirectoryPointerRecord& directory) override;
   void CreateDirectoryPage();
-  // Lets the lists of the page begin where they begin, unless they have.
+  // Fills the drive list and the folder list if they are still empty.
   void StartDirectoryPage();
-  // Shows the drive of a path in the drive list; none for a path on a server. False
-  // if that is the drive shown already, or if it is not there.
+  // Selects the drive of a path in the drive list, or none for a path on a server.
+  // Returns true if the selection has changed.
   bool ShowDrive(const std::wstring& path);
-  // Lets the folder list go to the folder on a server that the path box names, if it
-  // names one.
+  // Opens the path of the path box in the folder list if it is on a server.
   void FollowServerPath();
-  // False when the rewrite failed, of which nobody is told.
+  // The same as Rewrite(), but returns false, without a message, if it fails.
   bool RewriteSilently(const menufile::MenuChange& change);
-  // Shows the other page of the tab "Contents", from which the user came here.
+  // Shows the other page of the tab "Contents" and moves the focus to `button` there.
   void SwitchContents(Page page, int button);
 
   // icons/appearance_page.cc
@@ -167,19 +165,19 @@ class Form2 final : public win32::Form, private menufile::MenuView {
   void SelectTab(int tab);
   // Shows the page of a menu type on the tab "Contents".
   void ShowContents(Page page);
-  // In the size of the DPI.
+  // Loads the pictures of the pages in the size for the DPI, and shows them.
   void ShowPictures();
 
   menufile::MenuFile menu_;
-  std::array<win32::UniqueIcon, 4> pictures_;  // of the pages
+  std::array<win32::UniqueIcon, 4> pictures_;  // shown on the pages
   Page contents_ = kItemPage;
   ItemList items_;
   win32::FileDrop list1Drop_;
   win32::PictureBox iconic1_;
   win32::FolderList dir1_;
-  std::wstring drive_;         // that the drive list shows
-  std::wstring followedPath_;  // the last one that FollowServerPath() saw
-  // What the menu file has for the boxes of the directory page.
+  std::wstring drive_;         // the selected drive
+  std::wstring followedPath_;  // the path box at the last FollowServerPath()
+  // The bytes in the menu file for the boxes of the directory page.
   win32::ShownBytes folderPath_;
   win32::ShownBytes filePattern_;
   std::unique_ptr<AppearancePage, DeleteAppearancePage> appearancePage_;

@@ -112,8 +112,8 @@ void ItemList::AppendItem(int row, const menufile::MenuItemRecord& item) {
   SetIcon(row, extracted_);
 }
 
-// The list box is not asked for its count: with thousands of rows each message
-// takes its time.
+// The caller passes the row: asking the list box for its count would take one message
+// more for each of thousands of rows.
 void ItemList::AppendRow(int row, const std::string& caption, const std::string& target) {
   if (row > 0) {
     hidden_.resize(static_cast<std::size_t>(row) + 1);
@@ -143,7 +143,7 @@ int ItemList::Ruler::WidthOf(const std::wstring& caption) const {
   return extent.cx;
 }
 
-// A list box scrolls sideways only as far as it is told.
+// A list box scrolls sideways only as far as its horizontal extent.
 void ItemList::WidenFor(const std::wstring& caption) {
   if (const int width = ruler_ ? ruler_->WidthOf(caption) : Ruler(list_).WidthOf(caption);
       width > textWidth_) {

@@ -15,26 +15,29 @@
 
 namespace editor {
 
-// What the list shows for an entry without a caption: 87 hyphens.
+// The row that the list shows for an entry without a caption: 87 hyphens.
 inline constexpr std::wstring_view SeparatorText =
     L"---------------------------------------------------------------------------------------";
 
-// What is kept of an entry besides its list row.
+// The data of an entry besides its list row.
 //
-// `text` is the entry's large icon as a number in decimal, "0" when it has none
-// of its own; ItemList::SetIcon() changes it. A row whose icon could not be
-// extracted holds the last one that was, of a row above it.
+// `text` is the handle of the entry's large icon as a decimal number, "0" if it has no
+// icon of its own. ItemList::SetIcon() changes it. If an icon could not be extracted,
+// the row has the icon that was extracted last, of a row above it.
 struct HiddenRow {
   std::string text;
-  std::string tag;       // the entry's target, in the bytes of the file
-  HICON held = nullptr;  // that of `text`, but for what Remove() leaves in row 0
+  std::string tag;       // the entry's target, in the ANSI code page
+  HICON held = nullptr;  // the icon that the row holds in SharedIcons; the one of `text`,
+                         // but nullptr in a row 0 that Remove() has left
 };
+
+// Converts between an icon handle and the text of a hidden row.
 
 std::string IconText(HICON icon);
 HICON IconOfText(const std::string& text);
 
-// The item list, `List1`, with its hidden rows: one for each list row, at the
-// same index, and one more when the list is empty: row 0 always exists.
+// The item list, `List1`, with its hidden rows: one for each list row, at the same
+// index. Hidden row 0 exists even if the list is empty. Row numbers are 0-based.
 class ItemList {
  public:
   // Borrows the list box.
@@ -42,50 +45,51 @@ class ItemList {
   HWND window() const { return list_; }
 
   int Count() const;
-  // 0-based; -1 when no row is selected.
+  // The selected row; -1 if there is none.
   int Selected() const;
-  // Selects a row without telling the window, as list boxes do.
+  // Selects a row without a notification to the window.
   void Select(int row);
 
   HiddenRow& Hidden(int row) { return hidden_.at(static_cast<std::size_t>(row)); }
 
-  // Gives a row an icon, which the list owns from here on, or none with nullptr.
-  // The icon that it had is destroyed when no other row has it too.
+  // Gives a row an icon, or none with nullptr. The list owns the icon from here on. The
+  // row's old icon is destroyed if no other row has it.
   void SetIcon(int row, HICON icon);
 
-  // Captions and targets are bytes of the file; the list shows the text of them.
+  // Captions and targets are in the ANSI code page.
 
-  // Appends the row of an entry without an icon of its own, and a hidden row for
-  // it. An empty caption is shown as SeparatorText.
+  // Appends a row, and its hidden row, for an entry without an icon of its own. An empty
+  // caption is shown as SeparatorText.
   void Append(const std::string& caption, const std::string& target);
 
-  // Changes a row's caption; the selection stays.
+  // Changes a row's caption. The selection stays.
   void Rename(int row, const std::string& caption);
 
-  // Exchanges a row and the one below it, and their hidden rows. No other row is
-  // touched or drawn again, and the list does not scroll. The selection is lost.
+  // Exchanges a row and the next one, and their hidden rows. No other row is drawn
+  // again, and the list does not scroll. No row is selected afterwards.
   void ExchangeWithNext(int row);
 
-  // Removes a row and its hidden row, and lets go of its icon; the last of the
-  // hidden ones stays, as it is. Nothing is selected afterwards.
+  // Removes a row and its hidden row, and releases its icon. If it is the only hidden
+  // row, that one stays unchanged. No row is selected afterwards.
   void Remove(int row);
 
-  // Removes all rows, and all hidden rows but the first, which stays as it is.
-  // Their icons stay for the entries that the list is filled with next.
+  // Removes all rows, and all hidden rows but the first, which stays unchanged. The
+  // icons are kept, because the next entries may have the same ones.
   void Clear();
-  // Destroys those icons, for a list that is not filled again. Filling the list
-  // does the same at its end with what no row names any more.
+
+  // Destroys the icons that no row has. To be called after Clear() if the list is not
+  // filled again; a Filling does it at its end.
   void DestroyUnusedIcons() { icons_.DestroyUnheld(); }
 
-  // The row at the top of what the list shows.
+  // The first row that can be seen.
   int TopRow() const;
   void ScrollTo(int topRow);
 
-  // To be called when the list box got another font.
+  // To be called after the font of the list box has changed.
   void FitToFont();
 
-  // While one lives, the entries of a menu file are appended to the list, in
-  // their order; the list is drawn at the end, once.
+  // Exists while the entries of a menu file are appended to the list. The list is drawn
+  // once, by the destructor.
   class Filling {
    public:
     explicit Filling(ItemList& items) : items_(items) { items_.BeginFilling(); }
@@ -97,16 +101,16 @@ class ItemList {
     ItemList& items_;
   };
 
-  // Appends the row of an entry that was read, behind `row` others, with its
-  // icon: from its icon file, or from its target when it has an index above 0
-  // but no icon file. Only while the list is filled.
+  // Appends an entry as row `row`, which is the number of rows so far, with its icon.
+  // The icon comes from the icon file. If there is none, but the index is above 0, it
+  // comes from the target. To be called only during a Filling.
   void AppendItem(int row, const menufile::MenuItemRecord& item);
 
  private:
   // Measures captions in the list's font.
   struct Ruler {
     explicit Ruler(HWND list);
-    // In pixels; 0 for a separator, which may be cut.
+    // The width in pixels. 0 for a separator: it may be cut off.
     int WidthOf(const std::wstring& caption) const;
 
     win32::WindowDc dc;
@@ -124,9 +128,9 @@ class ItemList {
   HWND list_ = nullptr;
   std::vector<HiddenRow> hidden_{1};
   SharedIcons icons_;
-  HICON extracted_ = nullptr;   // what the last extraction of this filling gave
-  std::optional<Ruler> ruler_;  // while the list is filled
-  int textWidth_ = 0;           // of the longest caption, in pixels
+  HICON extracted_ = nullptr;   // the result of the last extraction of this Filling
+  std::optional<Ruler> ruler_;  // exists during a Filling
+  int textWidth_ = 0;           // the width of the longest caption, in pixels
 };
 
 }  // namespace editor

@@ -14,7 +14,7 @@ namespace editor {
 namespace {
 
 struct ListCommand {
-  int button;  // whose caption and handler it has
+  int button;  // the id of the button with its caption and handler
   UINT key;    // 0 for none
   bool withControl;
   const wchar_t* keyName;
@@ -42,7 +42,8 @@ void Click(HWND list, int button) {
                reinterpret_cast<LPARAM>(GetDlgItem(form, button)));
 }
 
-// The command that a key stands for, with the modifier keys as they are held now.
+// The command of a key together with the modifier keys that are held now; nullptr if
+// there is none.
 const ListCommand* CommandOfKey(WPARAM key) {
   const auto isHeld = [](int modifier) { return GetKeyState(modifier) < 0; };
   if (isHeld(VK_SHIFT) || isHeld(VK_MENU)) {
@@ -73,8 +74,8 @@ bool IsPossible(ItemList& items, int button) {
   }
 }
 
-// The row at a point of the list's client area; nothing where there is none.
-// LB_ITEMFROMPOINT counts in 16 bits.
+// The row at a point of the list's client area; nothing if no row is there. This does
+// not use LB_ITEMFROMPOINT, which has only 16 bits for the row.
 std::optional<int> RowAt(HWND list, POINT point) {
   RECT client{};
   GetClientRect(list, &client);
@@ -93,8 +94,8 @@ void SelectAsTheUser(HWND list, int row) {
                reinterpret_cast<LPARAM>(list));
 }
 
-// Where the menu opens when it is asked for by a key: at the selected row where
-// that can be seen, else at the corner of the list. On the screen.
+// The place of a menu that a key opens, in screen coordinates: at the selected row if it
+// can be seen, otherwise at the corner of the list.
 POINT PlaceOfMenu(HWND list, int row) {
   RECT client{};
   GetClientRect(list, &client);
@@ -116,9 +117,9 @@ std::wstring CaptionOf(HWND list, const ListCommand& command) {
   return std::wstring(caption) + (command.key != 0 ? L"\t" : L"") + command.keyName;
 }
 
-// `point` is where the mouse was clicked, on the screen; nothing for a key. A
-// command that is chosen comes to the parent as the click of a button does: its
-// code, 0, is BN_CLICKED.
+// Opens the menu of the commands. `point` is the place of the mouse click in screen
+// coordinates, or nothing for a key. WM_COMMAND of a chosen command looks like the click
+// of its button, because the notification code of a menu, 0, equals BN_CLICKED.
 void OpenMenu(HWND list, ItemList& items, std::optional<POINT> point) {
   if (point) {
     POINT inList = *point;
@@ -138,14 +139,14 @@ void OpenMenu(HWND list, ItemList& items, std::optional<POINT> point) {
                  nullptr);
 }
 
-// That of every list box, which ListProcedure() stands before.
+// The procedure of the system's list boxes, which ListProcedure() calls.
 WNDPROC listBoxProcedure = nullptr;
 
 LRESULT CALLBACK ListProcedure(HWND list, UINT message, WPARAM wide, LPARAM data) {
   ItemList& items = *reinterpret_cast<ItemList*>(GetWindowLongPtrW(list, GWLP_USERDATA));
   switch (message) {
     case WM_GETDLGCODE:
-      if (wide == VK_RETURN) {  // else it would press the default button
+      if (wide == VK_RETURN) {  // otherwise Enter would press the default button
         return DLGC_WANTALLKEYS;
       }
       break;
@@ -156,12 +157,12 @@ LRESULT CALLBACK ListProcedure(HWND list, UINT message, WPARAM wide, LPARAM data
       }
       break;
     case WM_CHAR:
-      if (wide == L'\r') {  // of the key that was answered
+      if (wide == L'\r') {  // Enter was handled in WM_KEYDOWN
         return 0;
       }
       break;
     case WM_LBUTTONDBLCLK:
-      // Below the last row it would report the double-click of another one.
+      // Below the last row, the list box would report a double-click on another row.
       if (!RowAt(list, {GET_X_LPARAM(data), GET_Y_LPARAM(data)})) {
         message = WM_LBUTTONDOWN;
       }
@@ -181,8 +182,8 @@ LRESULT CALLBACK ListProcedure(HWND list, UINT message, WPARAM wide, LPARAM data
 }  // namespace
 
 void AnswerListKeys(ItemList& items) {
-  // SetWindowSubclass() would look for its data anew with each message, and a menu
-  // of 20,000 entries is as many messages.
+  // SetWindowSubclass() would look up its data for each message, and loading a menu of
+  // 20,000 entries sends as many messages.
   SetWindowLongPtrW(items.window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&items));
   listBoxProcedure = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(items.window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ListProcedure)));

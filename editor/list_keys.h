@@ -5,13 +5,13 @@
 
 namespace editor {
 
-// Lets the item list answer keys and the mouse as lists on Windows do: Enter and
-// a double-click edit the selected row, Delete deletes it, Insert adds one,
-// Ctrl+Up and Ctrl+Down move it. The menu key, Shift+F10 and a right click,
-// which selects its row first, open a menu with the commands of the list.
+// Makes the item list answer keys and the mouse. Enter and a double-click edit the
+// selected row, Delete deletes it, Ctrl+Up and Ctrl+Down move it, and Insert adds a
+// row. The menu key, Shift+F10 and a right click open a menu of the commands; a right
+// click selects its row first.
 //
-// Each does what the click of its button does: the parent window gets that
-// click. `items` is borrowed, and has to be attached to its list box.
+// Each sends the parent window the click of the command's button. `items` is borrowed
+// and has to be attached to its list box.
 void AnswerListKeys(ItemList& items);
 
 }  // namespace editor

@@ -16,9 +16,9 @@
 
 namespace {
 
-// Libraries that are loaded by name come from the system's folder, not from the
-// program's or from the current one, where anybody may have put one. Windows 7
-// has this function only with an update.
+// Makes Windows load libraries from the system's folder only: anybody may have put one
+// into the current folder or the program's. Windows 7 has this function only with an
+// update.
 void LoadLibrariesFromTheSystemOnly() {
   constexpr DWORD kSystemFolder = 0x800;  // LOAD_LIBRARY_SEARCH_SYSTEM32
   using SetDirectories = BOOL WINAPI(DWORD);
@@ -32,7 +32,7 @@ void LoadLibrariesFromTheSystemOnly() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
   LoadLibrariesFromTheSystemOnly();
-  // A drive without a disk is an error to handle, not a box to click away.
+  // Accessing a drive without a disk shall fail, not show a message box.
   SetErrorMode(SEM_FAILCRITICALERRORS);
   OleInitialize(nullptr);
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TAB_CLASSES | ICC_STANDARD_CLASSES};
@@ -45,7 +45,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
     editor::LeaveFolderThatTakesNoFile(win32::ToText(menuPath));
     editor::WindowsFileSystem files;
     editor::Form2 window(menuPath, files);
-    if (window.Load()) {
+    if (window.StartUp()) {
       ShowWindow(window.window(), show);
       exitCode = win32::RunMessageLoop();
     } else {

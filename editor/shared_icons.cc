@@ -10,8 +10,7 @@
 namespace editor {
 namespace {
 
-// "C:\" or "\\server\share\", with which the path begins; empty when it begins
-// with neither.
+// The root of a path, "C:\" or "\\server\share\"; empty if it has none.
 std::wstring RootOf(const std::wstring& path) {
   constexpr const wchar_t* kSeparators = L"\\/";
   const auto isSeparator = [](wchar_t c) { return c == L'\\' || c == L'/'; };
@@ -27,9 +26,10 @@ std::wstring RootOf(const std::wstring& path) {
   return share == std::wstring::npos ? std::wstring() : path.substr(0, share + 1);
 }
 
-// What the call wrote into the variable for the large icon, if anything. Windows
-// gives nothing but both sizes from some programs; Wine gives the next icon for
-// the small one, and on a failure writes what it never set.
+// The handle that ExtractIconEx() wrote for the large icon; nothing if it wrote none.
+// The small icon is extracted, too, because Windows extracts only both from some
+// programs. Not under Wine, which would return the next icon as the small one, and an
+// uninitialised handle after a failure.
 std::optional<HICON> Extract(const std::string& file, int index) {
   if (!win32::MayExtractIcon(file, index)) {
     return nullptr;
@@ -63,7 +63,7 @@ HICON SharedIcons::Extract(const std::string& file, int index, HICON former) {
   return icon.value_or(former);
 }
 
-// A server or a drive that does not answer may take half a minute to say so.
+// Accessing a server or a drive that does not answer may take half a minute.
 bool SharedIcons::IsThere(const std::string& file) {
   const std::wstring root = RootOf(win32::ToText(file));
   if (root.empty()) {

@@ -10,47 +10,50 @@
 
 namespace editor {
 
-// Takes the icon of that index (0-based, or minus the number of a resource) out
-// of a file; nullptr when there is none. The caller owns it.
+// Extracts the large icon with that index (0-based, or a negative resource id) from a
+// file; nullptr if there is none. `file` is in the ANSI code page. The caller owns the
+// icon.
 HICON ExtractLargeIcon(const std::string& file, int index);
 
-// The icons of list rows. Rows that name the same icon hold one handle between
-// them: extracting one takes about a millisecond, Windows grants a process
-// 10,000 handles, and a menu of many entries names few different icons.
+// The icons of list rows. Rows with the same icon share one handle: extracting an icon
+// takes about a millisecond, a process can have 10,000 handles, and a menu of many
+// entries has few different icons.
 class SharedIcons {
  public:
-  // The icon at that index of a file: what the handle variable of the call holds
-  // after it, which is `former` where Windows wrote nothing, and nullptr for no
-  // icon. Windows is asked once for each index of a file, and once whether a drive
-  // or a share is there; of one that is not no file is asked for. Nobody holds the
-  // icon yet.
+  // Extracts the icon with that index from a file. Returns what the variable for the
+  // handle holds after ExtractIconEx(): nullptr for no icon, and `former` if Windows did
+  // not write to it. Each icon is extracted once. Each drive or share is accessed once;
+  // if it is not there, its files are not accessed. No row holds the icon yet.
   HICON Extract(const std::string& file, int index, HICON former);
 
-  // One row more holds the icon, or one less; with the last it is destroyed.
-  // Both take nullptr for no icon.
+  // Add and remove a row that holds the icon. Removing the last one destroys the icon.
+  // nullptr stands for no icon.
   void Hold(HICON icon);
   void Release(HICON icon);
 
-  // One row less holds the icon, which stays until DestroyUnheld(): a row of the
-  // list that is being read may name it again.
+  // Removes a row that holds the icon, but keeps the icon until DestroyUnheld(): an
+  // entry that is loaded next may have the same icon.
   void ReleaseLater(HICON icon);
+
+  // Destroys the icons that no row holds.
   void DestroyUnheld();
 
  private:
   using Source = std::pair<std::string, int>;
   struct Held {
     int rows = 0;
-    Source source;  // an empty file: none that is in extracted_
+    Source source;  // the key in extracted_; its file is empty if there is none
   };
   using Icons = std::map<HICON, Held>;
 
   bool IsThere(const std::string& file);
   Icons::iterator Destroy(Icons::iterator place);
 
-  // Nothing where Windows wrote nothing; an icon here is in icons_, too.
+  // The results of ExtractIconEx(); nothing if Windows wrote no handle. Every icon here
+  // is in icons_, too.
   std::map<Source, std::optional<HICON>> extracted_;
   Icons icons_;
-  std::map<std::wstring, bool> roots_;  // whether each is there
+  std::map<std::wstring, bool> roots_;  // true for a drive or share that is there
 };
 
 }  // namespace editor

@@ -7,7 +7,7 @@
 namespace editor {
 namespace {
 
-// With its drive and its root ("C:\menus\a.menu"), or on a server
+// True for a path with a drive and a root ("C:\menus\a.menu") or with a server
 // ("\\server\share\a.menu").
 bool IsAbsolute(const std::wstring& path) {
   const auto isSlash = [](wchar_t c) { return c == L'\\' || c == L'/'; };

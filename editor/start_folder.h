@@ -5,13 +5,14 @@
 
 namespace editor {
 
-// A change writes its scratch file in the current folder. Where that takes no
-// file, as the folder of a program or of Windows, no change could be made: then
-// the folder of the menu at `menuPath` becomes the current one or, if that takes
-// none either, the user's folder for temporary files.
+// A change writes its scratch file in the current folder, so a folder that takes no
+// file, such as that of Windows, would prevent every change. If the current folder is
+// one, this makes the folder of the menu at `menuPath` the current one or, if that
+// takes no file either, the user's folder for temporary files.
 //
-// Only at start-up, and only for a path that means the same file afterwards: an
-// absolute one. Nothing else of the program changes the current folder.
+// To be called at start-up only. Does nothing if the path is not absolute, because it
+// would mean another file afterwards. Nothing else in the program changes the current
+// folder.
 void LeaveFolderThatTakesNoFile(const std::wstring& menuPath);
 
 }  // namespace editor

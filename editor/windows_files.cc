@@ -19,7 +19,7 @@ namespace {
 using menufile::Failure;
 using menufile::OpenMode;
 
-// What ReadFile() and WriteFile() are given at a time; they count in 32 bits.
+// The most bytes for one ReadFile() or WriteFile(), whose counts have 32 bits.
 constexpr std::size_t kMostBytes = 64U << 20;
 
 [[noreturn]] void Fail(const std::string& path, const char* doing) {
@@ -29,14 +29,14 @@ constexpr std::size_t kMostBytes = 64U << 20;
       win32::ToBytes(win32::ErrorText(error)).value_or("Windows error " + std::to_string(error)));
 }
 
-// An indexer, a virus scanner or a cloud folder looks at a file as soon as it has
-// changed, and lets go of it within moments.
+// An indexer, a virus scanner or a cloud folder opens a file as soon as it has changed,
+// and closes it a moment later. So a failing operation is tried again for this long.
 constexpr DWORD kPatience = 500;  // milliseconds
-constexpr DWORD kPause = 20;
+constexpr DWORD kPause = 20;      // milliseconds between two tries
 
-// True if access is denied for good: to a folder, to a file that is read-only, or
-// where no file can be made at all. A file that somebody is deleting is denied,
-// too, until it is gone.
+// True if ERROR_ACCESS_DENIED will stay: the file is a folder or read-only, or the
+// folder takes no file. A file that another program is deleting is denied, too, but
+// only until it is gone.
 bool IsDeniedForGood(const std::string& path) {
   const std::wstring text = win32::ToText(path);
   const DWORD attributes = GetFileAttributesW(text.c_str());
@@ -47,7 +47,7 @@ bool IsDeniedForGood(const std::string& path) {
   return !win32::TakesNewFile(win32::FolderOf(text));
 }
 
-// True if a moment later there may be another answer than this error.
+// True if the operation may succeed a moment later.
 bool MayPass(DWORD error, const std::string& path) {
   switch (error) {
     case ERROR_SHARING_VIOLATION:
@@ -62,13 +62,13 @@ bool MayPass(DWORD error, const std::string& path) {
   }
 }
 
-// Tries an operation on the file at `path` again while another program is in its
-// way and `mayGoOn` says so, for half a second at most. `operation` returns false
-// after SetLastError(), and so does this.
+// Repeats an operation on the file at `path` while another program blocks it and
+// `mayGoOn` returns true, for kPatience at most. `operation` returns false after
+// SetLastError(), and so does this.
 template <typename Operation, typename Condition>
 bool TryWhile(const std::string& path, Operation operation, Condition mayGoOn) {
   const ULONGLONG start = GetTickCount64();
-  std::optional<DWORD> passing;  // an error that was found to pass
+  std::optional<DWORD> passing;  // the error for which MayPass() was true
   while (!operation()) {
     const DWORD error = GetLastError();
     if (passing != error && MayPass(error, path)) {
@@ -91,7 +91,7 @@ bool TryFor(const std::string& path, Operation operation) {
   return TryWhile(path, operation, [](DWORD) { return true; });
 }
 
-// When a file was last written, and its size; zeros for none.
+// The time of the last write to a file, and its size; zeros if there is no file.
 std::array<DWORD, 4> LastWriteTo(const std::string& path) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
   GetFileAttributesExW(win32::ToText(path).c_str(), GetFileExInfoStandard, &data);
@@ -114,13 +114,13 @@ class WindowsFile final : public menufile::File {
   ~WindowsFile() override { CloseHandle(handle_); }
 
   std::string FullName() override {
-    constexpr DWORD kLongest = 32768;  // characters that a path can have
+    constexpr DWORD kLongest = 32768;  // the most characters in a path
     std::wstring name(kLongest, L'\0');
     const DWORD size = GetFinalPathNameByHandleW(handle_, name.data(), kLongest, 0);
     if (size > 0 && size < kLongest) {
       return Utf8(std::wstring_view(name).substr(0, size));
     }
-    // Some file systems cannot tell a path.
+    // Some file systems do not know the path of a handle.
     BY_HANDLE_FILE_INFORMATION information{};
     if (!GetFileInformationByHandle(handle_, &information)) {
       Fail(path_, "read the file");
@@ -140,7 +140,7 @@ class WindowsFile final : public menufile::File {
 
   std::string ReadAll() override {
     std::string bytes(static_cast<std::size_t>(Size()), '\0');
-    bytes.resize(Read(0, bytes));  // someone may have made it shorter meanwhile
+    bytes.resize(Read(0, bytes));  // the file may have become shorter meanwhile
     return bytes;
   }
 
@@ -205,14 +205,14 @@ class WindowsFile final : public menufile::File {
 
   std::string path_;
   HANDLE handle_;
-  std::uint64_t position_ = 0;  // of the next Write()
+  std::uint64_t position_ = 0;  // the offset of the next Write()
 };
 
 }  // namespace
 
 std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path, OpenMode mode) {
   const bool reading = mode == OpenMode::Read;
-  // Windows looks at this itself; Wine lets a superuser write what is read-only.
+  // Windows checks this itself. Wine lets root write a read-only file.
   const DWORD attributes = reading ? 0 : GetFileAttributesW(win32::ToText(path).c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     SetLastError(ERROR_ACCESS_DENIED);
@@ -226,8 +226,8 @@ std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path,
                          FILE_ATTRIBUTE_NORMAL, nullptr);
     return handle != INVALID_HANDLE_VALUE;
   };
-  // Who holds a file that is to be made is another editor, with its scratch file.
-  // Afterwards that would be opened with what the other one left in it.
+  // A sharing violation with OpenMode::Create means that another editor uses its scratch
+  // file. Waiting would end with opening the bytes that it leaves there.
   const auto mayGoOn = [mode](DWORD error) {
     return mode != OpenMode::Create || error != ERROR_SHARING_VIOLATION;
   };
@@ -238,8 +238,8 @@ std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path,
 }
 
 void WindowsFileSystem::Remove(const std::string& path) {
-  // Another editor that writes the file meanwhile makes it its own: it may end up as
-  // the only copy of a menu.
+  // Stop if another editor writes the file meanwhile: it may then be the only copy of a
+  // menu.
   const auto before = LastWriteTo(path);
   const auto remove = [&] { return DeleteFileW(win32::ToText(path).c_str()) != FALSE; };
   if (!TryWhile(path, remove, [&](DWORD) { return LastWriteTo(path) == before; })) {
@@ -281,7 +281,7 @@ std::vector<std::string> WindowsFileSystem::FilesThatBeginWith(const std::string
   }
   const win32::UniqueSearch search(opened);
   do {
-    // A pattern also finds files by their short names.
+    // FindFirstFile() compares short names, too, so compare the long one here.
     const std::wstring_view name = found.cFileName;
     const bool begins =
         name.size() >= nameSize &&

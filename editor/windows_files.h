@@ -5,7 +5,7 @@
 
 namespace editor {
 
-// The files of Windows.
+// The file system of Windows.
 class WindowsFileSystem final : public menufile::FileSystem {
  public:
   std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override;

@@ -33,7 +33,7 @@ bool Form2Test::Open(const std::string& menuBytes) {
 
 bool Form2Test::Load() {
   form_ = std::make_unique<editor::Form2>(MenuPath(), *files);
-  return form_->Load();
+  return form_->StartUp();
 }
 
 void Form2Test::Press(int buttonId) {

@@ -23,7 +23,7 @@ class Form2Test : public ::testing::Test {
   Form2Test();
   ~Form2Test() override;
 
-  // Writes the bytes and loads them; false as for Form2::Load().
+  // Writes the bytes and loads them; false as for Form2::StartUp().
   bool Open(const std::string& menuBytes);
   // Loads the file at MenuPath() as it is.
   bool Load();
