@@ -18,9 +18,9 @@ namespace editor {
 
 struct Form2::AppearancePage {
   icons::IconBrowser browser;
-  // Of the menu's text, shown by the sample, `Text3`.
+  // The menu's font, which the sample `Text3` shows.
   win32::FontDescription font{L"MS Sans Serif", 8.25, false, false};
-  win32::ShownBytes fontName;  // of the menu file
+  win32::ShownBytes fontName;  // the bytes in the menu file
   win32::UniqueFont sampleFont;
 };
 
@@ -38,7 +38,7 @@ const win32::PictureBox& Form2::AppearancePicture() const {
   return appearancePage_->browser.picture();
 }
 
-// The mouse wheel turns the scroll bar from all over its frame.
+// The mouse wheel moves the scroll bar from anywhere in its frame.
 bool Form2::OnMessage(UINT message, WPARAM wide, LPARAM data, LRESULT&) {
   const HWND frame = Control(IDC_FORM2_FRAME1);
   RECT place{};

@@ -13,7 +13,8 @@ namespace icons {
 
 namespace {
 
-// The user has gone to another program, and the focus is not just on its way.
+// True if another program has the foreground window. While the focus moves between
+// windows, there may be none, or it may be the desktop.
 bool IsAnotherProgramInFront() {
   const HWND front = GetForegroundWindow();
   DWORD process = 0;
@@ -43,7 +44,7 @@ void Form4::OnCommand(int id, UINT event) {
 
 void Form4::OnDrawItem(const DRAWITEMSTRUCT& item) { browser_.picture().Paint(item); }
 
-// The window has one scroll bar: the wheel turns it wherever the pointer is.
+// The mouse wheel moves the scroll bar from anywhere in the window.
 bool Form4::OnMessage(UINT message, WPARAM wide, LPARAM, LRESULT&) {
   if (message != WM_MOUSEWHEEL) {
     return false;
@@ -52,8 +53,8 @@ bool Form4::OnMessage(UINT message, WPARAM wide, LPARAM, LRESULT&) {
   return true;
 }
 
-// Begins with the entry's own icon, each time: also when the user comes back
-// from another program.
+// Each activation starts with the entry's own icon, even if the user comes back from
+// another program.
 void Form4::OnActivate(bool active) {
   if (!active) {
     isAfterDialog_ = isAfterDialog_ && !IsAnotherProgramInFront();
@@ -106,7 +107,7 @@ void Form4::ApplyItemIcon() {
 
 void Form4::ShowError(const std::wstring& text) {
   isAfterDialog_ = true;
-  // The first activation comes with being shown, before that was done.
+  // The first activation comes before Form2::OpenChild() has disabled the editor.
   EnableWindow(editor_.window(), FALSE);
   win32::ShowError(window(), text);
 }

@@ -11,20 +11,19 @@
 
 namespace icons {
 
-// The entry that gets another icon, and where its icon is taken from so far.
+// The entry that gets another icon, and its present icon.
 struct ItemIcon {
-  int row = 0;  // of the item list
-  std::string source;
-  int index = 0;
+  int row = 0;         // of the item list, 0-based
+  std::string source;  // the file of the icon, in the ANSI code page
+  int index = 0;       // 0-based, or a negative resource id
 };
 
-// The Select Icon window: the user pages through the icons of a file for one
-// entry of the menu, and may choose another file; OK writes file and index into
-// the entry's record.
+// The Select Icon window. The user pages through the icons of a file for one entry of
+// the menu, and may choose another file. OK writes file and index into the entry's
+// record.
 class Form4 final : public win32::Form {
  public:
-  // `editor` is borrowed. It opens this window (Form2::OpenChild()) once it has
-  // handed over the entry.
+  // `editor` is borrowed. It calls HandOver(), then Form2::OpenChild().
   explicit Form4(editor::Form2& editor);
 
   void HandOver(ItemIcon item) { item_ = std::move(item); }
@@ -44,9 +43,9 @@ class Form4 final : public win32::Form {
   editor::Form2& editor_;
   ItemIcon item_;
   IconBrowser browser_;
-  // A dialog or message box of this window is open, or nothing was done here since
-  // it closed: coming back from it is not what activates the window. Some window
-  // managers pass the focus around before the window has it again.
+  // True from opening a dialog or message box until the next command: activations
+  // meanwhile are ignored. There may be several, because some window managers move the
+  // focus around before this window has it again.
   bool isAfterDialog_ = false;
   bool hasToldTooMany_ = false;
 };

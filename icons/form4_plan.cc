@@ -6,7 +6,7 @@ namespace {
 
 using namespace win32;
 
-// Enter presses OK, the default button, wherever the focus is.
+// Enter presses OK, the default button, from every control.
 constexpr Kind kDefaultButton{L"Button", BS_DEFPUSHBUTTON | WS_TABSTOP};
 
 // clang-format off

@@ -24,19 +24,19 @@ constexpr const wchar_t* kFilter =
 
 constexpr int kMostIcons = std::numeric_limits<std::int16_t>::max();
 
-// None where the file has no icon of that index, or cannot be read.
+// Empty if the file has no icon with that 0-based index, or cannot be read.
 win32::UniqueIcon ExtractIconOf(const std::string& path, int index) {
   if (!win32::MayExtractIcon(path, index)) {
     return {};
   }
   const HICON icon =
       ExtractIconA(GetModuleHandleW(nullptr), path.c_str(), static_cast<UINT>(index));
-  // 1 is no handle either: it says that the file is of no kind that holds icons.
+  // 1 is no handle: it means that files of this kind hold no icons.
   return win32::UniqueIcon(reinterpret_cast<std::uintptr_t>(icon) > 1 ? icon : nullptr);
 }
 
-// The one of minus a resource's number. ExtractIconA() takes -1 for the question
-// how many icons there are.
+// Extracts the icon with a negative resource id. ExtractIconA() cannot: for -1 it returns
+// the number of icons.
 win32::UniqueIcon ExtractResource(const std::string& path, int index) {
   const std::wstring file = win32::ToText(path);
   HICON icon = nullptr;
@@ -71,8 +71,8 @@ int IconBrowser::Index() const {
   return position == std::max(index_, 0) ? index_ : position;
 }
 
-// Windows could be asked for the number; what is counted here is what can
-// really be shown.
+// Extracts the icons to count them. Windows could return their number, but this counts
+// only those that can be shown.
 IconBrowser::IconCount IconBrowser::CountIcons() {
   const win32::WaitPointer wait;
   current_.reset();
@@ -121,7 +121,7 @@ void IconBrowser::ShowIconAt() {
   picture_.Draw(current_.get());
 }
 
-// Each step of the bar is reported twice: that it moved, and that moving ended.
+// Each step of the bar is reported twice: when it moved, and when scrolling ended.
 void IconBrowser::ShowIconAtNewPosition() {
   if (Index() != index_) {
     ShowIconAt();
@@ -132,7 +132,7 @@ void IconBrowser::SelectIconSourceFile(HWND owner) {
   std::optional<std::wstring> chosen =
       win32::ChooseFile(owner, kTitle, kFilter, win32::ToText(source_));
   if (!chosen && win32::FileDialogFailed()) {
-    // It does not open with what could not be the name of a file, as "C:\".
+    // The dialog fails if the initial name cannot be a file, such as "C:\".
     chosen = win32::ChooseFile(owner, kTitle, kFilter, L"");
   }
   if (!chosen) {

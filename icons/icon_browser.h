@@ -16,14 +16,13 @@ namespace icons {
 // Sets the label to "0 Icons", "1 Icon", "2 Icons" and so on.
 void ShowIconCount(HWND label, int count);
 
-// Pages through the icons of a file: a picture box with one icon, a scroll bar
-// whose position is that icon's index, and a label with the number of icons.
+// Pages through the icons of a file: a picture box with one icon, a scroll bar whose
+// position is that icon's index, and a label with the number of icons.
 //
-// The browser owns the icon that its box shows, the current one, until it shows
-// another or TakeIcon() hands it over. Two icons are left to the end of the
-// process on purpose, for nothing releases a current icon when its window
-// closes: that of the appearance page, and that of a Select Icon window which
-// was closed other than by OK.
+// The browser owns the current icon, which its box shows, until it shows another or
+// TakeIcon() is called. On purpose, closing the window does not release the current
+// icon: the one of the appearance page, and the one of a Select Icon window closed
+// without OK, stay until the process ends.
 class IconBrowser {
  public:
   IconBrowser() = default;
@@ -31,13 +30,14 @@ class IconBrowser {
   IconBrowser& operator=(const IconBrowser&) = delete;
   ~IconBrowser() { current_.release(); }
 
-  // Borrows the controls, whose parent has to pass WM_DRAWITEM of the box on to
-  // picture(). The scroll bar starts disabled.
+  // Borrows the controls. Their parent has to pass WM_DRAWITEM of the box to
+  // picture().Paint(). The plan creates the scroll bar disabled.
   void Attach(HWND pictureBox, HWND scrollBar, HWND countLabel);
 
-  // The file whose icons are shown: an icon file, a program or a library.
+  // The file whose icons are shown, in the ANSI code page: an icon file, a program or a
+  // library.
   const std::string& source() const { return source_; }
-  // `index` is that of an icon to be shown, which counts if it is negative.
+  // Sets the file. Index() returns `index` until the scroll bar moves if it is negative.
   void SetSource(std::string path, int index = 0) {
     source_ = std::move(path);
     index_ = std::min(index, 0);
@@ -45,44 +45,43 @@ class IconBrowser {
 
   win32::PictureBox& picture() { return picture_; }
   HICON current() const { return current_.get(); }
-  // The index of the chosen icon: the position of the scroll bar, or minus
-  // the number of a resource until the bar is moved.
+  // The index of the chosen icon: the position of the scroll bar, or a negative resource
+  // id until the bar is moved.
   int Index() const;
 
-  // How many icons the source has. A source that cannot be read has none.
+  // The number of icons in the source; 0 if it cannot be read.
   struct IconCount {
     int icons = 0;
-    bool isAll = true;  // false when there are more than an index of 16 bits can count
+    bool isAll = true;  // false if there are more than fit into a signed 16-bit index
   };
-  // Extracts one icon of the source after the other until there is none, which
-  // leaves no current icon.
+  // Counts the icons by extracting one after the other. Afterwards there is no current
+  // icon.
   IconCount CountIcons();
-  // What the user is told of too many.
+  // The message for a source with too many icons.
   std::wstring TooManyIcons() const;
 
-  // Shows that many icons, enables the scroll bar and moves it to `index`. A
-  // negative one is minus the number of a resource, which has no position: its
-  // icon is shown, or else the first one, at the start of the bar.
+  // Shows the number of icons, enables the scroll bar and moves it to `index`. If that is
+  // negative, it is a resource id: the bar moves to 0, and the box shows that icon, or
+  // the first one if there is no such icon.
   void ShowIcons(int count, int index);
 
-  // Shows the icon at the position of the scroll bar, or nothing when there is
-  // none.
+  // Shows the icon at the position of the scroll bar, or an empty box if there is none.
   void ShowIconAt();
-  // The same where that is not the one that is shown.
+
+  // The same, but does nothing if the box shows that icon already.
   void ShowIconAtNewPosition();
 
-  // Turns the scroll bar by a WM_MOUSEWHEEL that came to the window.
+  // Moves the scroll bar. `wide` is the WPARAM of WM_MOUSEWHEEL.
   void TurnByWheel(WPARAM wide) { win32::TurnScrollBar(scrollBar_, wide); }
 
-  // Lets the user choose another source and shows its first icon. One without
-  // icons becomes the source, too, after a message.
+  // Lets the user choose another source and shows its first icon. A file without icons
+  // becomes the source, too, after a message.
   void SelectIconSourceFile(HWND owner);
 
-  // Draws the current icon anew on the colour of the desktop, which the box
-  // keeps from then on.
+  // Draws the current icon on the colour of the desktop. The box keeps this background.
   void ShowPreviewOnDesktopColour();
 
-  // Hands the current icon over; the box goes on showing it.
+  // Returns the current icon; the caller owns it. The box still shows it.
   win32::UniqueIcon TakeIcon() { return std::move(current_); }
 
  private:
@@ -93,7 +92,7 @@ class IconBrowser {
   HWND countLabel_ = nullptr;
   std::string source_;
   win32::UniqueIcon current_;
-  int index_ = 0;  // of current_
+  int index_ = 0;  // the index of current_
 };
 
 }  // namespace icons

@@ -3,7 +3,7 @@
 
 namespace editor {
 
-// The list is brought up to date even when the file could not be.
+// The list is updated even if the rewrite failed, because moving ignores failures.
 
 void Form2::Command4Click() {
   const int row = items_.Selected();

@@ -17,7 +17,7 @@ void Form2::Command9Click() {
       return;
     }
   } catch (const menufile::Failure&) {
-    // As of the rewrite, nothing is told of this; the list shows what was read.
+    // Ignored, like a failure of the rewrite. The list shows the entries read so far.
   }
   items_.ScrollTo(top);
   iconic1_.Clear();

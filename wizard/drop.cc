@@ -13,7 +13,7 @@
 namespace editor {
 namespace {
 
-// Every entry has a name: one without would be a separator.
+// The name of a new entry. It is never empty, or the entry would be a separator.
 std::string NameOf(const std::string& path) {
   const std::string name = win32::ShellNameOf(path);
   return name.empty() ? win32::LastPartOf(path) : name;
@@ -55,8 +55,8 @@ void Form2::List1Drop() {
   }
 }
 
-// All names are asked for before the menu file is opened: the shell may take its
-// time.
+// The shell may take long to find the names, so this asks for all of them before it opens
+// the menu file.
 void Form2::AddDropped(const std::vector<std::string>& paths) {
   const win32::WaitPointer wait;
   std::vector<menufile::EntryTexts> entries;

@@ -36,7 +36,7 @@ constexpr const wchar_t* kProgramFilter =
 }  // namespace
 
 Form3::Form3(editor::Form2& form2) : Form(kForm3Plan, form2.window(), kTargetPage), form2_(form2) {
-  // Not the target: what the code page does not hold of a path gets short names.
+  // Not the box of the target: a path gets short names instead.
   for (const int box : {IDC_FORM3_TEXT2, IDC_FORM3_TEXT3, IDC_FORM3_TEXT4}) {
     win32::RefuseUnheldCharacters(Control(box));
   }
@@ -48,7 +48,7 @@ Form3::Form3(editor::Form2& form2) : Form(kForm3Plan, form2.window(), kTargetPag
 
 void Form3::Fill(const menufile::MenuEntry& entry) {
   const auto fill = [this](int box, const std::string& bytes) {
-    // An empty text is what the box holds already: no change to report.
+    // The box is empty already; setting it would report a change.
     if (!bytes.empty()) {
       win32::SetText(Control(box), win32::ToText(bytes));
     }
@@ -74,7 +74,7 @@ void Form3::Command3Click() {
   if (!file && win32::FileDialogFailed()) {
     return;
   }
-  // Cancelling empties the box.
+  // After a cancel, the box is emptied.
   win32::SetText(Control(IDC_FORM3_TEXT1), file.value_or(L""));
 }
 
@@ -85,7 +85,7 @@ void Form3::Command1Click() {
     win32::ShowError(window(), L"File " + typed + L" cannot be accessed. Please check the path.");
     return;
   }
-  // It may have got short names.
+  // Show the short names that the path may have got.
   if (!target_.IsShownBy(typed) && win32::ToText(*target) != typed) {
     win32::SetText(Control(IDC_FORM3_TEXT1), win32::ToText(*target));
   }
@@ -103,7 +103,8 @@ void Form3::Command1Click() {
 void Form3::Command4Click() {
   ShowPages(kTargetPage);
   win32::SetText(Control(IDC_FORM3_LABEL1), kTargetPrompt);
-  // No button takes its place: the first page has a default one only at first.
+  // From here on there is no default button: the first page has one only until the
+  // first Next.
   SetDefaultButton(0);
   EnableWindow(Control(IDC_FORM3_COMMAND5), TRUE);
   FocusOn(IDC_FORM3_TEXT1);
@@ -119,12 +120,12 @@ void Form3::Command5Click() {
     if (editedRow_) {
       ChangeEntry(*editedRow_, *entry);
     } else if (!form2_.AddEntries({*entry}, true) && !addIsUnfinished_) {
-      return;  // another press adds it
+      return;  // an earlier change was finished instead; the next press adds the entry
     }
   } catch (const menufile::Failure&) {
-    // If so, the next press finishes it.
+    // If the entry was written in part, the next press finishes it.
     addIsUnfinished_ = !editedRow_ && form2_.menu().HasUnfinished();
-    return;  // nothing is told; the wizard stays open
+    return;  // without a message; the wizard stays open
   }
   form2_.CloseChild();
 }
@@ -178,8 +179,8 @@ void Form3::ChangeEntry(int row, const menufile::EntryTexts& entry) {
   if (!form2_.Rewrite(menufile::EditEntry(static_cast<std::size_t>(row), entry))) {
     return;
   }
-  // The row shows the icon of the new target until the file is loaded again,
-  // also when the entry has an icon file; and it keeps the tag of the old one.
+  // Until the file is loaded again, the row has the icon of the new target, even if the
+  // entry has an icon file. It keeps the tag of the old target.
   form2_.items().Rename(row, entry.caption);
   form2_.items().SetIcon(row, editor::ExtractLargeIcon(entry.target, 0));
 }

@@ -15,19 +15,20 @@
 
 namespace wizard {
 
-// The New Shortcut wizard: asks for the target of an entry on its first page
-// and for its name on the second, then adds the entry to the menu or, told
-// which one to edit, changes that one.
+// The New Shortcut wizard. Its first page asks for the target of an entry, the second
+// one for the name. Finish adds a new entry to the menu, or changes the entry of
+// EditRow().
 //
-// The plan of its controls stands in form3_plan.cc.
+// form3_plan.cc has the plan of its controls.
 class Form3 final : public win32::Form {
  public:
-  // In add mode, with empty boxes. The editor window is borrowed.
+  // Starts in add mode with empty boxes. `form2` is borrowed.
   explicit Form3(editor::Form2& form2);
 
-  // The entry to edit: its place among the entries of the file, which is its
-  // row in the list, from 0.
+  // Switches to edit mode. `row` is the 0-based row of the entry in the list, and its
+  // number in the file.
   void EditRow(int row) { editedRow_ = row; }
+  // Fills the boxes with the texts of an entry.
   void Fill(const menufile::MenuEntry& entry);
 
   void Text1Change();
@@ -44,18 +45,18 @@ class Form3 final : public win32::Form {
   void OnArranged() override;
 
   std::wstring Text(int id) const;
-  // With short names where the code page needs them.
+  // The bytes of the target, by win32::PathToBytes(); nothing if it has none.
   std::optional<std::string> Target() const;
-  // Nothing, after a message, when a menu file cannot hold what one of the boxes
-  // says.
+  // The texts of all boxes. Returns nothing, after a message, if the code page cannot
+  // hold one of them.
   std::optional<menufile::EntryTexts> TypedEntry() const;
-  // What Finish does to the file and to the list. Throws menufile::Failure.
+  // Changes the entry in the file and in the list. Throws menufile::Failure.
   void ChangeEntry(int row, const menufile::EntryTexts& entry);
 
   editor::Form2& form2_;
   std::optional<int> editedRow_;
   bool addIsUnfinished_ = false;  // the entry of this window was written in part
-  // What the menu file has for the boxes.
+  // The bytes in the menu file for the boxes.
   win32::ShownBytes target_;
   win32::ShownBytes arguments_;
   win32::ShownBytes startIn_;
@@ -63,7 +64,7 @@ class Form3 final : public win32::Form {
   win32::UniqueBitmap banner_;
 };
 
-// Which controls are shown, as bits.
+// The pages of the wizard, one bit each.
 enum Page : unsigned { kTargetPage = 1, kNamePage = 2 };
 
 inline constexpr const wchar_t* kTargetPrompt =

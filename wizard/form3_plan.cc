@@ -10,7 +10,8 @@ using namespace win32;
 constexpr ControlRow kControls[] = {
     {IDC_FORM3_PICTURE1, kBitmap, L"", {0, 0, 74, 130}, kTopLeft, kEveryPage},
     {IDC_FORM3_LABEL1, kLabel, kTargetPrompt, {88, 14, 198, 18}, kTopLeft, kEveryPage},
-    // The prompt of both pages could stand right before only one of these.
+    // The label names only the control in the next row, so these two have names of their
+    // own below.
     {IDC_FORM3_TEXT4, kTextBox, L"", {88, 37, 198, 13}, kTopLeft, kNamePage},
     {IDC_FORM3_TEXT1, kTextBox, L"", {88, 37, 144, 13}, kTopLeft, kTargetPage},
     {IDC_FORM3_COMMAND3, kButton, L"Browse...", {236, 36, 50, 14}, kTopLeft, kTargetPage},

@@ -12,22 +12,22 @@ constexpr std::wstring_view kAddressPrefixes[] = {
     L"http://", L"ftp://", L"mailto:", L"gopher://", L"telnet://", L"news:",
 };
 
-// Without the NUL at its end.
+// In characters, without the NUL at the end.
 constexpr std::size_t kLongestPath = MAX_PATH - 1;
 
-// Windows takes these three for old kinds of wildcards. Other characters that no
-// file can have it refuses itself.
+// True if the path has a character that FindFirstFile() takes as an old kind of
+// wildcard. Windows itself refuses the other characters that no file name can have.
 bool HasHiddenWildcard(std::wstring_view path) {
   return path.find_first_of(L"\"<>") != std::wstring_view::npos;
 }
 
-// Whether a listing of `pattern`, which may be a plain name, has any line; files
-// and folders count, hidden and system ones too.
+// True if there is a file or folder with that path, which may end with a wildcard
+// pattern. Hidden and system ones count, too.
 bool IsListed(const std::wstring& pattern) {
   if (pattern.empty() || pattern.size() > kLongestPath || HasHiddenWildcard(pattern)) {
     return false;
   }
-  // The root of an empty drive has nothing to list but is a folder all the same.
+  // FindFirstFile() finds nothing in the root of an empty drive, but it is a folder.
   const DWORD attributes = GetFileAttributesW(pattern.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
     return true;

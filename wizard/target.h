@@ -5,9 +5,8 @@
 
 namespace wizard {
 
-// Whether an entry may have this target: an address by one of six protocols,
-// told by its first characters as they are, or whatever a listing of files
-// finds.
+// Returns true if an entry may have this target: it begins with one of six address
+// prefixes, or FindFirstFile() finds a file or folder. Case matters in the prefixes.
 bool IsAcceptedTarget(const std::wstring& target);
 
 }  // namespace wizard
