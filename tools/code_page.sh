@@ -1,11 +1,11 @@
 #!/bin/bash
-# Runs a command, inside a session of tools/wine_session.sh, whose Windows
-# programs have that ANSI code page:
+# Runs a command with another ANSI code page for its Windows programs, inside a
+# session of tools/wine_session.sh:
 #
 #   tools/code_page.sh PAGE COMMAND [ARGUMENT...]
 #
-# Wine takes each program's code page from its locale. The locales are made
-# below build/ when they are first asked for.
+# Wine takes a program's code page from its locale. A locale is made below build/
+# on its first use.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 
@@ -18,7 +18,7 @@ case $1 in
   1252) locale=en_US ;;
   1255) locale=he_IL ;;
   1256) locale=ar_EG ;;
-  65001) locale=hi_IN ;; # whose languages have no ANSI code page: Windows takes UTF-8
+  65001) locale=hi_IN ;; # its languages have no ANSI code page: Windows uses UTF-8
   *) fail "no locale is known for code page $1" ;;
 esac
 shift

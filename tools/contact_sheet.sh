@@ -1,12 +1,11 @@
 #!/bin/bash
-# Saves one picture of all pages at 96, 144 and 192 DPI, to look at them side by
-# side:
+# Saves one picture that shows all pages at 96, 144 and 192 DPI side by side:
 #
 #   tools/contact_sheet.sh [SCHEME]     plain (default) or contrast
 #
-# The picture is build/screenshots/sheet.png, or sheet_contrast.png; the single
-# pages lie in the folders beside it. The editor has to be built. Nothing is shown on
-# the person's own display.
+# The picture is build/screenshots/sheet.png, or sheet_contrast.png. The single pages
+# are in the folders beside it. The editor has to be built. Nothing is shown on the
+# user's display.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 . "$(dirname "${BASH_SOURCE[0]}")/wine_look.sh"

@@ -1,6 +1,6 @@
 #!/bin/bash
-# Starts the editor where nobody looks, saves a picture of the screen when its
-# window stands still, and closes it:
+# Starts the editor on a private display, saves a picture of the screen after the
+# window has stopped changing, and closes the editor:
 #
 #   tools/wine_session.sh PREFIX tools/photograph_editor.sh PREFIX MENUFILE PICTURE.png
 #
@@ -9,7 +9,7 @@ set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 
 prefix=$1 menu=$2 picture=$3
-[ -n "${CORVALIS_PRIVATE_DISPLAY:-}" ] || fail 'wants a private display'
+[ -n "${CORVALIS_PRIVATE_DISPLAY:-}" ] || fail 'this needs a private display'
 
 mkdir -p "$(dirname "$picture")"
 new_picture=${picture%.png}.new.png
@@ -64,9 +64,8 @@ if has_window; then
 
   xdotool key --clearmodifiers alt+F4
   if ! wait_until 15 editor_ended; then
-    # A question that wants Yes or No has no close box; it ends with the
-    # session, unanswered.
-    echo 'The editor was waiting for an answer; it was ended without one.'
+    # A question with Yes and No has no close box. It ends with the session.
+    echo 'The editor was ended while it waited for an answer.'
     exit 0
   fi
 fi

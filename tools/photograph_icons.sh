@@ -1,18 +1,18 @@
 #!/bin/bash
-# Saves pictures of the Select Icon window and the Appearance page, as the
-# README shows them, and of the About page:
+# Saves pictures of the Select Icon window, the Appearance page and the About page
+# for the README:
 #
 #   tools/photograph_icons.sh [FOLDER]     default: docs
 #
-# The editor has to be built. Nothing is shown on the person's own display.
+# The editor has to be built. Nothing is shown on the user's display.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 . "$(dirname "${BASH_SOURCE[0]}")/x_windows.sh"
 
 begin_photographs tools "$@"
 
-# On the tabs at first: back past "Quit" to "Change Icon", once the list has a
-# selected row.
+# The first focus is on the tabs. Select a row of the list, then go back past "Quit"
+# to "Change Icon".
 xdotool key --window 0 Tab Tab Home
 for ((row = 1; row < 9; row++)); do
   xdotool key --window 0 Down
@@ -29,8 +29,8 @@ sleep 0.5
 
 xdotool windowactivate --sync "$main" key --window 0 ctrl+Page_Down
 sleep 0.5
-# "Select Icon File" follows the sample, "Change Font", the icon and the scroll
-# bar, which is disabled.
+# "Select Icon File" comes after the sample, "Change Font" and the icon; the scroll bar
+# is disabled.
 xdotool key --window 0 Tab Tab Tab Tab space
 dialog=$(wait_for_window 'Select a DLL or EXE which includes Icons')
 xdotool windowactivate --sync "$dialog"
@@ -38,7 +38,7 @@ sleep 0.5
 xdotool type --delay 30 'C:\windows\regedit.exe'
 xdotool key Return
 sleep 1
-# On to the check box, away from the scroll bar.
+# Move the focus from the scroll bar to the check box.
 xdotool windowactivate --sync "$main" key --window 0 Tab
 sleep 0.5
 photograph "$main" "$folder/appearance.png"

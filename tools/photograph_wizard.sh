@@ -1,16 +1,16 @@
 #!/bin/bash
 # Saves pictures of the list of entries and of the two pages of the New Shortcut
-# wizard, as the README shows them:
+# wizard for the README:
 #
 #   tools/photograph_wizard.sh [FOLDER]     default: docs
 #
-# The editor has to be built. Nothing is shown on the person's own display.
+# The editor has to be built. Nothing is shown on the user's display.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 . "$(dirname "${BASH_SOURCE[0]}")/x_windows.sh"
 
 begin_photographs tools "$@"
-# From the tabs to the list, and on to the Add button.
+# Move the focus from the tabs to the list, and then to the Add button.
 xdotool key --window 0 Tab Tab Home
 photograph "$main" "$folder/contents.png"
 xdotool key --window 0 Tab space

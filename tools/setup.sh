@@ -1,6 +1,6 @@
 #!/bin/bash
-# Installs the Debian packages that a script needs and this machine lacks; asks
-# nobody and no network when none is missing:
+# Installs the missing Debian packages that a script needs. If none is missing, it
+# uses neither root nor the network:
 #
 #   tools/setup.sh run|test|bench|bare
 set -eu
@@ -19,7 +19,8 @@ mapfile -t wanted < <(
 )
 
 if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
-  echo "$0: this is no Debian; it takes by hand what stands for: ${wanted[*]}" >&2
+  echo "$0: this system is not Debian. Install these packages, or what they are called" \
+    "here, by hand: ${wanted[*]}" >&2
   exit 1
 fi
 
@@ -33,11 +34,12 @@ done
 as_root=()
 if [ "$(id -u)" -ne 0 ]; then
   if ! command -v sudo >/dev/null; then
-    echo "$0: neither root nor sudo; as root: apt-get install ${missing[*]}" >&2
+    echo "$0: you are not root, and there is no sudo. Run as root:" \
+      "apt-get install ${missing[*]}" >&2
     exit 1
   fi
   as_root=(sudo)
-  # Nobody is there to type a password.
+  # Without a terminal nobody can type a password.
   [ -t 0 ] || as_root+=(-n)
 fi
 
@@ -49,10 +51,10 @@ apt() {
 echo "Installing: ${missing[*]}"
 log=$(dirname "$0")/../build/log/setup.log
 mkdir -p "$(dirname "$log")"
-# A list that cannot be fetched anew may still be good enough.
-apt update >"$log" 2>&1 || echo "$0: the package lists may be old" >&2
+# If the lists cannot be updated, the old ones may do.
+apt update >"$log" 2>&1 || echo "$0: the package lists could not be updated" >&2
 apt install -y --no-install-recommends "${missing[@]}" >>"$log" 2>&1 </dev/null || {
   cat "$log" >&2
-  echo "$0: could not install what is missing" >&2
+  echo "$0: the missing packages could not be installed" >&2
   exit 1
 }

@@ -1,6 +1,6 @@
-# Sourced, after wine_env.sh, by the scripts that run programs at several scales.
+# Sourced, after wine_env.sh, by the scripts that run programs at several DPI.
 
-# White and yellow on black.
+# Prints colours of high contrast, white and yellow on black, for the registry.
 colours() {
   local black='"0 0 0"' white='"255 255 255"' name
   printf '\n[HKEY_CURRENT_USER\\Control Panel\\Colors]\n'
@@ -14,8 +14,8 @@ colours() {
   printf '"WindowText"="255 255 0"\n"GrayText"="0 255 0"\n"Hilight"="0 128 0"\n'
 }
 
-# use_look DPI SCHEME: how windows look in the Wine prefix from here on. The scheme
-# is plain, Windows' own, or contrast, without a theme.
+# use_look DPI SCHEME: sets the DPI and the colours of the Wine prefix. SCHEME is
+# plain, the usual colours, or contrast, which has no theme.
 use_look() {
   local dpi theme=1 settings=$WINEPREFIX.look.reg
   dpi=$(printf '%08x' "$1")
@@ -30,7 +30,7 @@ use_look() {
     [ "$2" = plain ] || colours
   } >"$settings"
   wine regedit /S "$(winepath -w "$settings")" >/dev/null 2>&1
-  # They are read with the first program of a Wine server.
+  # Wine reads them when a Wine server starts.
   wineserver -k
   wineserver -w
   wineserver -p60 >/dev/null 2>&1 </dev/null

@@ -1,19 +1,19 @@
 #!/bin/bash
-# Runs a Windows test program under Wine; CMake and CTest start each one
+# Runs a Windows test program under Wine. CMake and CTest start every test program
 # through this script:
 #
 #   tools/wine_run.sh PROGRAM.exe [ARGUMENT...]
 #
-# Within a session of tools/wine_session.sh it uses that and costs little; on
-# its own it makes a session for this one program.
+# It uses the session of tools/wine_session.sh that it runs in, or makes one for this
+# program alone, which takes longer.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 
 within_session test "$0" "$@"
 
-# Wine's own services start with the first program, inherit its output and stay
-# for the session; a caller who reads to the end of a pipe would wait for them.
-# So they get a file, and the caller what comes into it while the program runs.
+# Wine's services start with the first program and inherit its output. If that were
+# a pipe, a reader would wait for the end of the services. So the output goes to a
+# file, and tail copies it while the program runs.
 mkdir -p "$build_dir/log"
 output=$(mktemp "$build_dir/log/wine_run.XXXXXX")
 status=0
@@ -25,9 +25,8 @@ run_program() {
   wait "$program" || status=$?
 }
 run_program "$@"
-# Once in a great while Wine ends at once, without a word, before the program
-# has begun. A test program that ran has said something. The test "wine.starts"
-# counts how often that was.
+# Rarely, Wine ends before the program has begun, without any output. A test program
+# that ran always has some. The test "wine.starts" counts these restarts.
 if [ "$status" -ne 0 ] && [ ! -s "$output" ]; then
   echo "did not begin (exit code $status), started again: $*" |
     tee -a "$build_dir/log/not_begun.log" >&2

@@ -1,14 +1,13 @@
 #!/bin/bash
-# Runs a command in a Wine session of its own: a prefix below build/wine that
-# nobody else uses meanwhile, on a private X display, all ended with the
-# command:
+# Runs a command in a Wine session of its own: a prefix below build/wine that no other
+# session uses meanwhile, and a private X display. The session ends with the command:
 #
 #   tools/wine_session.sh PREFIX COMMAND [ARGUMENT...]
 #
-# With CORVALIS_OWN_DISPLAY=1 the windows open on the display of whoever calls it.
+# With CORVALIS_OWN_DISPLAY=1 the windows open on the caller's display.
 #
-# Inside, tools/wine_run.sh starts a Windows program in a fraction of a second,
-# for the session keeps one Wine server running.
+# Inside a session, tools/wine_run.sh starts a program in a fraction of a second,
+# because the session keeps one Wine server running.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 
@@ -17,7 +16,7 @@ set -eu
 use_wine_prefix "$1"
 if [ "${CORVALIS_WINE_SESSION:-}" != "$1" ]; then
   prepare_wine_prefix
-  # --close keeps the lock from living on in a server that outlives us.
+  # --close: otherwise a server that outlives this script would keep the lock.
   export CORVALIS_WINE_SESSION=$1
   display=("$project_root/tools/with_display.sh")
   [ -z "${CORVALIS_OWN_DISPLAY:-}" ] || display=()
@@ -34,10 +33,9 @@ trap 'exit 129' HUP
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-# What an earlier session left behind lives on a display that is gone.
+# End what an earlier session left: its display is gone.
 stop_session
-# The number is in seconds after the last program: even if this script is
-# killed, the server does not stay.
+# The server ends 60 seconds after the last program, even if this script is killed.
 wineserver -p60 >/dev/null 2>&1 </dev/null
 
 status=0

@@ -1,11 +1,11 @@
 #!/bin/bash
-# Runs a command on a private X display with a window manager, and ends both
-# with it:
+# Runs a command on a private X display with a window manager. Both end with the
+# command:
 #
 #   tools/with_display.sh COMMAND [ARGUMENT...]
 #
-# It has 1280x1024 pixels, or as many as CORVALIS_SCREEN says (800x600).
-# CORVALIS_PRIVATE_DISPLAY tells the command that its display is such a one.
+# The display has 1280x1024 pixels, or the size in CORVALIS_SCREEN (800x600, say).
+# CORVALIS_PRIVATE_DISPLAY tells the command that its display is private.
 set -eu
 
 [ $# -gt 0 ] || {
@@ -28,8 +28,8 @@ trap 'exit 129' HUP
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-# The server picks a free display number and writes it once it accepts
-# clients. The parent-death signal ends it even when this script is killed.
+# The server picks a free display number, and writes it when it accepts clients. The
+# parent-death signal ends the server even if this script is killed.
 exec {numbers}< <(exec setpriv --pdeathsig TERM \
   Xvfb -displayfd 1 -screen 0 "${CORVALIS_SCREEN:-1280x1024}x24" -dpi 96 -nolisten tcp -noreset \
   2>"$log_dir/xvfb.$$.log" </dev/null)
@@ -48,8 +48,7 @@ unset WAYLAND_DISPLAY XAUTHORITY
 
 setpriv --pdeathsig TERM openbox --sm-disable >/dev/null 2>&1 </dev/null &
 manager=$!
-# A window that appears before the manager is ready would stay unmanaged:
-# without a frame, and without the focus.
+# Wait for the manager: a window that opens before would have no frame and no focus.
 for ((tries = 0; ; tries++)); do
   case $(xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null) in
     *'window id'*) break ;;
@@ -61,7 +60,7 @@ for ((tries = 0; ; tries++)); do
   sleep 0.1
 done
 
-# The pointer starts in the middle, where windows open, and would raise tips.
+# Move the pointer from the middle, where windows open and would show tool tips.
 xdotool mousemove 1279 1023
 
 status=0

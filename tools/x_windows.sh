@@ -1,11 +1,11 @@
-# Sourced, after wine_env.sh, by the scripts that look at the editor's windows
-# on a display of their own.
+# Sourced, after wine_env.sh, by the scripts that look at the editor's windows on a
+# private display.
 
-# The process of an editor that runs.
+# The process id of the running editor; empty if none runs.
 editor=
 leftovers=()
 
-# remove_at_exit PATH...: however the script ends, and $editor with it.
+# remove_at_exit PATH...: removes the paths when the script ends, and ends $editor.
 remove_at_exit() {
   leftovers+=("$@")
   trap end_editor_and_remove EXIT
@@ -15,8 +15,8 @@ end_editor_and_remove() {
   rm -rf "${leftovers[@]}"
 }
 
-# wait_for_window TITLE: prints the X window whose title this regular expression
-# is.
+# wait_for_window TITLE: waits for a window with that title, a regular expression, and
+# prints its X id.
 wait_for_window() {
   local tries window
   for ((tries = 0; tries < 300; tries++)); do
@@ -30,8 +30,8 @@ wait_for_window() {
   fail "no window \"$1\" within half a minute"
 }
 
-# photograph WINDOW PICTURE: with its frame, once two pictures in a row are
-# equal.
+# photograph WINDOW PICTURE: saves a picture of a window with its frame, after two
+# pictures in a row are equal.
 photograph() {
   local last new tries
   last=${2%.png}.last.png new=${2%.png}.new.png
@@ -51,9 +51,9 @@ photograph() {
   fail "the picture $2 does not stand still"
 }
 
-# begin_photographs SAMPLE [FOLDER]: opens a copy of that sample in the editor, in
-# a session of its own, and leaves in $main the editor's window and in $folder
-# where the pictures go, docs if nothing else. The pointer is out of the way.
+# begin_photographs SAMPLE [FOLDER]: opens a copy of that sample in the editor, in a
+# session of its own. Sets $main to the editor's window and $folder to the folder for
+# the pictures, docs by default. Moves the pointer to the corner.
 begin_photographs() {
   local sample=$1
   shift
@@ -72,7 +72,7 @@ begin_photographs() {
   sleep 1
 }
 
-# end_photographs: closes the editor, which has to end well.
+# end_photographs: closes the editor. Fails if the editor's exit code is not 0.
 end_photographs() {
   xdotool windowactivate --sync "$main" key alt+F4
   wait "$editor"

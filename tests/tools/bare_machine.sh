@@ -1,31 +1,31 @@
 #!/bin/bash
-# Runs one of the README's two commands in a bare Debian 12, made under
-# build/bare: each has to install what it needs, and nothing else is there.
+# Runs one of the README's two commands in a bare Debian 12, made below build/bare.
+# The command has to install every package that it needs.
 #
 #   tests/tools/bare_machine.sh                       every way, as ./test --bare does
 #   tests/tools/bare_machine.sh COMMAND USER DISPLAY  COMMAND is ./run or ./test, with
 #                                                     options; USER is root or sudo;
 #                                                     DISPLAY is display or none
 #
-# Wants root, for its mounts and for chroot.
+# Needs root for its mounts and for chroot.
 set -eu -o pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 
 bare=$build_dir/bare
 machine=$bare/machine
-# Where the project's copy stands in the machine.
+# The folder of the project's copy in the machine.
 copy=/home/user/corvalis
 
 [ "$(id -u)" -eq 0 ] || fail 'only root can make a bare machine'
 
-# Debian's smallest system, once. It is fetched from where this machine gets its
-# own packages.
+# Makes Debian's smallest system, unless that was done before. The packages come from
+# the mirror of this machine.
 make_debian() {
   [ ! -e "$bare/debian/ready" ] || return 0
   local mirror
   mirror=$(apt-get indextargets --format '$(REPO_URI) $(CODENAME) $(COMPONENT)' \
     'Created-By: Packages' | awk '$2 == "bookworm" && $3 == "main" { print $1; exit }')
-  [ -n "$mirror" ] || fail 'this machine does not get its packages from a Debian 12'
+  [ -n "$mirror" ] || fail 'this machine has no mirror of Debian 12'
   rm -rf "$bare/debian"
   mkdir -p "$bare/debian" "$bare/archives"
   echo '== Making a bare Debian'
@@ -33,12 +33,12 @@ make_debian() {
     tail "$bare/debootstrap.log"
     fail 'debootstrap failed'
   }
-  # The settings by which this machine reaches its mirror.
+  # The bare machine needs the same settings to reach the mirror.
   apt-config dump Acquire >"$bare/debian/etc/apt/apt.conf.d/90machine"
   touch "$bare/debian/ready"
 }
 
-# A machine as it comes, with a fresh copy of the project: no .git, no build.
+# Makes a new machine with a copy of the project, without .git and build.
 new_machine() {
   rm -rf "$machine"
   cp -a "$bare/debian" "$machine"
@@ -55,8 +55,8 @@ new_machine() {
   in_machine chown -R user:user "$copy"
 }
 
-# in_machine COMMAND...: as root, with processes and mounts that end with it, and
-# with nothing of this machine's environment but the display.
+# in_machine COMMAND...: runs the command as root. Its processes and mounts end with it.
+# Of this machine's environment it gets only the display.
 in_machine() {
   unshare --mount --pid --ipc --fork --kill-child /bin/bash -c '
     machine=$1 archives=$2
@@ -69,7 +69,7 @@ in_machine() {
       ${DISPLAY:+DISPLAY="$DISPLAY"} "$@"' bash "$machine" "$bare/archives" "$@" </dev/null
 }
 
-# The command in the machine, as its user.
+# Runs the command in the machine as its user.
 run_command() {
   local as=(/bin/bash -c)
   [ "$user" = root ] || as=(setpriv --reuid user --regid user --init-groups env HOME=/home/user
@@ -77,7 +77,8 @@ run_command() {
   in_machine "${as[@]}" "cd $copy && exec $command"
 }
 
-# ./run on a display is a person's: the editor is looked at and closed.
+# close_editor PROCESS: waits for the editor that ./run opens on the display, takes a
+# picture of it and closes it, as a user would.
 close_editor() {
   . "$project_root/tools/x_windows.sh"
   local window tries
@@ -92,7 +93,7 @@ close_editor() {
   xdotool windowactivate --sync "$window" key --clearmodifiers alt+F4
 }
 
-# A picture of a screen on which there is nothing has one colour.
+# An empty screen has one colour.
 shows_something() {
   [ "$(identify -format %k "$1")" -gt 50 ]
 }

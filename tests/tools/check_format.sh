@@ -1,6 +1,6 @@
 #!/bin/bash
-# Fails, and shows how, when a C++ file is not as clang-format writes it, or a
-# shell script not as shfmt does.
+# Fails if clang-format or shfmt would format a file in another way, and prints the
+# difference.
 set -eu
 cd "$(dirname "$0")/../.."
 

@@ -1,20 +1,20 @@
 #!/bin/bash
-# Fails, and shows why, when clang-tidy finds fault with a source file of the
-# program: with menufile/ as it is compiled for this machine, with the rest as
-# it is compiled for Windows. Needs build/native and build/windows configured.
+# Runs clang-tidy on the source files of the program, and fails if it warns.
+# menufile/ is compiled for this machine, everything else for Windows. build/native
+# and build/windows have to be configured.
 #
-#   tests/tools/check_tidy.sh [FILE_OR_FOLDER...]    these alone
+#   tests/tools/check_tidy.sh [FILE_OR_FOLDER...]    default: the whole program
 set -eu -o pipefail
 cd "$(dirname "$0")/../.."
 
-# GCC's library, as the cross compiler has it: clang finds Windows' headers by
-# itself, but not those.
+# The C++ library of the cross compiler. clang finds the headers of Windows by itself,
+# but not these.
 library=$(x86_64-w64-mingw32-g++-posix -print-file-name=include/c++)
 windows_options=(
   -p build/windows
   --extra-arg=-isystem"$library"
   --extra-arg=-isystem"$library/x86_64-w64-mingw32"
-  # The commands have warnings off that clang does not know.
+  # The commands turn off warnings that clang does not know.
   --extra-arg=-Wno-unknown-warning-option
 )
 
@@ -32,7 +32,7 @@ for source in "${sources[@]}"; do
   esac
 done
 
-# tidy SOURCES OPTION...: with the sources in the array of that name.
+# tidy SOURCES OPTION...: runs clang-tidy. SOURCES is the name of an array.
 tidy() {
   local -n files=$1
   shift

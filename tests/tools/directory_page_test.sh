@@ -1,7 +1,7 @@
 #!/bin/bash
-# The directory page of the finished program, driven by the keyboard: folders
-# opened with Enter, a path typed, Save Changes, and both changes of the menu
-# type. Wants the display to itself.
+# Drives the directory page of the finished program by the keyboard: opens folders
+# with Enter, types a path, saves, and changes the menu type both ways. Nothing else
+# may use the display meanwhile.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 . "$project_root/tools/x_windows.sh"
@@ -18,14 +18,14 @@ mkdir -p "$walk/one/two"
 base="C:\\$(basename "$walk")"
 
 menu=$work/folder.menu
-# menu_file TYPE [DIRECTORY_LINE]: what the menu file is to hold.
+# menu_file TYPE [DIRECTORY_LINE]: prints the expected menu file.
 menu_file() {
   cat "$project_root/resources/default_menu.ico"
   printf '\r\n<START ZOL>\r\n"%s"\r\n0,"Tahoma",10,-1,0\r\n' "$1"
   [ $# -lt 2 ] || printf '%s\r\n' "$2"
 }
 
-# expect_menu WHAT TYPE [DIRECTORY_LINE]: waits until the file holds that.
+# expect_menu WHAT TYPE [DIRECTORY_LINE]: waits until the menu file is as expected.
 expect_menu() {
   local what=$1 tries
   shift
@@ -48,7 +48,7 @@ key() {
   sleep 0.3
 }
 
-# answer KEY: the question that is to come.
+# answer KEY: waits for a question and answers it.
 answer() {
   xdotool windowactivate --sync "$(wait_for_window 'Query.')"
   sleep 0.3

@@ -1,8 +1,7 @@
 #!/bin/bash
-# What one change of the finished program asks of Windows: the scratch file is
-# on the disk before the menu file is written, and the menu file is before the
-# scratch file goes. Tests with files in memory cannot see whether the program's
-# own files are flushed; a trace of the calls can. Wants the display to itself.
+# Traces the calls of one change of the finished program. The scratch file has to be
+# flushed before the menu file is written, and the menu file before the scratch file is
+# deleted. Nothing else may use the display meanwhile.
 set -eu -o pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 . "$project_root/tools/x_windows.sh"
@@ -25,14 +24,14 @@ CORVALIS_WINEDEBUG=+relay "$project_root/tools/start_editor.sh" "$CORVALIS_WINE_
 editor=$!
 main=$(wait_for_window 'Corvalis Edit')
 xdotool windowactivate --sync "$main"
-# From the tabs to the list, whose first entry moves down.
+# Go from the tabs to the list and move its first entry down.
 xdotool key --window 0 Tab Tab Home ctrl+Down
 xdotool key --window 0 --delay 500 alt+F4
 wait "$editor"
 editor=
 ! cmp -s "$project_root/samples/tools.menu" "$work/traced.menu" || fail 'nothing was changed'
 
-# The calls with the names of the files instead of their handles, one a line.
+# Print the calls, one a line, with the names of the files instead of their handles.
 awk '
   match($0, /Call KERNEL32\.[A-Za-z]+\(/) {
     call = substr($0, RSTART + 14, RLENGTH - 15)
@@ -50,8 +49,8 @@ awk '
     opening = ""
   }' "$work/trace" >"$work/calls"
 
-# expect_next first|last CALL FILE: no earlier than the call that was expected
-# before.
+# expect_next first|last CALL FILE: fails unless the first or the last such call comes
+# after the call of the expect_next before.
 line=0
 expect_next() {
   local found

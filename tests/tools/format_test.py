@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""A reader of menu files, written from docs/format.md alone, finds in a menu what the
-program finds in it: in the samples, in the menus that fuzzing starts from, and in those
-with a few bytes changed.
+"""Reads menu files with a reader written from docs/format.md alone, and compares the
+result with the program's: for the samples, the fuzzing corpus, and copies of them with
+a few bytes changed.
 
     format_test.py PRINT_MENU [SEED]
 
@@ -41,12 +41,12 @@ def after_marker(data):
 
 
 def number_text(number):
-    """The shortest form of a number: as Python has it, but for whole ones."""
+    """The shortest form of a number: as in Python, but without ".0"."""
     return re.sub(r"\.0$", "", repr(number)) if number else "0"
 
 
 def bare_value(field):
-    """The kind of an unquoted field and what a writer writes for it."""
+    """The kind of an unquoted field, and the bytes that a writer writes for it."""
     if not field:
         return ("E", b"")
     if NUMBER.fullmatch(field):
@@ -89,7 +89,7 @@ class Fields:
 
 
 def read_menu(data):
-    """How reading ends, the keyword, and the records that were complete."""
+    """Returns how reading ended, the keyword, and the complete records."""
     start = after_marker(data)
     if start is None:
         return "no menu", None, []
@@ -112,11 +112,11 @@ def line_of(record):
 
 
 def as_printed(line):
-    """What print_menu tells in a line: how it ended, and the fields of each record."""
+    """Parses a line of print_menu: how reading ended, and the fields of each record."""
     end, *records = line.split("|")
     shown = []
     for record in records:
-        # Before the fields stands what it is, and the number of an entry.
+        # The kind of the record and the number of an entry come before its fields.
         fields = [bytes.fromhex(field) for field in record.split()]
         fields = fields[2 if len(fields) > ITEM + 1 else 1:]
         shown.append([(field[:1].decode(), field[2:]) for field in fields])
@@ -124,7 +124,7 @@ def as_printed(line):
 
 
 def damaged(data, source):
-    """The menu with some bytes of its description changed, inserted or left out."""
+    """A copy of the menu with some bytes of its description changed, inserted or removed."""
     data = bytearray(data)
     for _ in range(source.randint(1, 3)):
         first = max(data.find(MARKER), 0)
@@ -163,14 +163,14 @@ def main():
         expected_end, expected = as_printed(line)
         ends[end] = ends.get(end, 0) + 1
         if end == "no menu":
-            expected = []  # the question whether to convert it
+            expected = []  # the program asks whether to convert the file
         if (end, records) != (expected_end, expected):
             sys.exit(f"--seed {seed}: {menu[menu.find(MARKER):]!r}\n"
                      f"read from the description: {end} {records}\n"
                      f"read by the program:       {expected_end} {expected}")
     assert min(ends.get(end, 0) for end in ("menu", "no menu", "damaged")) > 100, ends
 
-    # What is laid out as writers write it comes back as it was.
+    # A file in the layout of writers comes back unchanged.
     for menu in samples:
         end, keyword, records = read_menu(menu)
         if end == "menu":

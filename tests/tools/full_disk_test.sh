@@ -1,7 +1,7 @@
 #!/bin/bash
-# The finished program on a full disk: a file system of some hundred kilobytes
-# in memory, which only this test and a Wine session of its own see. Ends with
-# 77, for a test that was skipped, where nobody may make one:
+# Tests the finished program on a full disk: a file system of 400 KiB in memory, which
+# only this test and its own Wine session see. If this user may not mount one, ends with
+# 77, which means that the test was skipped:
 #
 #   tests/tools/full_disk_test.sh
 set -eu
@@ -10,7 +10,7 @@ set -eu
 disk=$build_dir/test/full_disk
 if [ "${1:-}" != mounted ]; then
   mkdir -p "$disk"
-  # In a name space of their own mounts end with it, whatever happens.
+  # In a name space of its own, so that the mount ends with it in any case.
   alone=(--mount)
   [ "$(id -u)" -eq 0 ] || alone+=(--map-root-user)
   if ! unshare "${alone[@]}" mount -t tmpfs -o size=400k tmpfs "$disk" 2>/dev/null; then
@@ -21,7 +21,7 @@ if [ "${1:-}" != mounted ]; then
 fi
 
 mount -t tmpfs -o size=400k tmpfs "$disk"
-# The Wine server is to see the mount, so it must be started from here.
+# The Wine server must see the mount, so it is started from here.
 "$project_root/tools/wine_session.sh" full_disk "$project_root/tools/wine_run.sh" \
   "$build_dir/windows/tests/windows/outside/outside_tests.exe" \
   '--gtest_filter=FullDiskTest.*' "--small-disk=Z:${disk//\//\\}"

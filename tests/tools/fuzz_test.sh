@@ -1,11 +1,10 @@
 #!/bin/bash
-# Lets a fuzz target of build/fuzz look for bytes that break it:
+# Runs a fuzz target of build/fuzz:
 #
 #   tests/tools/fuzz_test.sh TARGET SECONDS
 #
-# It starts from the corpus that is checked in and from what earlier runs found,
-# which build/fuzz/found keeps. An input that breaks it is left in
-# build/fuzz/broken.
+# It starts with the checked-in corpus and with the inputs that earlier runs have found
+# (build/fuzz/found). An input with which it fails is written into build/fuzz/broken.
 set -eu
 root=$(cd "$(dirname "$0")/../.." && pwd -P)
 target=$1 seconds=$2

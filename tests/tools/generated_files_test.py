@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""The checked-in pictures and samples are what their scripts write, byte for byte, and
-their bytes are laid out as the menu program reads them.
+"""Checks that the checked-in pictures and samples equal what their scripts write, and
+that their layout is the one that the menu program reads.
 
     generated_files_test.py [PROJECT_FOLDER]
 """
@@ -56,7 +56,7 @@ def compare_with_generator(script, patterns):
 
 
 def icon_entries(name):
-    """Width, height, bits, offset, size of each image; checks that they fill the file."""
+    """Width, height, bits, offset and size of each image. Checks that they fill the file."""
     data = (ROOT / "resources" / name).read_bytes()
     reserved, kind, count = struct.unpack_from("<HHH", data)
     check((reserved, kind) == (0, 1) and count > 0, f"{name}: not an icon file")
@@ -132,7 +132,7 @@ def check_samples():
 
 
 def check_format_example():
-    """The worked example of the format's description is a file to open."""
+    """Checks that the example in docs/format.md is samples/small.menu."""
     data = (ROOT / "samples/small.menu").read_bytes()
     text = (ROOT / "docs/format.md").read_text(encoding="utf-8")
     dump = re.findall(r"^([0-9a-f]{8}): ((?:[0-9a-f]{2} )+) +(\S.*)$", text, re.MULTILINE)
@@ -157,7 +157,7 @@ def check_format_example():
 def main():
     for script, patterns in GENERATED:
         compare_with_generator(script, patterns)
-    if not failures:  # A file that is missing or cut short could not be looked into.
+    if not failures:  # The other checks need complete files.
         check_default_picture()
         check_sizes()
         check_samples()

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Includes run one way. Prints which folder includes which, and fails when one includes what
-it must not stand on, or when headers include each other in a circle.
+"""Prints which folder includes which. Fails if a folder includes another that it must not
+use, or if headers include each other in a circle.
 
     includes_test.py [PROJECT_FOLDER]
 """
@@ -12,8 +12,8 @@ from pathlib import Path
 ROOT = Path(sys.argv[1] if len(sys.argv) > 1 else __file__).resolve()
 ROOT = ROOT if ROOT.is_dir() else ROOT.parents[2]
 
-# What the files of a folder may include beside their own folder's. "std" is the
-# C++ library, "windows" the headers of Windows.
+# For each folder, what its files may include besides that folder. "std" is the C++
+# library, "windows" the headers of Windows.
 STANDS_ON = {
     "menufile": {"std"},
     "win32": {"std", "windows"},
@@ -23,7 +23,7 @@ STANDS_ON = {
     "wizard": {"std", "windows", "menufile", "win32", "resources", "editor"},
     "icons": {"std", "windows", "menufile", "win32", "resources", "editor"},
 }
-# They would make the program a good deal larger.
+# These would make the program much larger.
 TOO_LARGE = {"filesystem", "iostream", "locale", "regex"}
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"]', re.MULTILINE)
@@ -44,10 +44,10 @@ def read_sources():
 
 
 def target_of(path, bracket, name):
-    """The folder, or the library, that an include leads to."""
+    """The folder or the library of an included file."""
     if bracket == "<":
         return "windows" if name.endswith(".h") else "std"
-    # windres looks beside the file first.
+    # windres searches the folder of the file first.
     return folder_of(name) if "/" in name else folder_of(path)
 
 
@@ -63,7 +63,7 @@ def upward_includes(sources):
 
 
 def circles(sources):
-    """Each circle of headers once, as the path around it."""
+    """The circles of headers, each as a path around it."""
     done = set()
 
     def visit(path, trail):

@@ -1,11 +1,11 @@
 #!/bin/bash
-# An archive of a release holds what it should. If the program in it is for 64
-# bits, it runs from where it was unpacked, and has all with it that it needs:
+# Tests the contents of a release's archive. If its program is for 64-bit Windows,
+# tests that it runs alone in the folder where it was unpacked:
 #
 #   tests/tools/package_test.sh TREE BITS VERSION
 #
-# TREE is where it was built, with the target "package". Wants the display to
-# itself.
+# TREE is the build tree, whose target "package" was built. Nothing else may use the
+# display meanwhile.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 . "$project_root/tools/x_windows.sh"
@@ -48,11 +48,10 @@ sed "s/@VERSION@/$version/; s/\$/\r/" "$project_root/packaging/README.txt" >"$wo
 expect 'the text has the line ends of Windows' cmp "$work/README.txt" "$unpacked/README.txt"
 expect 'the text names the version' grep -q "^Corvalis Edit $version" "$unpacked/README.txt"
 
-# Wine here runs no others.
+# Wine runs only 64-bit programs here.
 [ "$bits" -eq 64 ] || exit 0
 
-# A menu of the previous version: to convert it the program needs the picture
-# that it carries.
+# Converting a menu of the previous version needs the picture in the program's resources.
 menu=$work/previous.menu
 cp "$project_root/samples/previous-version.menu" "$menu"
 {
@@ -75,7 +74,7 @@ editor=
 expect 'it ends without a failure' [ "$status" -eq 0 ]
 expect 'it leaves nothing where it lies' [ "$(files_in "$unpacked")" = "$contents" ]
 
-# What was started above was the program that was unpacked, and no other.
+# Without the unpacked program, start_editor.sh fails: it started no other one above.
 rm "$unpacked/CorvalisEdit.exe"
 status=0
 "$project_root/tools/start_editor.sh" "$CORVALIS_WINE_SESSION" "$menu" \

@@ -1,6 +1,6 @@
 #!/bin/bash
-# A copy of the project in another folder makes the same archive, byte for byte.
-# Wants the archive of build/windows:
+# Tests that a copy of the project in another folder makes the same archive, byte for
+# byte. The archive of build/windows has to exist:
 #
 #   cmake --build --preset windows --target package
 set -eu
@@ -10,13 +10,13 @@ copy=$(mktemp -d "$root/build/test/package_twice.XXXXXX")
 trap 'rm -rf "$copy"' EXIT
 
 cd "$root"
-# New times, and other rights: neither is to be seen in the archive.
+# The copies get new times and other rights. Neither may change the archive.
 umask 077
 find . -path ./build -prune -o -path ./.git -prune -o -type f -exec cp --parents -t "$copy" {} +
 (
   cd "$copy"
   cmake --preset windows --log-level=WARNING >/dev/null
-  # In another time zone, so that it shows if a time is taken from the clock.
+  # Another time zone, which would change the archive if it held the time of day.
   TZ=UTC-9 cmake --build --preset windows --target package --parallel 2
 ) >"$copy/log" 2>&1 || {
   cat "$copy/log"

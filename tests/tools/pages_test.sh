@@ -1,7 +1,6 @@
 #!/bin/bash
-# Every page of the finished program, started with its menu's path in quotes:
-# each gets its picture, build/screenshots/page_*.png, and no two look alike.
-# Wants the display to itself.
+# Takes a picture of every page of the finished program, build/screenshots/page_*.png,
+# and tests that no two are equal. Nothing else may use the display meanwhile.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 . "$project_root/tools/x_windows.sh"
@@ -13,7 +12,8 @@ rm -f "$pages"/page_*.png
 work=$(mktemp -d "$build_dir/test/pages.XXXXXX")
 remove_at_exit "$work"
 
-# photograph_pages SAMPLE PAGE...: its pages, from the first tab on.
+# photograph_pages SAMPLE PAGE...: takes pictures of the pages of a sample menu, from the
+# first tab on, and names them.
 photograph_pages() {
   local menu=$work/$1.menu window page
   cp "$project_root/samples/$1.menu" "$menu"

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""The finished program is as Windows should find it: what stands in its headers, its
-manifest and its version, and which functions of Windows it wants.
+"""Checks the finished program: its headers, manifest and version, and the functions of
+Windows that it imports.
 
     program_test.py PROGRAM.exe VERSION
 
@@ -16,7 +16,7 @@ from pathlib import Path
 MOST_BYTES = 1 << 20
 FUNCTIONS = Path(__file__).with_name("windows_functions.txt")
 
-# Of the headers.
+# Constants of the headers.
 RELOCATIONS_STRIPPED = 0x0001
 HIGH_ENTROPY_ADDRESSES = 0x0020
 DYNAMIC_BASE = 0x0040
@@ -38,7 +38,7 @@ def check(good, message):
 
 
 class Program:
-    """A program file of Windows. Addresses are as in memory, from its base."""
+    """A program file of Windows. Addresses are relative to its base in memory."""
 
     def __init__(self, data):
         self.data = data
@@ -62,14 +62,14 @@ class Program:
         for _, _, start, size, offset, _ in self.sections:
             if start <= address < start + size:
                 return offset + address - start
-        raise ValueError(f"nothing of the file is at {address:#x}")
+        raise ValueError(f"no section contains the address {address:#x}")
 
     def text(self, address):
         start = self.offset(address)
         return self.data[start:self.data.index(b"\0", start)].decode("ascii")
 
     def imports(self):
-        """The functions that it wants of each library, by the library's name."""
+        """The functions that it imports, by the library's name."""
         found = {}
         at = self.offset(self.directories[IMPORTS][0])
         while any(entry := struct.unpack_from("<IIIII", self.data, at)):
@@ -136,7 +136,7 @@ def check_imports(program):
 
 
 def check_manifest(manifest, version):
-    # The name spaces are left out: each of these names stands in one alone.
+    # Name spaces are ignored, since each of these names is in one only.
     elements = {}
     for element in ElementTree.fromstring(manifest).iter():
         elements.setdefault(element.tag.rpartition("}")[2], []).append(element)

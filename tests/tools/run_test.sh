@@ -1,6 +1,6 @@
 #!/bin/bash
-# ./run's way from a Linux path to the editor's window, whatever characters the
-# path holds, and its exit code. Wants the display to itself.
+# Tests that the editor opens a menu by its Linux path, whatever characters that has,
+# and ends with the right exit code. Nothing else may use the display meanwhile.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 within_session test "$0"
@@ -10,7 +10,7 @@ mkdir -p "$root/build/test"
 folder=$(mktemp -d "$root/build/test/run.XXXXXX")
 trap 'rm -rf "$folder"' EXIT
 
-# photograph MENUFILE: leaves the editor's exit code in "status".
+# photograph MENUFILE: sets "status" to the editor's exit code.
 photograph() {
   status=0
   "$root/tools/photograph_editor.sh" "$CORVALIS_WINE_SESSION" "$1" "$folder/picture.png" >"$folder/log" 2>&1 ||
@@ -28,7 +28,7 @@ expect() {
   }
 }
 
-# A screen that shows nothing is of one colour.
+# An empty screen has one colour.
 shows_something() {
   [ "$(identify -format %k "$1")" -gt 50 ]
 }
@@ -41,13 +41,13 @@ for name in plain.menu 'with blank.menu' 'ümläut & 100% of %PATH% (1)^.menu'; 
   expect "$name stays as it is" cmp "$root/samples/tools.menu" "$folder/$name"
 done
 
-# A path from the current folder.
+# A relative path.
 cd "$folder"
 photograph plain.menu
 expect 'a relative path opens' [ "$status" -eq 0 ]
 
-# What an interrupted change leaves is found by the next start with that menu,
-# and by that alone.
+# The next start with a menu finds the scratch file of an interrupted change. A start
+# with another menu does not.
 scratch_folders() {
   find "$root/build/run/scratch" -mindepth 1 -maxdepth 1 -newer "$folder/earlier" | wc -l
 }
@@ -60,9 +60,9 @@ left=$(find "$root/build/run/scratch" -mindepth 1 -maxdepth 1 -newer "$folder/ea
 echo left >"$left/temporaryfile"
 photograph "$folder/other/plain.menu"
 expect 'the same menu has the same scratch folder' \
-  grep -qF "Left for the next start with this menu: $left/temporaryfile" "$folder/log"
+  grep -qF "Kept for the next start with this menu: $left/temporaryfile" "$folder/log"
 photograph "$folder/plain.menu"
-expect 'one menu is not told what another left' [ "$(grep -c Left "$folder/log")" -eq 0 ]
+expect 'a start does not find the scratch file of another menu' [ "$(grep -c Kept "$folder/log")" -eq 0 ]
 rm -r "$left"
 
 photograph "$folder/missing.menu"

@@ -1,7 +1,6 @@
 #!/bin/bash
-# The windows look right at 96, 144 and 192 DPI, in Windows' own colours and in
-# a scheme of high contrast: the layout tests are run in each, in a Wine prefix
-# that nothing else uses.
+# Runs the layout tests at 96, 144 and 192 DPI, in the usual colours and in a scheme of
+# high contrast, in a Wine prefix of its own.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 . "$project_root/tools/wine_look.sh"

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Every text file has the line ends of .gitattributes, no blanks at the end of a line, and
-a line end at its own end; and no source file of the program is too long to be read at a go.
+"""Checks that every text file has the line ends of .gitattributes, no blanks at the end of
+a line, and a line end at its end, and that no source file of the program is too long.
 
     text_files_test.py [PROJECT_FOLDER]
 """
@@ -26,7 +26,7 @@ def patterns_of(attribute):
 
 
 def matches(path, patterns):
-    # A pattern without a folder is for names in every folder.
+    # A pattern without a folder matches names in every folder.
     return any(fnmatch.fnmatchcase(path if "/" in pattern else os.path.basename(path),
                                    pattern.replace("**", "*"))
                for pattern in patterns)
@@ -40,7 +40,7 @@ def all_files():
 
 
 def faults(path, contents, line_end=b"\n"):
-    """What is wrong with a text file, each with its line."""
+    """The faults of a text file, with their lines."""
     lines = contents.split(b"\n")
     if lines.pop():
         yield len(lines) + 1, "no line end at the end of the file"

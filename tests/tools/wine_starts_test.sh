@@ -1,6 +1,6 @@
 #!/bin/bash
-# How many test programs Wine did not begin, so that tools/wine_run.sh started
-# them again: more than one is a failure.
+# Counts the test programs that tools/wine_run.sh had to start again, because Wine
+# ended before they began. Fails if there is more than one.
 #
 #   tests/tools/wine_starts_test.sh begin    before the tests under Wine
 #   tests/tools/wine_starts_test.sh end      after them
@@ -16,7 +16,7 @@ case ${1:-} in
     ;;
   end)
     count=$(wc -l <"$log")
-    echo "Counted: $count test programs that Wine did not begin at first"
+    echo "Counted: $count test programs that had to be started again"
     cat "$log"
     [ "$count" -le 1 ]
     ;;
