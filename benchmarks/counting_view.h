@@ -7,7 +7,7 @@
 
 namespace bench {
 
-// Shows nothing, so that only the loader's own work is measured.
+// Counts entries and shows nothing, so that only the loader's work is measured.
 class CountingView final : public menufile::MenuView {
  public:
   std::size_t items = 0;

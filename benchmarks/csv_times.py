@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What a script would do with a menu: reads its entries with the csv module, and
+"""Measures a script that reads the entries of a menu with the csv module, and one that
 exchanges two of them on the disk. Prints the least time of each in microseconds.
 
     csv_times.py MENUFILE RUNS

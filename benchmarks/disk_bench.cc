@@ -1,5 +1,5 @@
-// Loading a menu file from a disk, and changing it there, against reading and
-// copying its bytes. What is read is in the system's cache.
+// Compares loading and changing a menu file on a disk with reading and copying its
+// bytes. The files are in the system's cache when they are read.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <glib.h>
@@ -47,7 +47,7 @@ void LoadFromDisk(benchmark::State& state) {
   }
 }
 
-// What reading the file takes before a byte of it is looked at, and one pass.
+// Reads the file and makes one pass over its bytes.
 void FindLineEndsOnDisk(benchmark::State& state) {
   const auto entries = static_cast<std::size_t>(state.range(0));
   menufile::PosixFiles files;
@@ -64,8 +64,8 @@ void FindLineEndsOnDisk(benchmark::State& state) {
   }
 }
 
-// Each iteration begins with the same menu, which is on the disk, and with a window
-// that has changed nothing yet: its later changes cost no more.
+// Each iteration begins with the same menu, flushed to the disk, and with a new MenuFile.
+// Later changes of one MenuFile take no longer.
 void TimeChanges(benchmark::State& state,
                  const std::function<menufile::ChangeResult(menufile::MenuFile&)>& change) {
   const std::string bytes = MenuFile(static_cast<std::size_t>(state.range(0)));
@@ -98,7 +98,7 @@ void Add(benchmark::State& state) {
   TimeChanges(state, [&](menufile::MenuFile& menu) { return AddEntries(menu, entries, true); });
 }
 
-// A new folder that goes with this object.
+// A new folder, which the destructor deletes.
 class Folder {
  public:
   Folder() : path_((std::filesystem::temp_directory_path() / "bench_XXXXXX").string()) {
@@ -160,7 +160,7 @@ void CopyToDisk(const std::string& from, const std::string& to) {
   out.Flush();
 }
 
-// The least that any change through a scratch file does.
+// The least work of a change through a scratch file.
 void TwoCopies(benchmark::State& state) {
   const std::string bytes = MenuFile(static_cast<std::size_t>(state.range(0)));
   const Folder folder;

@@ -5,7 +5,7 @@
 namespace bench {
 namespace {
 
-// What stands on the command line between the last two quotes.
+// The part of the command line between the last two quotes.
 std::string FilePath() {
   const std::string line = GetCommandLineA();
   const std::size_t end = line.rfind('"');

@@ -5,8 +5,8 @@
 
 namespace bench {
 
-// Adds a row for each entry's line of the menu file whose path stands in double
-// quotes at the end of the command line: the least that a list of it takes.
+// Adds a row for each entry's line of a menu file: the least work for a list of it. The
+// path of the file stands in double quotes at the end of the command line.
 void FillList(HWND list);
 
 }  // namespace bench

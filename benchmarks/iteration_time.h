@@ -7,8 +7,8 @@
 
 namespace bench {
 
-// Measures the part of an iteration during which this object lives; what is
-// done before and behind it does not count. For benchmarks of manual time.
+// Measures the part of an iteration during which this object exists; the rest does not
+// count. For benchmarks with manual time.
 class IterationTime {
  public:
   explicit IterationTime(benchmark::State& state) : state_(state) {}
@@ -24,7 +24,7 @@ class IterationTime {
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-// 10 to a million entries.
+// Runs a benchmark with 10 to a million entries.
 inline void EverySize(benchmark::internal::Benchmark* benchmark) {
   benchmark->Arg(10)->Arg(1000)->Arg(100'000)->Arg(1'000'000);
   benchmark->Unit(benchmark::kMicrosecond)->UseManualTime();

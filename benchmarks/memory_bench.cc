@@ -1,4 +1,4 @@
-// Loading a menu whose bytes are in memory against passes over the same bytes.
+// Compares loading a menu whose bytes are in memory with passes over the same bytes.
 #include <benchmark/benchmark.h>
 #include <glib.h>
 #include <malloc.h>
@@ -24,8 +24,8 @@
 namespace bench {
 namespace {
 
-// One file, whose bytes are in memory. Reading hands them over, so that neither
-// a disk nor a copy is measured; it can be done once.
+// A file in memory. Reading moves its bytes out, so that neither a disk nor a copy is
+// measured. It can be read once.
 class OneFile final : public menufile::FileSystem {
  public:
   explicit OneFile(std::string bytes) : bytes_(std::move(bytes)) {}
@@ -86,7 +86,7 @@ void FindLineEnds(benchmark::State& state) {
   const auto entries = static_cast<std::size_t>(state.range(0));
   const std::string menu = MenuFile(entries);
   for (auto _ : state) {
-    const std::string bytes = menu;  // as near to the processor as what is loaded
+    const std::string bytes = menu;  // copied, to be in the same cache as a loaded menu
     std::size_t lines = 0;
     {
       const IterationTime time(state);
@@ -124,8 +124,8 @@ BENCHMARK(LoadKeyFile)->Apply(EverySize);
 }  // namespace bench
 
 int main(int count, char** arguments) {
-  // Memory that was in use once stays with the process: what the system takes
-  // to hand out and take back pages is not measured here.
+  // The process keeps freed memory, so that the time in which the system maps pages is
+  // not measured.
   mallopt(M_MMAP_THRESHOLD, std::numeric_limits<int>::max());
   mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
   benchmark::Initialize(&count, arguments);

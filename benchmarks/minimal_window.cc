@@ -1,6 +1,5 @@
-// The least program that shows what a file holds: a window with a list that has
-// a row for each entry. The editor's start is compared with
-// its start.
+// The smallest program that shows a menu: a window with a list that has a row for each
+// entry. The editor's start is compared with its start.
 #include <windows.h>
 
 #include "benchmarks/fill_list.h"

@@ -1,5 +1,5 @@
-// Loads or changes a menu and prints its size and the most memory that the
-// process had in use at once meanwhile, both in bytes:
+// Loads or changes a menu, and prints its size and the peak of the memory in use
+// meanwhile, both in bytes:
 //
 //   peak_memory ENTRIES nothing|load|move_up|delete|save_appearance
 #include <malloc.h>
@@ -24,7 +24,7 @@ using menufile::UserChange;
 
 constexpr const char* kMenu = "a.menu";
 
-// The peak counts from here on.
+// Starts to measure the peak.
 void ForgetPeak() {
   malloc_trim(0);
   std::ofstream("/proc/self/clear_refs") << 5;

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Runs the benchmarks and prints one table of ratios, which is written to
-build/bench.md too, and with --docs between the two marks of docs/performance.md.
-Started by ./bench, in a Wine session.
+"""Runs the benchmarks, prints a table of ratios and writes it to build/bench.md. With
+--docs it also writes it between the two marks of docs/performance.md. ./bench starts
+this in a Wine session.
 
-Every time is the least of several runs that took turns with what they are
-compared with: what else the machine does can only make a run longer.
+Every time is the least of several runs, because the load of the machine can only make
+a run longer. The runs of programs that are compared alternate.
 """
 
 import json
@@ -93,7 +93,7 @@ def script_times():
 
 
 def peak_memory():
-    """The peak as a multiple of the file, where the file is the larger part."""
+    """The peak as a multiple of the file's size, for large files only."""
     progress("peak_memory")
     environment = {**os.environ, "TMPDIR": str(WORK)}
     ratios = {}
@@ -109,7 +109,7 @@ def windows_path(path):
 
 
 def run_window_times(*arguments):
-    """The microseconds that it prints, in their order."""
+    """The times that the program prints, in microseconds."""
     told = run(ROOT / "tools" / "wine_run.sh", WINDOWS / "benchmarks" / "window_times.exe",
                *arguments, cwd=WORK)
     return [float(line.split()[-1]) for line in told.splitlines()]

@@ -7,19 +7,19 @@
 
 namespace bench {
 
-// In microseconds, from some moment on.
+// The time in microseconds since an arbitrary moment.
 double Now();
 
-// A program with a window that has a list. It ends with this object.
+// A running program whose window has a list. The destructor ends it.
 class RunningProgram {
  public:
-  // Throws std::runtime_error when it cannot be started.
+  // Throws std::runtime_error if it cannot be started.
   RunningProgram(const std::string& program, const std::string& menu);
   RunningProgram(const RunningProgram&) = delete;
   RunningProgram& operator=(const RunningProgram&) = delete;
   ~RunningProgram();
 
-  // Returns once the list is on the screen with so many rows, painted.
+  // Returns after the list has painted that many rows.
   void AwaitList(LRESULT rows);
 
   HWND window() const { return window_; }

@@ -4,17 +4,17 @@
 #include <cstddef>
 #include <string>
 
-// The menus that are measured: entries as people have them, with captions,
-// paths and arguments of different lengths, every eighth a separator.
+// The menus of the benchmarks. Captions, paths and arguments have different lengths, and
+// every eighth entry is a separator.
 namespace bench {
 
-// The picture of a menu that was converted.
+// The picture of a converted menu.
 std::string DefaultPicture();
 
-// The menu file as the editor writes it, with that picture.
+// A menu file as the editor writes it, with that picture.
 std::string MenuFile(std::size_t entries);
 
-// The same entries as a key file: a group for each, a key for each field.
+// The same entries as a key file, with a group for each entry and a key for each field.
 std::string KeyFile(std::size_t entries);
 
 }  // namespace bench

@@ -1,6 +1,6 @@
-// A window of the same controls as the editor's, made from the dialog template in
-// template_window.dlg, beside this program. It fills the list and does nothing
-// else: the editor's start is compared with its start.
+// Shows a window with the controls of the editor, made from the dialog template
+// template_window.dlg beside this program, and fills the list. The editor's start is
+// compared with its start.
 #include <windows.h>
 
 #include <commctrl.h>

@@ -1,20 +1,20 @@
-// Times programs with a list as a user waits for them, and prints the least
+// Measures the times that a user waits for a program with a list, and prints the least
 // time of each in microseconds:
 //
 //   window_times start RUNS MENUFILE ROWS PROGRAM...
 //     from the start of each program until its list is shown with its rows;
 //     the programs take turns
 //   window_times edits RUNS MENUFILE ROWS EDITOR
-//     a press of each of the editor's buttons that change the list, in the
-//     middle of it, and a rewrite of the file without a window
+//     a press of each button of the editor that changes the list, in the middle of the
+//     list, and a rewrite of the file without a window
 //   window_times drop RUNS MENUFILE ROWS EDITOR
-//     a drop of 300 files, and what the shell takes to name them
+//     a drop of 300 files, and asking the shell for their names
 //   window_times icons RUNS FOLDER EDITOR
-//     the start with 1,000 entries that have no icon of their own, with as many
-//     icons out of files and out of a library, and what the shell takes to get
-//     those icons; the files are written into the folder
+//     a start with 1,000 entries without icons of their own, with icons from as many
+//     files, and with icons from a library; and extracting these icons. The files are
+//     written into the folder
 //   window_times template MENUFILE ROWS EDITOR TEMPLATE
-//     no time: writes the editor's controls as a dialog template
+//     measures nothing: writes the editor's controls as a dialog template
 #include <windows.h>
 
 #include <algorithm>
@@ -56,8 +56,7 @@ void MeasureStart(int runs, const std::string& menu, LRESULT rows, char** progra
   }
 }
 
-// A move in the middle of the menu: the entry at `row` changes places with the
-// one above.
+// Moves an entry in the middle of the menu: exchanges it with the one before.
 double TimeOfRewrite(const std::string& menu, std::size_t row) {
   editor::WindowsFileSystem files;
   menufile::MenuChange change;
@@ -79,10 +78,10 @@ double TimeOfRewrite(const std::string& menu, std::size_t row) {
 struct Button {
   const char* name;
   int id;
-  int rowsMore;       // after a press
-  int selectionMove;  // from where it was; 0 where nothing stays selected
+  int rowsMore;       // the change in the number of rows
+  int selectionMove;  // the change of the selected row; 0 if no row stays selected
 };
-// Separator and Delete take turns, so that the list stays as long as it is.
+// Separator and Delete alternate, so that the number of rows stays the same.
 constexpr Button kButtons[] = {
     {"move_up", IDC_FORM2_COMMAND4, 0, -1},
     {"move_down", IDC_FORM2_COMMAND8, 0, 1},

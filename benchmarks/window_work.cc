@@ -30,8 +30,8 @@ void WriteBytes(const std::string& path, const std::string& bytes) {
 
 std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('\\')); }
 
-// The microseconds that it takes to ask the shell for the name and the icon of
-// each, as a drop has to.
+// Asks the shell for the name and the icon of each file, as a drop does, and returns the
+// time in microseconds.
 double TimeOfNames(const std::vector<std::wstring>& paths) {
   const double start = Now();
   for (const std::wstring& path : paths) {
@@ -62,7 +62,7 @@ double TimeOfStart(const std::string& editor, const std::string& menu) {
   return Now() - start;
 }
 
-// The parts of a dialog template, which has its numbers and texts in a row.
+// Builds the bytes of a dialog template.
 class Template {
  public:
   void Add16(std::uint16_t value) { bytes_.append(reinterpret_cast<const char*>(&value), 2); }
@@ -72,7 +72,7 @@ class Template {
       Add16(static_cast<std::uint16_t>(*text));
     } while (*text++ != 0);
   }
-  // In dialog units, of a font of 8 points at 96 DPI.
+  // In dialog units of a font of 8 points at 96 DPI.
   void AddPlace(const RECT& place) {
     Add16(static_cast<std::uint16_t>(place.left * 4 / 6));
     Add16(static_cast<std::uint16_t>(place.top * 8 / 13));

@@ -5,22 +5,22 @@
 
 #include <string>
 
-// What window_times measures besides starts and presses of buttons. Paths are of
-// the system's code page; a failure throws std::runtime_error.
+// The measurements of window_times besides starts and presses of buttons. Paths are in
+// the system's ANSI code page. A failure throws std::runtime_error.
 namespace bench {
 
-// Prints a line of the table's: what was measured, and the microseconds.
+// Prints a line of the table: what was measured, and the time in microseconds.
 void Print(const char* name, double microseconds);
 
-// Drops 300 files onto the list of the editor, which begins with `rows` rows.
+// Measures a drop of 300 files onto the editor's list, which has `rows` rows at first.
 void MeasureDrop(int runs, const std::string& menu, LRESULT rows, const std::string& editor);
 
-// Starts the editor on menus that it writes into the folder, besides the files
-// with icons that they name.
+// Measures starts of the editor. Writes the menus, and the files with their icons, into
+// the folder.
 void MeasureIcons(int runs, const std::string& folder, const std::string& editor);
 
-// Writes the controls that the editor has, once its list shows `rows` rows, as
-// the bytes of a DLGTEMPLATEEX.
+// Writes the controls of the editor, after its list shows `rows` rows, as a
+// DLGTEMPLATEEX.
 void WriteTemplate(const std::string& menu, LRESULT rows, const std::string& editor,
                    const std::string& path);
 
