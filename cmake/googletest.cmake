@@ -1,5 +1,5 @@
 # GoogleTest is built from Debian's sources (package googletest), with the same
-# compiler and sanitizers as the tests; its warnings are not ours.
+# compiler and sanitizers as the tests. SYSTEM turns its warnings off.
 set(CORVALIS_GOOGLETEST_SOURCES
     /usr/src/googletest
     CACHE PATH "The sources of GoogleTest")

@@ -1,6 +1,5 @@
-# Cross-compiling with MinGW-w64. The posix thread model is the one whose C++
-# library has <mutex> and <thread>; it is linked statically, so that the
-# program stays one file.
+# Cross-compiles with MinGW-w64. Only its posix thread model has <mutex> and
+# <thread>. The C++ library is linked statically, so that the program is one file.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)

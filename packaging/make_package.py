@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
 """Makes the archive of a release and, beside it, its checksum.
 
-The archive holds the program, README.txt for people on Windows, and the
-checksums of both. It is a matter of what goes in alone: the entries stand in a
-fixed order and have the date, the attributes and the system that they are given
-here, not those of the files on the disk.
+The archive holds the program, README.txt for users, and the checksums of both.
+It depends on their contents alone: the order of the entries is fixed, and their
+date and attributes are set here, not taken from the files on the disk.
 """
 
 import argparse
@@ -22,7 +21,7 @@ ARCHIVE_ATTRIBUTE = 0x20
 
 
 def checksum_line(name, contents):
-    """As sha256sum writes it, and reads it with --check."""
+    """A line in the format of sha256sum, for its option --check."""
     return f"{hashlib.sha256(contents).hexdigest()}  {name}\n".encode("ascii")
 
 

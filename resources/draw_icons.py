@@ -42,7 +42,7 @@ MENU_GRID = {
 
 
 def panel(canvas, left, top, right, bottom, border, corner):
-    """A sheet with an outline; gives back the shape inside of it."""
+    """Draws a sheet with an outline and returns the shape inside the outline."""
     canvas.fill(RoundedRect(left, top, right, bottom, corner), OUTLINE)
     inside = RoundedRect(left + border, top + border, right - border, bottom - border,
                          max(0.0, corner - border))
@@ -58,7 +58,7 @@ def soft_shadow(canvas, shape, scale, opacity=0.34):
 
 
 def entry(canvas, left, right, y, grid, number, bar_color):
-    """One row: a little icon and a bar for its text."""
+    """Draws one row: a small icon, and a bar for its text."""
     _, row_height, icon, bar, *_ = grid
     pad = max(1, round(icon / 2))
     text_left = left + 2 * pad + icon
@@ -71,7 +71,7 @@ def entry(canvas, left, right, y, grid, number, bar_color):
 
 
 def menu_rows(canvas, inside, grid, arrow=True):
-    """The second row is the chosen one."""
+    """Draws the rows of a menu. The second row is selected."""
     rows, row_height, icon, *_ = grid
     left, top, right, _ = inside.box()
     for number in range(rows):
@@ -91,7 +91,7 @@ def submenu_arrow(canvas, right, middle, row_height):
         canvas.fill(Polygon([(right - half, middle - half), (right, middle),
                              (right - half, middle + half)]), WHITE)
         return
-    # A slanted edge of two or three pixels would only look smudged: draw steps.
+    # A slanted edge of two or three pixels would look blurred, so draw steps.
     left = right - (height + 1) // 2
     while height > 0:
         canvas.fill(RoundedRect(left, middle - height / 2, left + 1, middle + height / 2), WHITE)
@@ -108,7 +108,7 @@ def menu(canvas, size, arrow):
 
 
 def pencil(canvas, tip_x, tip_y, length, width):
-    """Lies at 45 degrees, its point at the lower left."""
+    """Draws a pencil at 45 degrees, with its point at the lower left."""
     step = sqrt(0.5)
 
     def at(along, across):
@@ -142,7 +142,7 @@ def application_icon(size):
 
 
 def default_menu_icon():
-    """One bit of transparency: a hard shadow, no faded edges."""
+    """Its transparency has one bit, so the shadow is hard and no edge fades."""
     canvas = Canvas(32, 32)
     canvas.fill(RoundedRect(6, 5, 29, 30, 2), color("#BCC5D1"))
     canvas.fill(RoundedRect(5, 4, 28, 29, 2), color("#8E9AAC"))
@@ -170,7 +170,7 @@ def contents_icon(size):
 
 
 def folder_icon(size):
-    """A folder that a small menu looks out of."""
+    """A folder with a small menu in it."""
     canvas = Canvas(size, size)
     unit, line = size / 32, max(1, round(size / 32))
 
@@ -240,7 +240,7 @@ def pointer(canvas, x, y, scale):
 
 
 def wizard_banner():
-    """A new entry on its way into a menu."""
+    """The picture of the wizard: a new entry above a menu."""
     canvas = Canvas(164, 314)
     canvas.fill(RoundedRect(0, 0, 164, 314), down(0, 314, color("#3F82DC"), color("#173F80")))
     for x, y, radius in ((150, 30, 120), (20, 120, 95), (140, 300, 130)):

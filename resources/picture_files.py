@@ -20,7 +20,8 @@ def png(canvas):
 
 
 def _and_mask(canvas, least_alpha):
-    """One bit a pixel, set where it is transparent; bottom row first, rows in 32 bits."""
+    """One bit a pixel, set if the pixel is transparent. The bottom row comes first;
+    each row is padded to 32 bits."""
     out = bytearray()
     for y in reversed(range(canvas.height)):
         row = bytearray((canvas.width + 31) // 32 * 4)
@@ -36,7 +37,8 @@ def _dib_header(width, height, bits, image_size, colors):
 
 
 def icon_image_32(canvas):
-    """32 bits with alpha. The height in its header counts the mask too."""
+    """An image of 32 bits a pixel with alpha. The height in its header includes the
+    mask."""
     data = bytearray()
     for y in reversed(range(canvas.height)):
         for x in range(canvas.width):
@@ -48,8 +50,8 @@ def icon_image_32(canvas):
 
 
 def icon_image_8(canvas):
-    """256 colours, transparent only by the mask. Where the mask is set the colour has
-    to be black, or it would be mixed into what lies below: colour 0 is kept for that."""
+    """An image of 256 colours, transparent only by its mask. A masked pixel has to be
+    black, or Windows would mix its colour into the background: colour 0 is black."""
     palette = {(0, 0, 0): 0}
     data = bytearray()
     for y in reversed(range(canvas.height)):
@@ -64,7 +66,7 @@ def icon_image_8(canvas):
 
 
 def ico(images):
-    """`images`: rows of width, height, bits a pixel, bytes."""
+    """An icon file. `images` has rows of width, height, bits a pixel, bytes."""
     directory = struct.pack("<HHH", 0, 1, len(images))
     offset = len(directory) + 16 * len(images)
     for width, height, bits, data in images:
@@ -76,7 +78,8 @@ def ico(images):
 
 
 def _median_cut(counts, wanted):
-    """At most `wanted` colours that stand for all colours of `counts`."""
+    """Reduces the colours of `counts` to at most `wanted`. Maps each old colour to the
+    index of its new one and to that colour."""
     boxes = [sorted(counts)]
 
     def spread(box):
@@ -102,7 +105,7 @@ def _median_cut(counts, wanted):
 
 
 def bmp_8(canvas):
-    """An opaque bitmap file of 256 colours, the best for this picture."""
+    """An opaque bitmap file with a palette of 256 colours, made for this picture."""
     pixels = [canvas.rgba(x, y)[:3] for y in range(canvas.height) for x in range(canvas.width)]
     counts = {}
     for pixel in pixels:

@@ -1,11 +1,11 @@
 """A small supersampling rasteriser.
 
-A shape is an object with distance(x, y), negative inside, and box(), the
-rectangle outside of which it covers nothing. Distances decide the pixels that
-lie wholly inside or outside; only pixels on an edge are sampled, 8 by 8 times.
+A shape has distance(x, y), which is negative inside it, and box(), a rectangle
+that contains it. The distance tells whether a pixel lies wholly inside or
+outside; only a pixel on an edge is sampled, 8 by 8 times.
 
-Only + - * / and sqrt are used on coordinates: IEEE 754 defines their results
-to the last bit, so every machine draws the same picture.
+Coordinates are calculated with + - * / and sqrt alone. IEEE 754 defines their
+results to the last bit, so every machine draws the same picture.
 """
 
 from math import sqrt
@@ -98,7 +98,7 @@ class Grown:
 
 
 class Both:
-    """What lies in each of two shapes: one clipped by the other."""
+    """The intersection of two shapes."""
 
     def __init__(self, first, second):
         self.first, self.second = first, second
@@ -134,14 +134,14 @@ def mix(a, b, t):
 
 
 def down(top, bottom, first, last):
-    """A paint that runs from `first` at height `top` to `last` at `bottom`."""
+    """A vertical gradient from `first` at `top` to `last` at `bottom`."""
     def paint(_x, y):
         return mix(first, last, min(1.0, max(0.0, (y - top) / (bottom - top))))
     return paint
 
 
 class Canvas:
-    """Pixels as red, green, blue, alpha: colours multiplied by their alpha."""
+    """Pixels as red, green, blue, alpha. The colours are multiplied by alpha."""
 
     def __init__(self, width, height):
         self.width, self.height = width, height
@@ -159,7 +159,7 @@ class Canvas:
         self._cover(shape, blur, coverage, paint, opacity)
 
     def rgba(self, x, y):
-        """One pixel as four integers, its colour no longer multiplied."""
+        """One pixel as four integers. The colours are not multiplied by alpha."""
         red, green, blue, alpha = self.pixels[y * self.width + x]
         if alpha < 0.002:
             return (0, 0, 0, 0)

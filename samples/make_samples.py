@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Writes the sample menu files next to this file, or into the folder given on the
-command line. What they name exists on Windows and in a fresh Wine prefix alike."""
+command line. The files that they name exist on Windows and in a new Wine prefix."""
 
 import struct
 import sys
@@ -12,7 +12,7 @@ SYSTEM = WINDOWS + "system32\\"
 
 
 def record(*fields):
-    """One line: text in quotes, which it cannot contain itself, numbers bare."""
+    """One line: text in quotes, numbers bare. Text cannot contain a quote."""
     parts = []
     for field in fields:
         assert '"' not in str(field)
@@ -28,7 +28,7 @@ def item(caption, target, arguments="", start_in="", icon_file="", icon_index=0)
     return record(caption, target, arguments, start_in, icon_file, icon_index)
 
 
-# The sixth field is absent: the line ends with the comma in front of it.
+# The sixth field is empty: the line ends with the comma before it.
 SEPARATOR = '"","","","","",\r\n'
 
 
@@ -51,7 +51,7 @@ def tools():
         item("Command Prompt, opened in C:\\", SYSTEM + "cmd.exe", "/k dir", "C:\\",
              SYSTEM + "cmd.exe"),
         SEPARATOR,
-        # No icon file: the index chooses among the target's own icons.
+        # No icon file: the index is that of an icon in the target.
         item("Registry Editor", WINDOWS + "regedit.exe", icon_index=1),
         item("Task Manager", SYSTEM + "taskmgr.exe"),
         item("About Windows", SYSTEM + "winver.exe", icon_file=SYSTEM + "user32.dll",
@@ -75,7 +75,7 @@ def empty():
 
 
 def previous_version():
-    """No picture, no marker, no type line."""
+    """A menu without a picture, a marker and a type line."""
     return (appearance(0, "MS Sans Serif", 8.25)
             + item("Notepad", WINDOWS + "notepad.exe")
             + SEPARATOR
@@ -95,7 +95,7 @@ def bitmap():
 
 
 def small():
-    """Small enough to be shown byte by byte, in docs/format.md."""
+    """A menu small enough for the dump in docs/format.md."""
     return menu(
         "USERDEF",
         appearance(0, "Tahoma", 8.25, bold=-1),
