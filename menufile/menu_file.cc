@@ -228,17 +228,18 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
   journal.head.resize(ReadToEnd(menu, journal.keptSize, journal.head));
   journal.head += lines;
   const std::uint64_t oldSum = SumBefore(menu, oldSize);
-  std::unique_ptr<File> scratch = OpenJournal(name, journal);
+  const std::string place = PlaceForJournal(name);
+  std::unique_ptr<File> scratch = OpenJournal(place, journal);
   const bool hasJournal = scratch != nullptr;
   const auto closeJournal = [&] {
     if (hasJournal) {
       DropJournal(*scratch, journal);
       scratch.reset();
-      RemoveScratchFile(files_, name);
+      RemoveScratchFile(files_, place);
     }
   };
   try {
-    MakeDeletionsDurable(menu, hasJournal ? name : "");
+    MakeDeletionsDurable(menu, hasJournal ? place : "");
     menu.Seek(oldSize);
     menu.Write(lines);
     menu.Flush();
@@ -257,13 +258,19 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
   closeJournal();
 }
 
-// Returns nullptr if the name is taken, or if the folder takes no file.
-std::unique_ptr<File> MenuFile::OpenJournal(const char* name, const Journal& journal) {
+// Returns the scratch file's own name; if it is taken, another name that
+// FindJournals() finds; if the folder cannot be read, no name.
+std::string MenuFile::PlaceForJournal(const std::string& name) {
   try {
-    if (files_.OpenIfThere(name) != nullptr) {
-      return nullptr;
-    }
+    return files_.OpenIfThere(name) == nullptr ? name : FreeName(name + '-');
   } catch (const Failure&) {
+    return {};
+  }
+}
+
+// Returns nullptr if there is no name, or if the folder takes no file.
+std::unique_ptr<File> MenuFile::OpenJournal(const std::string& name, const Journal& journal) {
+  if (name.empty()) {
     return nullptr;
   }
   std::unique_ptr<File> scratch;

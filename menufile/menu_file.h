@@ -86,8 +86,8 @@ class MenuFile {
                const std::function<void(File& menu, BlockWriter& description)>& write);
 
   // Writes `lines` after the last byte of the menu file. If the last line has no line
-  // end, it gets one first. The scratch file `name` holds a journal meanwhile, if no
-  // file has that name and the folder takes one.
+  // end, it gets one first. The scratch file `name` holds a journal meanwhile, or
+  // a file beside it if that name is taken. There is none if the folder takes no file.
   //
   // Throws Failure. The menu file is then unchanged, unless HasUnfinished() is true.
   void Append(const char* name, std::string_view lines);
@@ -131,6 +131,7 @@ class MenuFile {
   bool Finish(const Found& found);
   void Retire(const Found& found);
   void RetireCopies(std::uint64_t serial);
+  std::string FreeName(const std::string& prefix);
   void PutAside(const std::string& scratchFile, const char* infix);
   // Returns true if the lines turned out to be complete.
   bool TakeBackHalfLine();
@@ -141,7 +142,8 @@ class MenuFile {
                  const Checksum& description);
   void AddLines(File& menu, const char* name, const std::string& lines);
   Journal NewJournal(File& menu) const;
-  std::unique_ptr<File> OpenJournal(const char* name, const Journal& journal);
+  std::string PlaceForJournal(const std::string& name);
+  std::unique_ptr<File> OpenJournal(const std::string& name, const Journal& journal);
   void MakeDeletionsDurable(File& menu, const std::string& used);
   bool IsAsLeft(File& menu, const std::string& scratchFile) const;
 

@@ -256,15 +256,21 @@ void MenuFile::Retire(const Found& found) {
   RemoveScratchFile(files_, found.scratchFile);
 }
 
+// Returns the prefix with the first number that makes it a name which no file has.
+std::string MenuFile::FreeName(const std::string& prefix) {
+  std::string name;
+  int number = 0;
+  do {
+    name = prefix + std::to_string(++number);
+  } while (files_.OpenIfThere(name) != nullptr);
+  return name;
+}
+
 // Copies a scratch file with its journal to a name of its own, and frees the old
 // name. Renaming would be quicker, but a power cut might leave the file without a
 // name.
 void MenuFile::PutAside(const std::string& scratchFile, const char* infix) {
-  std::string aside;
-  int number = 0;
-  do {
-    aside = scratchFile + infix + std::to_string(++number);
-  } while (files_.OpenIfThere(aside) != nullptr);
+  const std::string aside = FreeName(scratchFile + infix);
   {
     const std::unique_ptr<File> scratch = files_.Open(scratchFile, OpenMode::Change);
     const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());

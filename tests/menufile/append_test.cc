@@ -28,6 +28,17 @@ ChangeResult Add(MemoryFiles& files, bool deletesScratchFile = true) {
   return AddEntries(menu, kEntries, deletesScratchFile);
 }
 
+// Finds the operation of a log that begins like this.
+std::size_t NumberOf(const MemoryFiles& files, std::string_view beginning) {
+  for (std::size_t i = 0; i < files.log().size(); ++i) {
+    if (files.log()[i].starts_with(beginning)) {
+      return i + 1;
+    }
+  }
+  ADD_FAILURE() << beginning << " is not done";
+  return 0;
+}
+
 TEST(AddEntries, WritesAfterTheLastByte) {
   for (const std::string& old : {UserMenu(3), UserMenu(0), DirectoryMenu(), ""s}) {
     MemoryFiles files;
@@ -72,6 +83,28 @@ TEST(AddEntries, HasItsJournalOnTheDiskBeforeTheMenuIsTouched) {
                     "remove zoltempfileoktodelete"}),
             Writes(writes.begin() + 3, writes.end()));
   EXPECT_EQ("flush zoltempfileoktodelete", writes[1]);
+}
+
+// Adding dropped files leaves a scratch file that is there already: its journal goes
+// beside it.
+TEST(AddEntries, HasItsJournalBesideAnOldScratchFile) {
+  MemoryFiles files;
+  files.Put(kMenuPath, UserMenu(3));
+  files.Put(kScratch, "old");
+  files.Put(kScratch + "-1"s, "older");
+  Add(files, false);
+  const std::size_t write = NumberOf(files, kWriteLines);
+  files.Put(kMenuPath, UserMenu(3));
+  files.SetFault({write, Fault::Kind::EndsProcess, Fault::Done::Half});
+  EXPECT_THROW(Add(files, false), ProcessEnded);
+  MemoryFiles next(files.Everything());
+  MenuFile menu(next, kMenuPath);
+  ASSERT_TRUE(menu.WasCutShort());
+  menu.AnswerYes();
+  EXPECT_EQ((MemoryFiles::Disk{{kMenuPath, UserMenu(3) + kLines},
+                               {"C:\\current\\zoltempfileoktodelete", "old"},
+                               {"C:\\current\\zoltempfileoktodelete-1", "older"}}),
+            next.Everything());
 }
 
 TEST(AddEntries, NeedsNoScratchFile) {
@@ -128,17 +161,6 @@ TEST(AddEntries, LeavesTheMenuWhenTheDiskIsFull) {
     EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
     EXPECT_EQ(std::nullopt, files.Get(kScratch));
   }
-}
-
-// Finds the operation of a log that begins like this.
-std::size_t NumberOf(const MemoryFiles& files, std::string_view beginning) {
-  for (std::size_t i = 0; i < files.log().size(); ++i) {
-    if (files.log()[i].starts_with(beginning)) {
-      return i + 1;
-    }
-  }
-  ADD_FAILURE() << beginning << " is not done";
-  return 0;
 }
 
 // Where the lines cannot be taken back either, the next change does so before it

@@ -54,8 +54,7 @@ Step AddStep(bool deletes, int number) {
   const std::vector<EntryTexts> entries = {{"New " + text, "C:\\new", "", ""},
                                            {"Another", "C:\\tools\\" + text, "/x", "C:\\"}};
   return {(deletes ? "Add" : "Drop") + text,
-          [entries, deletes](MenuFile& menu) { return AddEntries(menu, entries, deletes); }, true,
-          deletes};
+          [entries, deletes](MenuFile& menu) { return AddEntries(menu, entries, deletes); }, true};
 }
 
 // What lies about in the folder before.
@@ -332,14 +331,20 @@ TEST(Adding, LosesNothing) {
 // What was on the disk before must not be all that is left of a change that was
 // told to be made.
 TEST(AnyChange, ThatIsMadeIsOnTheDiskAndLosesNothing) {
-  for (int kind = 0; kind < kUserChanges; ++kind) {
-    MemoryFiles files;
-    files.Put(kMenuPath, UserMenu(3));
-    Make(files, kMenuPath, SampleChange(static_cast<Kind>(kind), 1));
-    MenuFile menu(files, kMenuPath);
-    AddEntries(menu, {{"New", "C:\\new", "", ""}}, true);
+  const auto expectOnDisk = [](const MemoryFiles& files) {
     for (PowerCut cut = 0; cut < 40; ++cut) {
       EXPECT_EQ(files.Get(kMenuPath), files.AfterPowerCut(cut)[kMenuPath]);
+    }
+  };
+  for (const int items : {3, 250}) {
+    for (int kind = 0; kind < kUserChanges; ++kind) {
+      MemoryFiles files;
+      files.Put(kMenuPath, UserMenu(items));
+      Make(files, kMenuPath, SampleChange(static_cast<Kind>(kind), 1));
+      expectOnDisk(files);
+      MenuFile menu(files, kMenuPath);
+      AddEntries(menu, {{"New", "C:\\new", "", ""}}, true);
+      expectOnDisk(files);
     }
   }
 }

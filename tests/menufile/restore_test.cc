@@ -387,9 +387,11 @@ TEST(CutShort, AddedEntriesAreFinishedWhereTheirDiskBlockWasTorn) {
   next.Put(kMenuPath, old.substr(0, block) + std::string(finished.size() - block, '\0'));
   EXPECT_EQ(finished, FinishedByTheNextStart(next));
   // The entries before that are others by now: there is nothing to finish.
-  MemoryFiles replaced(files.Everything());
-  replaced.Put(kMenuPath, UserMenu(150, "x"));
-  EXPECT_FALSE(IsAsked(replaced));
+  for (const int items : {150, 260}) {
+    MemoryFiles replaced(files.Everything());
+    replaced.Put(kMenuPath, UserMenu(items, "x"));
+    EXPECT_FALSE(IsAsked(replaced));
+  }
 }
 
 // A read that gives less than the file holds must not count as its end.

@@ -93,12 +93,8 @@ void TwoWindows::Do(Window window, const Step& step, const Fault& fault) {
   if (menu.weakPrefix) {  // whose half line is taken back first
     outcomes.merge(Outcomes(menu, *menu.weakPrefix, step));
   }
-  const auto scratch = files_->Get(kDialogScratchFile);
-  const bool hasNoJournal =
-      step.appends && (fault.kind == Fault::Kind::FailsForGood ||
-                       (scratch && (!step.deletesScratchFile ||
-                                    folder_.cannotBeRemoved.count(kDialogScratchFile))));
-  if (hasNoJournal && !menu.weakPrefix) {
+  const bool mayHaveNoJournal = step.appends && fault.kind == Fault::Kind::FailsForGood;
+  if (mayHaveNoJournal && !menu.weakPrefix) {
     menu.weakPrefix = before;
   }
   ChangeResult result = ChangeResult::Failed;

@@ -44,9 +44,8 @@ class TwoWindows {
   struct Step {
     std::string key;  // tells changes apart
     Change change;
-    // It adds to the menu file, and has no journal where its scratch file is there.
+    // It adds to the menu file, and has no journal where none can be written.
     bool appends = false;
-    bool deletesScratchFile = true;
   };
 
   // Lets the user of the window do that, with this fault; then the judge looks.
