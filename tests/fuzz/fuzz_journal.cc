@@ -69,6 +69,15 @@ std::string ReadScratchFile(FuzzInput& input, unsigned flags, const std::string&
   return bytes;
 }
 
+// The two numbers after the kinds of rewrites add entries, as the wizard does and as
+// a drop does.
+ChangeResult MakeChange(MenuFile& menu, int kind, std::size_t row) {
+  if (kind < kUserChanges) {
+    return Make(menu, SampleChange(static_cast<UserChange::Kind>(kind), row));
+  }
+  return AddEntries(menu, {SampleChange(UserChange::Kind::Edit).texts}, kind == kUserChanges);
+}
+
 // Some file has a whole journal with what that one has.
 bool IsKept(const PlainJournal& journal, const MemoryFiles& files) {
   const MemoryFiles::Disk disk = files.Everything();
@@ -84,8 +93,8 @@ bool IsKept(const PlainJournal& journal, const MemoryFiles& files) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzInput input(data, size);
   const unsigned flags = input.Byte();
-  const auto kind = static_cast<UserChange::Kind>(input.Byte() % kUserChanges);
-  const UserChange change = SampleChange(kind, input.Byte());
+  const auto kind = static_cast<int>(input.Byte() % (kUserChanges + 2));
+  const std::size_t row = input.Byte();
   const std::size_t cutAt = input.Byte();
   // The journal is read before the menu, which is what is left of the input.
   FuzzInput afterJournal = input;
@@ -129,7 +138,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   ChangeResult result = ChangeResult::Failed;
   try {
-    result = Make(window, change);
+    result = MakeChange(window, kind, row);
   } catch (const Failure&) {
     // The menu has no such entry, or is none.
   }

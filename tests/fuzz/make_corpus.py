@@ -152,7 +152,8 @@ JOURNAL, OTHER_MENU, DIALOG, MENU_FOLDER, KEEPS, FINISHED, YES, NOT_REMOVED = (
 def journal(flags, menu_bytes, description=b"", head=b"", kind="move_up", cut=0, wrong=(), short=0,
             kept=None):
     """`wrong`: places from the journal's end, each with the byte that stands there."""
-    start = bytes([flags, KINDS.index(kind), 1, cut]) + text(description)
+    kinds = KINDS + ["add", "drop"]
+    start = bytes([flags, kinds.index(kind), 1, cut]) + text(description)
     if flags & JOURNAL:
         start += b"\x05" + text(head) + (bytes([kept]) if flags & KEEPS else b"")
         start += bytes([len(wrong)]) + b"".join(bytes(one) for one in wrong) + bytes([short])
@@ -179,6 +180,11 @@ def journals():
     yield "without_its_end", journal(JOURNAL, cut, description, head, short=3)
     yield "added", journal(JOURNAL | KEEPS | YES, whole[:200], head=ITEMS[0], kept=200)
     yield "added_not_kept", journal(JOURNAL | KEEPS, whole[:100], head=ITEMS[0], kept=255)
+    for kind in ("add", "drop"):
+        yield f"{kind}_after_no", journal(JOURNAL | DIALOG, cut, description, head, kind=kind)
+        yield f"{kind}_beside_another_menu", journal(
+            JOURNAL | DIALOG | OTHER_MENU, whole, description, head, kind=kind)
+        yield f"{kind}_over_leftover", journal(DIALOG, whole, b"old", kind=kind)
     yield "raw", journal(0, whole, b"Corvalis journal" + bytes(56))
     yield "raw_menu", journal(0, whole, menu(ITEMS[:2]), kind="change_icon")
     yield "empty", b""
