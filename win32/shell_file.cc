@@ -4,6 +4,7 @@
 #include <shlobj.h>
 
 #include <cstring>
+#include <optional>
 
 #include "win32/text.h"
 
@@ -35,11 +36,12 @@ std::string ShellNameOf(const std::string& path) {
   std::string name = ShellFile(path).displayName;
   SHFILEINFOW info{};
   SHGetFileInfoW(ToText(path).c_str(), 0, &info, sizeof info, SHGFI_DISPLAYNAME);
-  if (ToText(name) == info.szDisplayName) {
+  const std::optional<std::string> whole = ToBytes(info.szDisplayName);
+  if (whole == name) {
     return name;
   }
   // The ANSI record may hold fewer characters of a long name.
-  return ToBytes(info.szDisplayName).value_or(LastPartOf(path));
+  return whole.value_or(LastPartOf(path));
 }
 
 // Converted to text first: the second byte of a double-byte character may equal a

@@ -43,10 +43,6 @@ void WriteEmpty(const std::wstring& path) {
 // Runs in each of the code pages (tools/code_page.sh).
 class CodePageTest : public WizardTestBase {
  protected:
-  std::wstring WidePathOf(const std::wstring& name) { return ToText(folder()) + L"\\" + name; }
-  // UTF-8 holds all names that there are.
-  bool HoldsEveryName() const { return page.number == CP_UTF8; }
-
   // Through the message loop, as from the keyboard.
   void TypeCharacters(HWND box, const std::wstring& text) {
     for (const wchar_t half : text) {
@@ -169,13 +165,12 @@ TEST_F(CodePageTest, FinishTellsWhichBoxCannotBeSaved) {
 }
 
 TEST_F(CodePageTest, ATargetGetsShortNamesOnlyWhereItNeedsThem) {
-  const std::wstring part = HoldsEveryName() ? page.held : L"x" + page.other;
+  const std::wstring part = L"x" + page.other;
   ASSERT_TRUE(CreateDirectoryW(WidePathOf(L"held " + page.held).c_str(), nullptr));
   ASSERT_TRUE(CreateDirectoryW(WidePathOf(L"held " + page.held + L"\\" + part).c_str(), nullptr));
   const std::wstring inside = WidePathOf(L"held " + page.held + L"\\" + part);
   WriteEmpty(inside + L"\\file.txt");
-  const std::wstring stored =
-      HoldsEveryName() ? inside : WidePathOf(L"held " + page.held + L"\\" + ShortNameOf(inside));
+  const std::wstring stored = WidePathOf(L"held " + page.held + L"\\" + ShortNameOf(inside));
   ASSERT_TRUE(OpenLines({}));
   OpenAdd();
   SetWide(WizardControl(IDC_FORM3_TEXT1), inside + L"\\*.txt");
@@ -225,12 +220,10 @@ TEST_F(CodePageTest, APathIsTooLongByItsCharacters) {
 }
 
 TEST_F(CodePageTest, IsBrowsedForInAllDialogs) {
-  const std::wstring name = page.held + (HoldsEveryName() ? L"" : page.other) + L".dll";
-  const std::wstring path = WidePathOf(name);
-  const std::wstring shortName = HoldsEveryName() ? name : (WriteEmpty(path), ShortNameOf(path));
+  const std::wstring path = WidePathOf(page.held + page.other + L".dll");
   WriteBytes(PathOf("plain.dll"), testing_icons::Library({RGB(1, 2, 3), RGB(4, 5, 6)}));
   ASSERT_TRUE(CopyFileW(WidePathOf(L"plain.dll").c_str(), path.c_str(), FALSE));
-  const std::string bytes = ToBytes(WidePathOf(shortName)).value();
+  const std::string bytes = ToBytes(WidePathOf(ShortNameOf(path))).value();
   ASSERT_TRUE(OpenLines({ItemLine("Name", bytes)}));
 
   SelectTab(1);
@@ -262,9 +255,10 @@ TEST_F(CodePageTest, IsBrowsedForInAllDialogs) {
 
 TEST_F(CodePageTest, IsDropped) {
   WriteEmpty(WidePathOf(page.held));
-  const std::wstring part = HoldsEveryName() ? L"part" : L"x" + page.other;
+  const std::wstring part = L"x" + page.other;
   WriteEmpty(WidePathOf(part));
-  const std::wstring shortName = HoldsEveryName() ? part : ShortNameOf(WidePathOf(part));
+  const std::wstring shortName = ShortNameOf(WidePathOf(part));
+  const std::string target = ToBytes(WidePathOf(shortName)).value();
   ASSERT_TRUE(OpenLines({}));
   Drop({WidePathOf(page.held), WidePathOf(part), L"C:\\"});
   ASSERT_EQ(Rows().size(), 3U);
@@ -273,8 +267,9 @@ TEST_F(CodePageTest, IsDropped) {
   EXPECT_NE(Row(2), std::wstring(editor::SeparatorText));
   const std::string drive = ToBytes(Row(2)).value();
   ExpectSettled({ItemLine(page.bytes, PathOf(page.bytes)),
-                 ItemLine(ToBytes(shortName).value(), ToBytes(WidePathOf(shortName)).value()),
-                 ItemLine(drive, "C:\\")});
+                 ItemLine(ToBytes(shortName).value(), target), ItemLine(drive, "C:\\")});
+  EXPECT_EQ(HiddenTag(1), target);
+  EXPECT_EQ(HiddenIcon(1), "0");
 }
 
 TEST_F(CodePageTest, IsLoadedMovedEditedAndSaved) {
@@ -378,7 +373,7 @@ TEST_F(CodePageTest, TheDirectoryPageKeepsAndRefusesBytes) {
 }
 
 TEST_F(CodePageTest, AFolderIsOpenedByItsOwnName) {
-  const std::wstring name = HoldsEveryName() ? page.held : page.held + page.other;
+  const std::wstring name = page.held + page.other;
   ASSERT_TRUE(CreateDirectoryW(WidePathOf(name).c_str(), nullptr));
   ASSERT_TRUE(CreateDirectoryW((WidePathOf(name) + L"\\inside").c_str(), nullptr));
   // Which looks like it.
@@ -396,7 +391,7 @@ TEST_F(CodePageTest, AFolderIsOpenedByItsOwnName) {
   EXPECT_EQ(win32::ListText(list, count - 1), L"inside");
   Press(IDC_FORM2_COMMAND15);
   EXPECT_TRUE(answers.Shown().empty());
-  const std::wstring stored = HoldsEveryName() ? name : ShortNameOf(WidePathOf(name));
+  const std::wstring stored = ShortNameOf(WidePathOf(name));
   EXPECT_EQ(win32::WindowText(Control(IDC_FORM2_TEXT7)), WidePathOf(stored) + L"\\");
   EXPECT_EQ(MenuBytes(),
             DirectoryMenu("\"" + ToBytes(WidePathOf(stored)).value() + "\\\",\"*.*\",1,0,1\r\n"));
@@ -415,10 +410,8 @@ TEST_F(CodePageTest, TheCommandLineNamesAFileOrIsRefused) {
                                   L"\n\nIts name has characters that the programs of this "
                                   L"system's code page cannot use.");
   }
-  if (!HoldsEveryName()) {
-    WriteEmpty(path);
-    EXPECT_EQ(MenuFilePath(L"\"" + path + L"\""), ToBytes(WidePathOf(ShortNameOf(path))));
-  }
+  WriteEmpty(path);
+  EXPECT_EQ(MenuFilePath(L"\"" + path + L"\""), ToBytes(WidePathOf(ShortNameOf(path))));
 }
 
 }  // namespace

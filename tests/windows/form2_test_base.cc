@@ -6,6 +6,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "win32/text.h"
+
 Form2Test::Form2Test() {
   char path[MAX_PATH];
   GetCurrentDirectoryA(MAX_PATH, path);
@@ -122,6 +124,10 @@ bool Form2Test::IsIcon(const std::string& iconText) {
   DeleteObject(info.hbmColor);
   DeleteObject(info.hbmMask);
   return true;
+}
+
+std::wstring Form2Test::WidePathOf(const std::wstring& name) const {
+  return win32::ToText(folder_) + L"\\" + name;
 }
 
 std::string Form2Test::ReadBytes(const std::string& path) {

@@ -56,6 +56,7 @@ class Form2Test : public ::testing::Test {
   // The folder, without a trailing backslash, and files in it.
   const std::string& folder() const { return folder_; }
   std::string PathOf(const std::string& name) const { return folder_ + "\\" + name; }
+  std::wstring WidePathOf(const std::wstring& name) const;
   std::string MenuPath() const { return PathOf("test.menu"); }
   std::string MenuBytes() const { return ReadBytes(MenuPath()); }
   static std::string ReadBytes(const std::string& path);
