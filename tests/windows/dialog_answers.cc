@@ -14,16 +14,25 @@ namespace {
 // The id that MessageBoxA() gives the Static control with its text.
 constexpr int kMessageTextId = 0xFFFF;
 
-std::string WithoutAmpersand(std::string text) {
-  text.erase(std::remove(text.begin(), text.end(), '&'), text.end());
-  return text;
+// Their captions are in the user's language.
+std::string ButtonName(int id) {
+  switch (id) {
+    case IDOK:
+      return "OK";
+    case IDYES:
+      return "Yes";
+    case IDNO:
+      return "No";
+    default:
+      return "button " + std::to_string(id);
+  }
 }
 
 BOOL CALLBACK AddButton(HWND control, LPARAM box) {
   char name[16] = "";
   GetClassNameA(control, name, sizeof name);
   if (std::string(name) == "Button") {
-    reinterpret_cast<ShownBox*>(box)->buttons.push_back(WithoutAmpersand(WindowBytes(control)));
+    reinterpret_cast<ShownBox*>(box)->buttons.push_back(ButtonName(GetDlgCtrlID(control)));
   }
   return TRUE;
 }

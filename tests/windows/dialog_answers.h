@@ -12,7 +12,7 @@
 struct ShownBox {
   std::string title;
   std::string text;
-  std::vector<std::string> buttons;  // captions, without "&"
+  std::vector<std::string> buttons;  // their English captions, without "&"
   HWND owner = nullptr;              // which was disabled meanwhile; nullptr for none
   std::wstring wideText;
 };

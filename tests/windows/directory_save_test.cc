@@ -1,3 +1,4 @@
+#include "tests/windows/code_pages.h"
 #include "tests/windows/directory_test_base.h"
 
 using testing_menus::DirectoryMenu;
@@ -84,13 +85,14 @@ TEST_F(DirectorySaveTest, AppearanceValuesAreReadAndWrittenAgain) {
 }
 
 TEST_F(DirectorySaveTest, TextsAreWrittenAsTheyStand) {
+  const std::string& bytes = testing_pages::ThisPage().bytes;
   const std::pair<std::string, std::string> cases[] = {
       {"no folder at all\\", ""},
       {"\\", "*.*"},
       {"K:\\a \"quoted\" name\\", "\"*.*\""},
       {" C:\\blanks around \\", " *.* "},
       {"C:\\a,b\\", "*.a,*.b"},
-      {"C:\\\xE4\x80\xFF\\", "\xE4*.\x80"},
+      {"C:\\" + bytes + "\\", "*." + bytes},
       {std::string(5000, 'x') + "\\", std::string(5000, 'y')}};
   for (const auto& [path, pattern] : cases) {
     ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));

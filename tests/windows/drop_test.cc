@@ -2,9 +2,11 @@
 
 #include <commctrl.h>
 
+#include "tests/windows/code_pages.h"
 #include "tests/windows/drag_data.h"
 #include "tests/windows/faulty_files.h"
 #include "tests/windows/wizard_test_base.h"
+#include "win32/text.h"
 
 using testing_menus::ItemLine;
 
@@ -13,8 +15,6 @@ namespace {
 const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a", "C:\\", "C:\\x.ico", "3");
 
 constexpr DWORD kCopyMoveLink = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK;
-
-std::wstring Wide(const std::string& text) { return {text.begin(), text.end()}; }
 
 }  // namespace
 
@@ -64,7 +64,7 @@ class DropTest : public WizardTestBase {
   static DragData* FileData(const std::vector<std::string>& paths) {
     std::vector<std::wstring> wide;
     for (const std::string& path : paths) {
-      wide.push_back(Wide(path));
+      wide.push_back(win32::ToText(path));
     }
     return DragData::Files(wide);
   }
@@ -206,41 +206,19 @@ TEST_F(DropTest, SeveralHundredFiles) {
   EXPECT_EQ(state[500], (RowState{"file 499.txt", "0", PathOf("file 499.txt")}));
 }
 
-TEST_F(DropTest, ANameThatTheCodePageCannotHold) {
-  const std::wstring name = L"\x65e5\x672c.txt";
-  const std::wstring path = Wide(PathOf("")) + name;
-  CloseHandle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
-  wchar_t shortPath[MAX_PATH] = L"";
-  ASSERT_NE(GetShortPathNameW(path.c_str(), shortPath, MAX_PATH), 0U);
-  std::string caption;
-  for (const wchar_t* c = wcsrchr(shortPath, L'\\') + 1; *c != L'\0'; ++c) {
-    ASSERT_LT(*c, 0x80);
-    caption += static_cast<char>(*c);
-  }
-  // The folder's own name stays: the code page holds it.
-  const std::string target = PathOf(caption);
-  WriteBytes(PathOf("plain"), "");
-  ASSERT_TRUE(OpenLines({}));
-  EXPECT_EQ(Drag(DragData::Files({path, Wide(PathOf("plain"))})), kCopied);
-  RunMessages();
-  ExpectSettled({ItemLine(caption, target), ItemLine("plain", PathOf("plain"))});
-  EXPECT_EQ(State(),
-            (std::vector<RowState>{{caption, "0", target}, {"plain", "0", PathOf("plain")}}));
-  EXPECT_EQ(MenuBytes().find('?'), std::string::npos);
-}
-
 TEST_F(DropTest, WithoutAShortNameAMessageNamesTheFile) {
   // A file that is not there has no short name.
-  const std::wstring path = Wide(PathOf("")) + L"caf\x00e9 \x65e5.txt";
+  const testing_pages::Page& page = testing_pages::ThisPage();
+  const std::wstring path = WidePathOf(page.held + L" " + page.other + L".txt");
   WriteBytes(PathOf("before"), "");
   WriteBytes(PathOf("behind"), "");
   ASSERT_TRUE(OpenLines({}));
-  EXPECT_EQ(Drag(DragData::Files({Wide(PathOf("before")), path, Wide(PathOf("behind"))})), kCopied);
+  EXPECT_EQ(Drag(DragData::Files({WidePathOf(L"before"), path, WidePathOf(L"behind")})), kCopied);
   ASSERT_EQ(answers.Shown().size(), 1U);
   EXPECT_EQ(answers.Shown()[0].title, "Error!");
-  EXPECT_EQ(answers.Shown()[0].text,
-            "File " + PathOf("caf\xE9 ?.txt") +
-                " cannot be added. Its name has characters that a menu file cannot hold.");
+  EXPECT_EQ(
+      answers.Shown()[0].wideText,
+      L"File " + path + L" cannot be added. Its name has characters that a menu file cannot hold.");
   EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({ItemLine("before", PathOf("before")),
                                                          ItemLine("behind", PathOf("behind"))}));
@@ -249,28 +227,20 @@ TEST_F(DropTest, WithoutAShortNameAMessageNamesTheFile) {
 
 TEST_F(DropTest, OneMessageNamesSeveralFiles) {
   std::vector<std::wstring> paths;
-  std::string names;
+  std::wstring names;
   for (int number = 0; number < 14; ++number) {
-    const std::string name = "\\" + std::to_string(number) + " ";
-    paths.push_back(Wide(PathOf("")) + Wide(name) + L"\x65e5.txt");
-    names += number < 12 ? "\n" + PathOf("") + name + "?.txt" : "";
+    paths.push_back(
+        WidePathOf(std::to_wstring(number) + L" " + testing_pages::ThisPage().other + L".txt"));
+    names += number < 12 ? L"\n" + paths.back() : L"";
   }
   ASSERT_TRUE(OpenLines({kA}));
   Drag(DragData::Files(paths));
   ASSERT_EQ(answers.Shown().size(), 1U);
-  EXPECT_EQ(answers.Shown()[0].text,
-            "These files cannot be added. Their names have characters that a menu file cannot "
-            "hold.\n" +
-                names + "\n2 more");
+  EXPECT_EQ(answers.Shown()[0].wideText,
+            L"These files cannot be added. Their names have characters that a menu file cannot "
+            L"hold.\n" +
+                names + L"\n2 more");
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA}));
-}
-
-TEST_F(DropTest, NamesInTheCodePageStay) {
-  const std::wstring path = Wide(PathOf("")) + L"caf\x00e9 \x20ac.txt";
-  CloseHandle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
-  ASSERT_TRUE(OpenLines({}));
-  Drag(DragData::Files({path}));
-  ExpectSettled({ItemLine("caf\xE9 \x80.txt", PathOf("caf\xE9 \x80.txt"))});
 }
 
 TEST_F(DropTest, AMenuThatCannotBeWrittenIsNamedAndTheProgramGoesOn) {

@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "tests/windows/code_pages.h"
 #include "tests/windows/folder_list_test_base.h"
 
 namespace {
@@ -271,8 +272,12 @@ TEST_F(FolderListTest, TheWayUpIsOpenWhenTheCurrentFolderIsGone) {
 }
 
 TEST_F(FolderListTest, OddNamesAreShownAndOpened) {
-  const Names names{"  leading blanks",   "%TEMP%",       "a & b",
-                    "\xE4\xF6\xFC \xDF",  "comma, comma", "...dots",
+  const Names names{"  leading blanks",
+                    "%TEMP%",
+                    "a & b",
+                    testing_pages::ThisPage().bytes,
+                    "comma, comma",
+                    "...dots",
                     std::string(200, 'n')};
   for (const std::string& name : names) {
     Make(name);
@@ -287,7 +292,7 @@ TEST_F(FolderListTest, OddNamesAreShownAndOpened) {
 
 TEST_F(FolderListTest, ANameOutsideTheCodePageIsShownAndOpened) {
   const std::wstring name = L"\u65E5\u672C\u0141";
-  const std::wstring wide = win32::ToText(folder()) + L"\\" + name;
+  const std::wstring wide = WidePathOf(name);
   ASSERT_TRUE(CreateDirectoryW(wide.c_str(), nullptr));
   ASSERT_TRUE(CreateDirectoryW((wide + L"\\inside").c_str(), nullptr));
   ASSERT_TRUE(SetPath(folder()));

@@ -2,6 +2,7 @@
 #include <functional>
 #include <random>
 
+#include "tests/windows/code_pages.h"
 #include "tests/windows/drag_data.h"
 #include "tests/windows/wizard_test_base.h"
 
@@ -31,10 +32,11 @@ class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInte
   int Random(int below) { return std::uniform_int_distribution<int>(0, below - 1)(random_); }
 
   std::string RandomText(bool mayBeEmpty) {
-    static const std::string kCharacters = "abcXYZ 019,.;<>'\x80\xE4\xFF\\/=&%";
+    static const std::string kCharacters = "abcXYZ 019,.;<>'\\/=&%";
     std::string text(mayBeEmpty ? "" : "t");
     for (int length = Random(12); length > 0; --length) {
-      text += kCharacters[static_cast<std::size_t>(Random(static_cast<int>(kCharacters.size())))];
+      const auto at = static_cast<std::size_t>(Random(static_cast<int>(kCharacters.size()) + 3));
+      text += at < kCharacters.size() ? kCharacters.substr(at, 1) : testing_pages::ThisPage().bytes;
     }
     return text;
   }

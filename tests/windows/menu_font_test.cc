@@ -17,6 +17,10 @@ constexpr int kFace = cmb1;
 constexpr int kStyle = cmb2;
 constexpr int kSize = cmb3;
 
+// The rows of the box of styles, whose texts are in the user's language.
+constexpr LRESULT kBold = 2;
+constexpr LRESULT kBoldItalic = 3;
+
 }  // namespace
 
 // The font of the menu, which the Appearance page shows and the font dialog
@@ -32,7 +36,7 @@ class MenuFontTest : public AppearanceTestBase {
       title = WindowBytes(dialog);
       size = WindowBytes(GetDlgItem(dialog, kSize));
       face = WindowBytes(GetDlgItem(dialog, kFace));
-      style = WindowBytes(GetDlgItem(dialog, kStyle));
+      style = SendMessageA(GetDlgItem(dialog, kStyle), CB_GETCURSEL, 0, 0);
       drive(dialog);
       PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
     });
@@ -40,7 +44,7 @@ class MenuFontTest : public AppearanceTestBase {
     ASSERT_EQ(opened, 1) << "the dialog";
   }
   // Selects a row of one of its boxes as the user does.
-  static void Select(HWND dialog, int box, int row) {
+  static void Select(HWND dialog, int box, LRESULT row) {
     const HWND combo = GetDlgItem(dialog, box);
     SetFocus(combo);
     SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
@@ -52,7 +56,7 @@ class MenuFontTest : public AppearanceTestBase {
         SendMessageA(GetDlgItem(dialog, box), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                      reinterpret_cast<LPARAM>(text.c_str()));
     ASSERT_NE(row, CB_ERR) << text;
-    Select(dialog, box, static_cast<int>(row));
+    Select(dialog, box, row);
   }
 
   LOGFONTA SampleFont() {
@@ -63,7 +67,8 @@ class MenuFontTest : public AppearanceTestBase {
   }
 
   // What the font dialog showed when it came up.
-  std::string title, size, face, style;
+  std::string title, size, face;
+  LRESULT style = CB_ERR;
 };
 
 TEST_F(MenuFontTest, TheFontDialogStartsWithTheSample) {
@@ -72,7 +77,7 @@ TEST_F(MenuFontTest, TheFontDialogStartsWithTheSample) {
   EXPECT_EQ(title, "Select Font");
   EXPECT_EQ(size, "12");
   EXPECT_EQ(face, "Liberation Sans");
-  EXPECT_EQ(style, "Bold Italic");
+  EXPECT_EQ(style, kBoldItalic);
   EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",12,-1,-1\r\n");
 }
 
@@ -92,7 +97,7 @@ TEST_F(MenuFontTest, WhatWasNotTouchedInTheFontDialogStays) {
 
 TEST_F(MenuFontTest, OnceTouchedTheDialogGivesAllThatItShows) {
   OpenPage(Menu("0,\"Liberation Sans\",8.25,0,-1\r\n"));
-  ChangeFont(IDOK, [](HWND dialog) { Select(dialog, kStyle, "Bold"); });
+  ChangeFont(IDOK, [](HWND dialog) { Select(dialog, kStyle, kBold); });
   EXPECT_EQ(size, "8");
   EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",8,-1,0\r\n");
   OpenPage(Menu("0,\"Liberation Sans\",9.75,-1,0\r\n"));
@@ -150,7 +155,7 @@ TEST_F(MenuFontTest, AFaceThatThisMachineLacksStaysUntilTheDialogIsTouched) {
     shown = WindowBytes(GetDlgItem(dialog, kFace));
   });
   const std::string name = shown.empty() ? "No Such Font At All" : shown;
-  const std::string bold = style.find("Bold") != std::string::npos ? "-1" : "0";
+  const std::string bold = style >= kBold ? "-1" : "0";
   EXPECT_EQ(SavedLine(), "0,\"" + name + "\",14," + bold + ",0\r\n");
   ChangeFont(IDOK, [](HWND dialog) { Select(dialog, kFace, "Liberation Sans"); });
   EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",14," + bold + ",0\r\n");
@@ -168,7 +173,7 @@ TEST_F(MenuFontTest, TheFontDialogsChoiceIsShownAndSaved) {
   const std::string menu = MenuBytes();
   ChangeFont(IDOK, [](HWND dialog) {
     Select(dialog, kFace, "Liberation Sans");
-    Select(dialog, kStyle, "Bold Italic");
+    Select(dialog, kStyle, kBoldItalic);
     Select(dialog, kSize, "20");
   });
   const LOGFONTA font = SampleFont();

@@ -1,3 +1,4 @@
+#include "tests/windows/code_pages.h"
 #include "tests/windows/faulty_files.h"
 #include "tests/windows/wizard_test_base.h"
 
@@ -66,11 +67,12 @@ TEST_F(WizardFinishTest, AddTouchesNoOtherByte) {
 }
 
 TEST_F(WizardFinishTest, TextsAreWrittenAsTheyStand) {
+  const std::string name = "  say, " + testing_pages::ThisPage().bytes + "  ";
   ASSERT_TRUE(OpenLines({}));
   OpenAdd();
-  Finish("http://x,y ", "  say, \x80\xFF  ", " -x, ", " ");
-  ExpectSettled({ItemLine("  say, \x80\xFF  ", "http://x,y ", " -x, ", " ")});
-  EXPECT_EQ(Rows(), std::vector<std::string>{"  say, \x80\xFF  "});
+  Finish("http://x,y ", name, " -x, ", " ");
+  ExpectSettled({ItemLine(name, "http://x,y ", " -x, ", " ")});
+  EXPECT_EQ(Rows(), std::vector<std::string>{name});
 }
 
 TEST_F(WizardFinishTest, EditKeepsTheIconOfTheRecord) {
