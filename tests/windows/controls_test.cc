@@ -2,11 +2,14 @@
 
 #include <commctrl.h>
 
+#include <set>
+
 #include "resources/version.h"
 #include "tests/windows/form2_test_base.h"
 #include "tests/windows/related_window.h"
 
 using testing_menus::DirectoryMenu;
+using testing_menus::ItemLine;
 using testing_menus::UserDefinedMenu;
 
 namespace {
@@ -38,7 +41,9 @@ constexpr ExpectedControl kExpected[] = {
     {IDC_FORM2_LABEL13, "Static", 0, "Menu Type :", "", kItem},
     {IDC_FORM2_LABEL14, "Static", 0, "User Defined List", "", kItem},
     {IDC_FORM2_IMAGE4, "Static", 0, kAny, "", kItem},
+    {IDC_FORM2_LIST1_LABEL, "Static", 0, kAny, "", kItem},
     {IDC_FORM2_LIST1, "ListBox", 0, "", "You can drag and drop stuff to this list", kItem},
+    {IDC_FORM2_ICONIC1_LABEL, "Static", 0, kAny, "", kItem},
     {IDC_FORM2_ICONIC1, "Static", 0, "", "", kItem},
     {IDC_FORM2_COMMAND2, "Button", BS_PUSHBUTTON, "Add", "Add new item to menu", kItem},
     {IDC_FORM2_COMMAND3, "Button", BS_PUSHBUTTON, "Edit", "Edit the selected item's properties",
@@ -56,7 +61,9 @@ constexpr ExpectedControl kExpected[] = {
     {IDC_FORM2_FRAME4, "Button", BS_GROUPBOX, "", "", kDirectory},
     {IDC_FORM2_LABEL15, "Static", 0, "Menu Type : Directory Pointer", "", kDirectory},
     {IDC_FORM2_IMAGE5, "Static", 0, kAny, "", kDirectory},
+    {IDC_FORM2_DRIVE1_LABEL, "Static", 0, kAny, "", kDirectory},
     {IDC_FORM2_DRIVE1, "ComboBox", 0, kAny, "", kDirectory},
+    {IDC_FORM2_DIR1_LABEL, "Static", 0, kAny, "", kDirectory},
     {IDC_FORM2_DIR1, "ListBox", 0, "", "", kDirectory},
     {IDC_FORM2_LABEL11, "Static", 0, "Current Path :", "", kDirectory},
     {IDC_FORM2_TEXT7, "Edit", 0, kAny,
@@ -79,6 +86,7 @@ constexpr ExpectedControl kExpected[] = {
     {IDC_FORM2_LABEL8, "Static", 0, kAny, "", kAppearance},
     {IDC_FORM2_COMMAND10, "Button", BS_PUSHBUTTON, "Select Icon File", "", kAppearance},
     {IDC_FORM2_FRAME2, "Button", BS_GROUPBOX, "Menu Font", "", kAppearance},
+    {IDC_FORM2_TEXT3_LABEL, "Static", 0, kAny, "", kAppearance},
     {IDC_FORM2_TEXT3, "Edit", 0, "Menu Text will look like this.", "", kAppearance},
     {IDC_FORM2_COMMAND6, "Button", BS_PUSHBUTTON, "Change Font", "", kAppearance},
     {IDC_FORM2_CHECK1, "Button", BS_AUTOCHECKBOX, "Show small icons in menu", "", kAppearance},
@@ -141,6 +149,15 @@ class ControlsTest : public Form2Test {
     return text;
   }
 
+  // Of all controls of a window, shown or not.
+  static std::multiset<int> Ids(HWND window) {
+    std::multiset<int> ids;
+    for (HWND control = RelatedWindow(window, GW_CHILD); control != nullptr;
+         control = RelatedWindow(control, GW_HWNDNEXT)) {
+      ids.insert(GetDlgCtrlID(control));
+    }
+    return ids;
+  }
   static std::string Class(HWND control) {
     char name[32] = "";
     GetClassNameA(control, name, sizeof name);
@@ -176,6 +193,34 @@ TEST_F(ControlsTest, AreWhatTheyAreToBe) {
     }
     EXPECT_EQ(ToolTip(expected.id), expected.toolTip);
   }
+}
+
+TEST_F(ControlsTest, NoWindowHasOthers) {
+  ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Entry", "C:\\windows\\notepad.exe")})));
+  SelectRow(0);
+  std::multiset<int> expected;
+  for (const ExpectedControl& control : kExpected) {
+    expected.insert(control.id);
+  }
+  EXPECT_EQ(Ids(form().window()), expected);
+  const auto child = [this](const wchar_t* windowClass, int button) {
+    Press(button);
+    const HWND window = FindWindowW(windowClass, nullptr);
+    std::multiset<int> ids = Ids(window);
+    SendMessageW(window, WM_CLOSE, 0, 0);
+    RunMessages();
+    return ids;
+  };
+  EXPECT_EQ(
+      child(L"Form3", IDC_FORM2_COMMAND2),
+      (std::multiset<int>{IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1, IDC_FORM3_TEXT1, IDC_FORM3_COMMAND3,
+                          IDC_FORM3_LABEL2, IDC_FORM3_TEXT2, IDC_FORM3_LABEL3, IDC_FORM3_TEXT3,
+                          IDC_FORM3_TEXT4, IDC_FORM3_LINE, IDC_FORM3_COMMAND4, IDC_FORM3_COMMAND1,
+                          IDC_FORM3_COMMAND5, IDC_FORM3_COMMAND2}));
+  EXPECT_EQ(child(L"Form4", IDC_FORM2_COMMAND11),
+            (std::multiset<int>{IDC_FORM4_PICTURE1, IDC_FORM4_HSCROLL1_LABEL, IDC_FORM4_HSCROLL1,
+                                IDC_FORM4_LABEL1, IDC_FORM4_COMMAND2, IDC_FORM4_COMMAND1,
+                                IDC_FORM4_COMMAND3}));
 }
 
 TEST_F(ControlsTest, ShowTheirToolTipUnderTheMouse) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "tests/windows/related_window.h"
@@ -35,6 +36,22 @@ BOOL CALLBACK AddButton(HWND control, LPARAM box) {
     reinterpret_cast<ShownBox*>(box)->buttons.push_back(ButtonName(GetDlgCtrlID(control)));
   }
   return TRUE;
+}
+
+// True if the program shows the user a window of its own.
+bool ShowsForm() {
+  bool shows = false;
+  EnumThreadWindows(
+      GetCurrentThreadId(),
+      [](HWND window, LPARAM result) -> BOOL {
+        char name[16] = "";
+        GetClassNameA(window, name, sizeof name);
+        *reinterpret_cast<bool*>(result) |=
+            IsWindowVisible(window) && std::string_view(name).starts_with("Form");
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&shows));
+  return shows;
 }
 
 }  // namespace
@@ -103,6 +120,8 @@ void DialogAnswers::Handle(HWND dialog) {
   box.wideText = win32::WindowText(message);
   const HWND owner = RelatedWindow(dialog, GW_OWNER);
   box.owner = owner != nullptr && !IsWindowEnabled(owner) ? owner : nullptr;
+  EXPECT_TRUE(box.owner != nullptr || !ShowsForm())
+      << "the box belongs to no window: " << box.title << ", " << box.text;
   EnumChildWindows(dialog, AddButton, reinterpret_cast<LPARAM>(&box));
   shown_.push_back(box);
   int button = GetDlgItem(dialog, IDOK) != nullptr ? IDOK : IDNO;

@@ -20,8 +20,9 @@ struct ShownBox {
 // Answers the modal boxes and dialogs that the code under test opens on this
 // thread while this object lives: message boxes in the order of the answers
 // given, common dialogs by what OnDialog() was given. A box that no answer is
-// left for is closed with its first button and recorded all the same. An answer
-// that no box came for is a failure of the test.
+// left for is closed with its first button and recorded all the same. Failures of the
+// test are an answer that no box came for, and a box that belongs to no window while
+// the user sees one of the program's.
 class DialogAnswers {
  public:
   DialogAnswers();

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/windows/related_window.h"
 #include "tests/windows/window_tour.h"
 #include "win32/scale.h"
 
@@ -164,38 +165,79 @@ TEST_F(LayoutTest, BoxesScrollSideways) {
   });
 }
 
-// Which edges of the window each button keeps its distance to.
-TEST_F(LayoutTest, ButtonsStayAtTheirEdges) {
-  struct Distances {
-    int left, top, right, bottom;
-  };
-  const auto distances = [](HWND window, int id) {
-    RECT client{};
-    GetClientRect(window, &client);
-    const RECT rect = Place(GetDlgItem(window, id));
-    return Distances{rect.left, rect.top, client.right - rect.right, client.bottom - rect.bottom};
-  };
-  constexpr int kAtTheTop[] = {IDC_FORM2_COMMAND13, IDC_FORM2_COMMAND2,  IDC_FORM2_COMMAND3,
-                               IDC_FORM2_COMMAND7,  IDC_FORM2_COMMAND4,  IDC_FORM2_COMMAND8,
-                               IDC_FORM2_COMMAND9,  IDC_FORM2_COMMAND11, IDC_FORM2_COMMAND14,
-                               IDC_FORM2_COMMAND6,  IDC_FORM2_COMMAND10};
-  constexpr int kAtTheBottom[] = {IDC_FORM2_COMMAND5, IDC_FORM2_COMMAND12, IDC_FORM2_COMMAND15};
+// Which edges of the window a control keeps its distance to. One that keeps to neither
+// of two opposite ones stays in the middle between them.
+struct Edges {
+  bool left, top, right, bottom;
+  std::vector<int> controls;
+};
+
+const Edges kEdges[] = {
+    {true,
+     true,
+     false,
+     false,
+     {IDC_FORM2_IMAGE4, IDC_FORM2_LABEL13, IDC_FORM2_LABEL14, IDC_FORM2_LIST1_LABEL,
+      IDC_FORM2_IMAGE5, IDC_FORM2_LABEL15, IDC_FORM2_DRIVE1_LABEL, IDC_FORM2_DIR1_LABEL,
+      IDC_FORM2_IMAGE3, IDC_FORM2_TEXT3_LABEL, IDC_FORM2_PICTURE1, IDC_FORM2_PICTURE2,
+      IDC_FORM2_LABEL7, IDC_FORM2_CHECK1}},
+    {false,
+     true,
+     true,
+     false,
+     {IDC_FORM2_COMMAND13, IDC_FORM2_COMMAND2, IDC_FORM2_COMMAND3, IDC_FORM2_COMMAND7,
+      IDC_FORM2_COMMAND4, IDC_FORM2_COMMAND8, IDC_FORM2_COMMAND9, IDC_FORM2_COMMAND11,
+      IDC_FORM2_COMMAND14, IDC_FORM2_LABEL12, IDC_FORM2_TEXT8, IDC_FORM2_CHECK2, IDC_FORM2_CHECK3,
+      IDC_FORM2_CHECK4, IDC_FORM2_COMMAND6, IDC_FORM2_COMMAND10}},
+    {true,
+     true,
+     true,
+     false,
+     {IDC_FORM2_DRIVE1, IDC_FORM2_FRAME2, IDC_FORM2_TEXT3, IDC_FORM2_FRAME1, IDC_FORM2_HSCROLL1,
+      IDC_FORM2_LABEL8}},
+    {true, false, false, true, {IDC_FORM2_ICONIC1, IDC_FORM2_ICONIC1_LABEL, IDC_FORM2_LABEL11}},
+    {true, false, true, true, {IDC_FORM2_TEXT7}},
+    {false, false, true, true, {IDC_FORM2_COMMAND5, IDC_FORM2_COMMAND12, IDC_FORM2_COMMAND15}},
+    {true,
+     true,
+     true,
+     true,
+     {IDC_FORM2_SSTAB1, IDC_FORM2_FRAME3, IDC_FORM2_LIST1, IDC_FORM2_FRAME4, IDC_FORM2_DIR1}},
+    {false, false, false, false, {IDC_FORM2_IMAGE1, IDC_FORM2_LABEL5}},
+};
+
+TEST_F(LayoutTest, EveryControlStaysAtItsEdges) {
+  constexpr int kWider = 120;
+  constexpr int kHigher = 80;
   ASSERT_TRUE(Open(testing_menus::UserDefinedMenu({})));
   const HWND window = form().window();
-  std::map<int, Distances> before;
-  for (const int id : kAtTheTop) before[id] = distances(window, id);
-  for (const int id : kAtTheBottom) before[id] = distances(window, id);
-  Enlarge(window, 200, 150);
-  for (const int id : kAtTheTop) {
-    EXPECT_EQ(distances(window, id).right, before[id].right) << id;
-    EXPECT_EQ(distances(window, id).top, before[id].top) << id;
-    EXPECT_EQ(distances(window, id).left, before[id].left + 200) << id;
+  std::map<int, RECT> before;
+  for (HWND control = RelatedWindow(window, GW_CHILD); control != nullptr;
+       control = RelatedWindow(control, GW_HWNDNEXT)) {
+    before[GetDlgCtrlID(control)] = Place(control);
   }
-  for (const int id : kAtTheBottom) {
-    EXPECT_EQ(distances(window, id).right, before[id].right) << id;
-    EXPECT_EQ(distances(window, id).bottom, before[id].bottom) << id;
-    EXPECT_EQ(distances(window, id).top, before[id].top + 150) << id;
+  Enlarge(window, kWider, kHigher);
+  std::size_t expected = 0;
+  for (const Edges& edges : kEdges) {
+    expected += edges.controls.size();
+    // How far the first and the second of two opposite edges move.
+    const auto first = [](bool toFirst, bool toSecond, int growth) {
+      return toFirst ? 0 : toSecond ? growth : growth / 2;
+    };
+    const auto second = [](bool toFirst, bool toSecond, int growth) {
+      return toSecond ? growth : toFirst ? 0 : growth / 2;
+    };
+    for (const int id : edges.controls) {
+      SCOPED_TRACE(id);
+      const RECT place = Place(Control(id));
+      const RECT& old = before[id];
+      EXPECT_EQ(place.left - old.left, first(edges.left, edges.right, kWider));
+      EXPECT_EQ(place.right - old.right, second(edges.left, edges.right, kWider));
+      EXPECT_EQ(place.top - old.top, first(edges.top, edges.bottom, kHigher));
+      EXPECT_EQ(place.bottom - old.bottom, second(edges.top, edges.bottom, kHigher));
+    }
   }
+  EXPECT_EQ(before.size(), expected) << "a control has no edges here";
 }
 
 // What does not move is not painted anew, and nothing is painted under a control first.

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "tests/windows/list_test_base.h"
+#include "tests/windows/replaced_import.h"
 
 using testing_menus::ItemLine;
 using testing_menus::kSeparatorLine;
@@ -148,6 +149,29 @@ TEST_F(MoveTest, ThePreviewShowsTheMovedEntry) {
   Press(kMoveDown);
   EXPECT_EQ(SelectedRow(), 1);
   EXPECT_EQ(form().iconic1().BitmapFile(), preview);
+}
+
+// The list does not draw while its rows are exchanged, and then only what it is told to.
+TEST_F(MoveTest, BothRowsAreDrawnAnewAndNoOther) {
+  static HWND list;
+  static std::vector<LONG> tops;
+  tops.clear();
+  ASSERT_TRUE(OpenLines({kA, kB, kC, kA}));
+  list = Control(IDC_FORM2_LIST1);
+  SelectRow(1);
+  const ReplacedImport invalidate(
+      "InvalidateRect", +[](HWND window, const RECT* place, BOOL) -> BOOL {
+        if (window == list) {
+          tops.push_back(place == nullptr ? -1 : place->top);
+        }
+        return TRUE;
+      });
+  const LRESULT height = SendMessageA(list, LB_GETITEMHEIGHT, 0, 0);
+  for (const int button : {kMoveDown, kMoveUp}) {
+    tops.clear();
+    Press(button);
+    EXPECT_EQ(tops, (std::vector<LONG>{static_cast<LONG>(height), static_cast<LONG>(2 * height)}));
+  }
 }
 
 TEST_F(MoveTest, TenThousandRows) {

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <map>
 #include <string>
 
@@ -80,15 +81,17 @@ class ScaleTest : public WindowTour {
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
     return area;
   }
-  // As Windows does when the window comes to a monitor of that DPI.
+  // As Windows does when the window comes to a monitor of that DPI: it gets the size that
+  // it asks for, or that of the work area.
   static void MoveToDpi(HWND window, int dpi) {
     SIZE size = WindowSize(window);
     EXPECT_TRUE(SendMessageW(window, 0x02E4 /* WM_GETDPISCALEDSIZE */, static_cast<WPARAM>(dpi),
                              reinterpret_cast<LPARAM>(&size)));
     RECT wanted{0, 0, size.cx, size.cy};
     SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&wanted));
-    EXPECT_EQ(WindowSize(window).cx, size.cx);
-    EXPECT_EQ(WindowSize(window).cy, size.cy);
+    const SIZE most = win32::SizeOf(WorkArea());
+    EXPECT_EQ(WindowSize(window).cx, std::min(size.cx, most.cx));
+    EXPECT_EQ(WindowSize(window).cy, std::min(size.cy, most.cy));
   }
 };
 

@@ -188,12 +188,17 @@ std::optional<PreparedChange> Changes::PrepareChangeIcon(KnownMenu menu) {
   }
   const HWND bar = GetDlgItem(form4, IDC_FORM4_HSCROLL1);
   const int index = static_cast<int>(Below(12));
-  // An activation that comes late from the window manager puts the bar back.
+  // An activation that comes late from the window manager puts the bar back, so it has
+  // to be seen in its place several times.
+  int seen = -1;
   const bool isSet = WaitUntil([&] {
-    SendMessageA(form4, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, index),
-                 reinterpret_cast<LPARAM>(bar));
-    Sleep(100);
-    return GetForegroundWindow() == form4 && SendMessageA(bar, SBM_GETPOS, 0, 0) == index;
+    if (seen < 0 || GetForegroundWindow() != form4 ||
+        SendMessageA(bar, SBM_GETPOS, 0, 0) != index) {
+      SendMessageA(form4, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, index),
+                   reinterpret_cast<LPARAM>(bar));
+      seen = 0;
+    }
+    return ++seen == 5;
   });
   if (!isSet) {
     return std::nullopt;

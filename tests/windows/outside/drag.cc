@@ -8,7 +8,7 @@
 namespace outside {
 namespace {
 
-constexpr DWORD kStep = 40;  // milliseconds from one movement to the next
+constexpr DWORD kTry = 400;  // milliseconds, after which the mouse is used again
 
 // What the window that the drag begins in works with.
 struct Source {
@@ -16,13 +16,14 @@ struct Source {
   HWND target;
   DWORD thread;
   DragResult result;
+  std::atomic<int> looks = 0;  // how often the drag has told what a drop would do
   std::atomic<bool> begun = false;
   std::atomic<bool> ended = false;
 };
 
 class DropSource final : public CountedObject<IDropSource> {
  public:
-  explicit DropSource(DragResult& result) : CountedObject(IID_IDropSource), result_(result) {}
+  explicit DropSource(Source& source) : CountedObject(IID_IDropSource), source_(source) {}
 
   HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL escape, DWORD keys) override {
     if (escape) {
@@ -31,12 +32,13 @@ class DropSource final : public CountedObject<IDropSource> {
     return (keys & MK_LBUTTON) != 0 ? S_OK : DRAGDROP_S_DROP;
   }
   HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD effect) override {
-    result_.shownEffect = effect;
+    source_.result.shownEffect = effect;
+    ++source_.looks;
     return DRAGDROP_S_USEDEFAULTCURSORS;
   }
 
  private:
-  DragResult& result_;
+  Source& source_;
 };
 
 POINT Middle(HWND window) {
@@ -45,26 +47,29 @@ POINT Middle(HWND window) {
   return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
 }
 
-void MoveMouse(POINT from, POINT to) {
-  constexpr int kSteps = 10;
-  for (int step = 1; step <= kSteps; ++step) {
-    SetCursorPos(from.x + (to.x - from.x) * step / kSteps,
-                 from.y + (to.y - from.y) * step / kSteps);
+// Moves what is dragged, and waits until the drag has seen that.
+void Drag(Source& source, POINT place) {
+  WaitUntil([&] {
+    const int before = source.looks;
+    SetCursorPos(place.x, place.y);
     // SetCursorPos() alone tells no one of the movement.
     mouse_event(MOUSEEVENTF_MOVE, 0, 0, 0, 0);
-    Sleep(kStep);
-  }
+    return WaitUntil([&] { return source.ended || source.looks != before; }, kTry);
+  });
 }
 
 // The pointer's place is told to Windows by several parties under Wine, so that
-// it may jump back once after a movement.
+// it may jump back once after a movement: it has to be seen there several times.
 void PutMouseAt(POINT place) {
+  int seen = -1;
   WaitUntil([&] {
-    SetCursorPos(place.x, place.y);
-    Sleep(kStep);
     POINT now{};
     GetCursorPos(&now);
-    return now.x == place.x && now.y == place.y;
+    if (seen < 0 || now.x != place.x || now.y != place.y) {
+      SetCursorPos(place.x, place.y);
+      seen = 0;
+    }
+    return ++seen == 3;
   });
 }
 
@@ -80,14 +85,17 @@ DWORD WINAPI Hand(void* window) {
     }
     PutMouseAt(begin);
     mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-    WaitUntil([&] { return what.begun.load(); }, 10 * kStep);
+    WaitUntil([&] { return what.begun.load(); }, kTry);
   }
   if (what.begun) {
     const POINT end = Middle(what.target);
-    MoveMouse(begin, end);
+    constexpr int kSteps = 10;
+    for (int step = 1; step <= kSteps; ++step) {
+      Drag(what, {begin.x + (end.x - begin.x) * step / kSteps,
+                  begin.y + (end.y - begin.y) * step / kSteps});
+    }
     PutMouseAt(end);
-    mouse_event(MOUSEEVENTF_MOVE, 0, 0, 0, 0);
-    Sleep(5 * kStep);
+    Drag(what, end);
   }
   LARGE_INTEGER frequency{};
   LARGE_INTEGER now{};
@@ -99,7 +107,6 @@ DWORD WINAPI Hand(void* window) {
   // The message of it may have gone to a window that came to the front just
   // then; any other makes OLE look at the button again.
   WaitUntil([&] {
-    Sleep(kStep);
     return !what.begun || what.ended || !PostThreadMessageA(what.thread, WM_MOUSEMOVE, 0, 0);
   });
   return 0;
@@ -112,17 +119,14 @@ void RunMessages() {
   }
 }
 
-// A window that has just appeared may take the front once more.
+// A window that has just appeared may take the front once more, so this one has to be
+// seen there several times.
 void WaitForFront(HWND window) {
-  ULONGLONG since = 0;
+  int seen = 0;
   WaitUntil([&] {
     RunMessages();
-    if (GetForegroundWindow() != window) {
-      since = 0;
-    } else if (since == 0) {
-      since = GetTickCount64();
-    }
-    return since != 0 && GetTickCount64() - since > 5 * kStep;
+    seen = GetForegroundWindow() == window ? seen + 1 : 0;
+    return seen == 10;
   });
 }
 
@@ -130,7 +134,7 @@ LRESULT CALLBACK SourceProcedure(HWND window, UINT message, WPARAM wide, LPARAM 
   auto* const what = reinterpret_cast<Source*>(GetWindowLongPtrA(window, GWLP_USERDATA));
   if (message == WM_LBUTTONDOWN && !what->begun) {
     what->begun = true;
-    DropSource source(what->result);
+    DropSource source(*what);
     const HRESULT ended =
         DoDragDrop(what->data, &source, DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK,
                    &what->result.effect);

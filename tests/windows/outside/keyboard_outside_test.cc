@@ -48,20 +48,22 @@ class KeyboardOutsideTest : public OutsideTest {
     return WaitUntil([=, this] { return outside::FocusIn(window_) == GetDlgItem(window_, id); });
   }
 
-  // Tab, or with Shift, until the control has the focus.
+  // Tab, or with Shift, until the control has the focus or the round is complete.
   void TabTo(int id, bool back = false) {
     LookAround();
-    for (int presses = 0; presses < 20; ++presses) {
-      const HWND before = outside::FocusIn(window_);
-      if (before == GetDlgItem(window_, id)) {
-        return;
-      }
+    std::set<HWND> passed;
+    HWND focus = outside::FocusIn(window_);
+    while (focus != GetDlgItem(window_, id)) {
+      ASSERT_TRUE(passed.insert(focus).second) << "no way to " << id;
       PressKey(VK_TAB, back ? std::vector<WORD>{VK_SHIFT} : std::vector<WORD>{});
-      ASSERT_TRUE(WaitUntil([=, this] { return outside::FocusIn(window_) != before; }))
-          << "no way on from " << GetDlgCtrlID(before);
-      reached_.insert(GetDlgCtrlID(outside::FocusIn(window_)));
+      const HWND former = focus;
+      ASSERT_TRUE(WaitUntil([&] {
+        focus = outside::FocusIn(window_);
+        return focus != nullptr && focus != former;
+      })) << "no way on from "
+          << GetDlgCtrlID(former);
+      reached_.insert(GetDlgCtrlID(focus));
     }
-    FAIL() << "no way to " << id;
   }
   void Push(int buttonId) {
     TabTo(buttonId);
