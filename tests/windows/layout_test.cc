@@ -112,6 +112,13 @@ TEST_F(LayoutTest, RunsAtTheDpiThatIsAskedFor) {
   });
 }
 
+TEST_F(LayoutTest, RunsOnTheScreenThatIsAskedFor) {
+  const char* screen = std::getenv("CORVALIS_SCREEN");
+  const std::string size = std::to_string(GetSystemMetrics(SM_CXSCREEN)) + "x" +
+                           std::to_string(GetSystemMetrics(SM_CYSCREEN));
+  EXPECT_EQ(size, screen == nullptr ? size : screen);
+}
+
 TEST_F(LayoutTest, NothingIsOnTopOfAnythingElse) {
   VisitAll([](const std::string& page, HWND window) {
     SCOPED_TRACE(page);

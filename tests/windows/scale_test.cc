@@ -111,6 +111,9 @@ TEST_F(ScaleTest, AnotherMessageFontMakesAWindowLikeANewOne) {
     EXPECT_EQ(WindowSize(form().window()).cy, size.cy);
     EXPECT_EQ(after, PlacesIn(form().window()));
     EXPECT_NE(after, before);
+    // Where the plan has more room than an icon needs, it stands at the edge that it
+    // keeps to, right below the list.
+    EXPECT_EQ(Place(Control(IDC_FORM2_ICONIC1)).left, Place(Control(IDC_FORM2_LIST1)).left);
   }
   // The window stays as large as it is when the font gets smaller.
   SendMessageW(form().window(), WM_SETTINGCHANGE, 0, 0);

@@ -289,6 +289,8 @@ void KeyboardOutsideTest::PointToAFolder() {
   PressKey(VK_RETURN);  // Yes
   ASSERT_NO_FATAL_FAILURE(UseForm2Again("#32770"));
   ExpectMenu(menu("\"C:\\\",\"*.*\",1,0,0\r\n"));
+  // The button that was pressed is hidden; the one in its place has the focus.
+  ASSERT_TRUE(HasFocus(IDC_FORM2_COMMAND14));
 
   ASSERT_NO_FATAL_FAILURE(TabTo(IDC_FORM2_DRIVE1));
   PressKey('Z');
@@ -324,6 +326,7 @@ void KeyboardOutsideTest::PointToAFolder() {
   PressKey(VK_RETURN);
   ASSERT_NO_FATAL_FAILURE(UseForm2Again("#32770"));
   ExpectMenu(UserDefinedMenu({}, "1,\"Tahoma\",8.25,0,0\r\n", picture));
+  ASSERT_TRUE(HasFocus(IDC_FORM2_COMMAND13));
 }
 
 TEST_F(KeyboardOutsideTest, EverythingIsDoneWithKeysAlone) {

@@ -1,0 +1,21 @@
+#!/bin/bash
+# The windows are usable on small screens: the tests of the layout and those that use
+# keyboard and mouse are run on screens of 1280x720 and 800x600 pixels, in a Wine
+# prefix that nothing else uses.
+set -eu
+. "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
+
+if [ $# -eq 0 ]; then
+  for screen in 1280x720 800x600; do
+    CORVALIS_SCREEN=$screen "$project_root/tools/wine_session.sh" screens "$0" "$screen"
+  done
+  exit 0
+fi
+
+echo "== $1"
+cd "$build_dir/windows/tests/windows"
+run=$project_root/tools/wine_run.sh
+"$run" ./windows_tests.exe --gtest_brief=1 \
+  --gtest_filter='LayoutTest.*:ScaleTest.*:ControlsTest.*:KeyboardTest.*:Wizard*:Form4Test.*'
+"$run" outside/outside_tests.exe --gtest_brief=1 \
+  --gtest_filter='KeyboardOutsideTest.*:ListOutsideTest.*:IconsOutsideTest.*:StoryTest.*'
