@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "resources/resource.h"
+#include "tests/windows/outside/drag.h"
 
 namespace outside {
 namespace {
@@ -41,6 +42,8 @@ const char* NameOf(ChangeKind kind) {
       return "separator";
     case ChangeKind::Add:
       return "add";
+    case ChangeKind::Drop:
+      return "drop";
     case ChangeKind::Edit:
       return "edit";
     case ChangeKind::ChangeIcon:
@@ -70,6 +73,7 @@ bool Changes::IsPossible(ChangeKind kind, const KnownMenu& menu) const {
     case ChangeKind::ToDirectory:  // an empty list is switched without a question
       return !menu.isDirectory && !menu.entries.empty();
     case ChangeKind::Add:
+    case ChangeKind::Drop:
     case ChangeKind::SaveAppearance:
       return !menu.isDirectory;
     case ChangeKind::Delete:
@@ -119,6 +123,8 @@ std::optional<PreparedChange> Changes::Prepare(ChangeKind kind, const KnownMenu&
     }
     case ChangeKind::Add:
       return PrepareAdd(std::move(after));
+    case ChangeKind::Drop:
+      return PrepareDrop(std::move(after));
     case ChangeKind::Edit:
       return PrepareEdit(std::move(after));
     case ChangeKind::ChangeIcon:
@@ -157,6 +163,17 @@ std::optional<PreparedChange> Changes::PrepareAdd(KnownMenu menu) {
   menu.entries.push_back(entry);
   return PreparedChange{std::move(menu), wizard, IDC_FORM3_COMMAND5,
                         [this] { return WaitUntilUsable(); }};
+}
+
+PreparedChange Changes::PrepareDrop(KnownMenu menu) {
+  constexpr std::size_t kFiles = 3;
+  const std::string name = iconLibrary_.substr(iconLibrary_.find_last_of('\\') + 1);
+  menu.entries.insert(menu.entries.end(), kFiles, {name, iconLibrary_, "", "", "", "0"});
+  const std::vector<std::wstring> paths(kFiles, {iconLibrary_.begin(), iconLibrary_.end()});
+  return {std::move(menu), form2_, 0, [this] { return WaitUntilIdle(form2_); },
+          [this, paths](const std::function<void()>& before) {
+            DragTo(GetDlgItem(form2_, IDC_FORM2_LIST1), DragData::Files(paths), before);
+          }};
 }
 
 std::optional<PreparedChange> Changes::PrepareEdit(KnownMenu menu) {

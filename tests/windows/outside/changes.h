@@ -19,6 +19,7 @@ enum class ChangeKind {
   Delete,
   Separator,
   Add,
+  Drop,
   Edit,
   ChangeIcon,
   SaveAppearance,
@@ -38,8 +39,18 @@ struct PreparedChange {
   // What is left to do then, until the main window can be used again; false
   // when it cannot. Absent where there is nothing but the button.
   std::function<bool()> end;
+  // Present where it is the mouse that makes the program write. Calls its argument
+  // just before that.
+  std::function<void(const std::function<void()>&)> drag = {};
 
-  void Begin() const { Click(window, button); }
+  void Begin(const std::function<void()>& before = [] {}) const {
+    if (drag) {
+      drag(before);
+    } else {
+      before();
+      Click(window, button);
+    }
+  }
   bool Make() const {
     if (!end) {
       return Press(window, button);
@@ -54,7 +65,7 @@ struct PreparedChange {
 class Changes {
  public:
   // `iconLibrary` is a file with twelve icons. Entries whose target it is are
-  // those that get other icons.
+  // those that get other icons. It is what is dropped, too.
   Changes(const Program& program, HWND form2, std::mt19937_64& random, std::string iconLibrary);
 
   // Whether the menu has what such a change needs.
@@ -65,6 +76,7 @@ class Changes {
 
  private:
   std::optional<PreparedChange> PrepareAdd(testing_menus::KnownMenu menu);
+  PreparedChange PrepareDrop(testing_menus::KnownMenu menu);
   std::optional<PreparedChange> PrepareEdit(testing_menus::KnownMenu menu);
   std::optional<PreparedChange> PrepareChangeIcon(testing_menus::KnownMenu menu);
   std::optional<PreparedChange> PrepareSaveAppearance(testing_menus::KnownMenu menu);

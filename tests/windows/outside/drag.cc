@@ -15,6 +15,7 @@ struct Source {
   DragData* data;
   HWND target;
   DWORD thread;
+  const std::function<void()>& letsGo;
   DragResult result;
   std::atomic<int> looks = 0;  // how often the drag has told what a drop would do
   std::atomic<bool> begun = false;
@@ -97,6 +98,7 @@ DWORD WINAPI Hand(void* window) {
     PutMouseAt(end);
     Drag(what, end);
   }
+  what.letsGo();
   LARGE_INTEGER frequency{};
   LARGE_INTEGER now{};
   QueryPerformanceFrequency(&frequency);
@@ -147,7 +149,7 @@ LRESULT CALLBACK SourceProcedure(HWND window, UINT message, WPARAM wide, LPARAM 
 
 }  // namespace
 
-DragResult DragTo(HWND target, DragData* data) {
+DragResult DragTo(HWND target, DragData* data, const std::function<void()>& letsGo) {
   WNDCLASSA windowClass{};
   windowClass.lpfnWndProc = SourceProcedure;
   windowClass.hInstance = GetModuleHandleA(nullptr);
@@ -157,7 +159,7 @@ DragResult DragTo(HWND target, DragData* data) {
   RegisterClassA(&windowClass);
 
   WaitForFront(GetLastActivePopup(GetAncestor(target, GA_ROOT)));
-  Source source{data, target, GetCurrentThreadId(), {}};
+  Source source{data, target, GetCurrentThreadId(), letsGo, {}};
   // In a corner, where it covers nothing.
   const HWND window = CreateWindowExA(WS_EX_TOPMOST, "DragSource", "", WS_POPUP | WS_VISIBLE, 0, 0,
                                       80, 60, nullptr, nullptr, windowClass.hInstance, nullptr);

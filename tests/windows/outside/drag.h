@@ -5,6 +5,7 @@
 
 #include <ole2.h>
 
+#include <functional>
 #include <string>
 
 #include "tests/windows/drag_data.h"
@@ -23,8 +24,10 @@ struct DragResult {
 };
 
 // Drags the data with the mouse from a window of this process to the middle of
-// `target`, which may be of any process, and lets go. The data is released.
-DragResult DragTo(HWND target, DragData* data);
+// `target`, which may be of any process, and lets go. The data is released. Calls
+// `letsGo` just before, on another thread.
+DragResult DragTo(
+    HWND target, DragData* data, const std::function<void()>& letsGo = [] {});
 
 }  // namespace outside
 

@@ -1,6 +1,6 @@
-// The finished program is killed while it makes changes, and a whole menu must
-// be there each time: as it was or as it was to be, in the menu file or in a
-// scratch file.
+// The finished program is killed while it changes one of two menus in a folder. Each
+// time both must be there whole: as they were or as they were to be, in the menu file
+// or in a scratch file. What a kill leaves in the folder stays there.
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -23,18 +23,12 @@ using testing_menus::KnownMenu;
 
 namespace {
 
-constexpr std::array kListChanges = {ChangeKind::MoveUp,
-                                     ChangeKind::MoveDown,
-                                     ChangeKind::Delete,
-                                     ChangeKind::Separator,
-                                     ChangeKind::Add,
-                                     ChangeKind::Edit,
-                                     ChangeKind::ChangeIcon,
-                                     ChangeKind::SaveAppearance,
-                                     ChangeKind::Edit,
-                                     ChangeKind::ChangeIcon,
-                                     ChangeKind::SaveAppearance,
-                                     ChangeKind::ToDirectory};
+constexpr std::array kListChanges = {
+    ChangeKind::MoveUp,     ChangeKind::MoveDown,   ChangeKind::Delete,
+    ChangeKind::Separator,  ChangeKind::Add,        ChangeKind::Drop,
+    ChangeKind::Edit,       ChangeKind::ChangeIcon, ChangeKind::SaveAppearance,
+    ChangeKind::Edit,       ChangeKind::ChangeIcon, ChangeKind::SaveAppearance,
+    ChangeKind::ToDirectory};
 constexpr std::array kDirectoryChanges = {ChangeKind::SaveDirectory, ChangeKind::SaveDirectory,
                                           ChangeKind::ToList};
 
@@ -44,7 +38,8 @@ constexpr std::size_t kPictureSize = 6 << 20;
 constexpr std::size_t kArgumentsSize = 400 << 10;
 constexpr int kLongEntries = 15;
 
-constexpr int kMostUntilWriting = 40;
+// How many kills more there may be until each thing that counts has happened.
+constexpr int kMostMore = 60;
 
 // What else is interrupted, besides the changes.
 constexpr const char* kUpgrade = "upgrade";
@@ -52,9 +47,9 @@ constexpr const char* kRestore = "finish after a kill";
 
 struct Counts {
   int kills = 0;
-  int writing = 0;  // a scratch file was left
-  int cut = 0;      // the menu file was neither the old nor the new one
-  int asked = 0;    // the next start asked whether to finish the change
+  int left = 0;   // times that there was a scratch file afterwards
+  int cut = 0;    // the menu file was neither the old nor the new one
+  int asked = 0;  // the next start asked whether to finish the change
   int lost = 0;
 };
 
@@ -65,6 +60,17 @@ class KillTest : public OutsideTest {
   KillTest() : random_(outside::TestOptions().seed) {
     WriteBytes(library_, testing_icons::Library(testing_icons::Colours(12)));
   }
+
+  struct Subject {
+    std::string path;
+    KnownMenu menu;
+    // What the last change was to make of it, if that was interrupted.
+    KnownMenu after;
+    // How many changes this menu is still good for.
+    int left = 0;
+
+    std::string Bytes() const { return BytesOf(path); }
+  };
 
   bool Chance(std::uint64_t oneIn) { return random_() % oneIn == 0; }
 
@@ -88,8 +94,8 @@ class KillTest : public OutsideTest {
     return menu;
   }
 
-  void StartOn() {
-    program_ = std::make_unique<Program>(MenuPath(), folder());
+  void StartOn(const Subject& subject) {
+    program_ = std::make_unique<Program>(subject.path, folder());
     first_ = program_->WaitForFirst();
   }
 
@@ -99,27 +105,33 @@ class KillTest : public OutsideTest {
     return aim_.try_emplace(what + (byHost_ ? ", by the host" : ""), 50.0).first->second;
   }
 
-  // Kills the program while it does what `begin` makes it do. Half of the kills
-  // are Windows' own, which let a call end that has begun; half are of the host,
-  // which does not wait for anything.
-  void KillDuring(const std::string& what, const std::function<void()>& begin) {
-    byHost_ = Chance(2);
+  // Kills the program while it does what `begin` makes it do; that calls its argument
+  // just before. Half of the kills are Windows' own, which let a call end that has
+  // begun; half are of the host, which does not wait for anything.
+  using Begin = std::function<void(const std::function<void()>& before)>;
+  void KillDuring(const std::string& what, const Subject& subject, const Begin& begin,
+                  bool onlyByHost = false) {
+    byHost_ = onlyByHost || Chance(2);
     const double aim = AimAt(what);
     const double delay =
         std::uniform_real_distribution<>(Chance(4) ? 0 : 0.7 * aim, 1.3 * aim)(random_);
-    const int process = outside::HostProcess(MenuPath());
+    const int process = outside::HostProcess(subject.path);
     ASSERT_NE(process, 0);
     if (byHost_) {
       char command[100] = "";
       std::snprintf(command, sizeof command, "Z:\\bin\\bash -c \"sleep %.4f; kill -9 %d\"",
                     delay / 1000, process);
-      ASSERT_TRUE(outside::StartOnHost(command, folder()));
-      // Until the command runs; some kills come before the press, then.
-      Sleep(static_cast<DWORD>(random_() % 30));
-      begin();
+      // Until the command runs; some kills come before the change, then.
+      const auto start = static_cast<DWORD>(random_() % 30);
+      bool isStarted = false;
+      begin([&] {
+        isStarted = outside::StartOnHost(command, folder());
+        Sleep(start);
+      });
+      ASSERT_TRUE(isStarted);
       ASSERT_TRUE(program_->WaitForExit().has_value());
     } else {
-      begin();
+      begin([] {});
       LARGE_INTEGER frequency{};
       LARGE_INTEGER from{};
       QueryPerformanceFrequency(&frequency);
@@ -159,29 +171,56 @@ class KillTest : public OutsideTest {
            scratch.substr(0, description);
   }
 
-  // After a kill: the menu file is one of these, or a scratch file says how it gets
-  // to be the second.
-  void ExpectWhole(const std::string& what, const std::string& before, const std::string& after) {
-    const std::string menu = MenuBytes();
-    bool hasScratch = false;
-    bool isWhole = menu == before || menu == after;
-    counts_.cut += !isWhole;
-    byKind_[what].cut += !isWhole;
-    for (const char* name : {"temporaryfile", "zoltempfileoktodelete"}) {
-      if (Exists(PathOf(name))) {
-        hasScratch = true;
-        const std::string scratch = BytesOf(PathOf(name));
-        isWhole = isWhole || FinishedBy(scratch, menu) == after;
+  // The menu file is as it was or as it was to be, or a scratch file says how it gets
+  // to be that.
+  bool IsWhole(const Subject& subject, const std::string& before, const std::string& after) const {
+    const std::string menu = subject.Bytes();
+    if (menu == before || menu == after) {
+      return true;
+    }
+    for (const std::string& name : ScratchFiles()) {
+      if (FinishedBy(BytesOf(PathOf(name)), menu) == after) {
+        return true;
       }
     }
-    counts_.writing += hasScratch;
-    byKind_[what].writing += hasScratch;
-    if (!isWhole) {
-      ++counts_.lost;
-      ADD_FAILURE() << "after kill " << counts_.kills << ", during " << what
-                    << ", no whole menu is there; the menu file has " << menu.size()
-                    << " bytes, of " << before.size() << " before and " << after.size()
-                    << " after the change";
+    return false;
+  }
+
+  // All that begin with the name of one: a journal may have been put aside.
+  std::vector<std::string> ScratchFiles() const {
+    std::vector<std::string> names;
+    for (const char* pattern : {"temporaryfile*", "zoltempfileoktodelete*"}) {
+      WIN32_FIND_DATAA found{};
+      const HANDLE search = FindFirstFileA(PathOf(pattern).c_str(), &found);
+      for (BOOL is = search != INVALID_HANDLE_VALUE; is; is = FindNextFileA(search, &found)) {
+        names.push_back(found.cFileName);
+      }
+      if (search != INVALID_HANDLE_VALUE) {
+        FindClose(search);
+      }
+    }
+    return names;
+  }
+
+  void ExpectWhole(const std::string& what, const Subject& subject, const std::string& before,
+                   const std::string& after) {
+    const std::string menu = subject.Bytes();
+    const bool isCut = menu != before && menu != after;
+    counts_.cut += isCut;
+    byKind_[what].cut += isCut;
+    const bool hasScratch = !ScratchFiles().empty();
+    counts_.left += hasScratch;
+    byKind_[what].left += hasScratch;
+    const Subject& other = subjects_[&subject == &subjects_[0] ? 1 : 0];
+    for (const bool isWhole : {IsWhole(subject, before, after),
+                               IsWhole(other, other.menu.Bytes(), other.after.Bytes())}) {
+      if (!isWhole) {
+        ++counts_.lost;
+        ADD_FAILURE() << "after kill " << counts_.kills << ", during " << what << " in "
+                      << subject.path << ", no whole menu is there; the menu file has "
+                      << menu.size() << " bytes, of " << before.size() << " before and "
+                      << after.size() << " after the change";
+      }
     }
     // The next kills of this kind come nearer to the moment at which the menu file
     // is neither.
@@ -195,44 +234,70 @@ class KillTest : public OutsideTest {
            outside::Text(first_, outside::kMessageTextId).starts_with(sentence);
   }
 
-  // Starts the program after a kill. It asks, or the menu file is whole; in the
-  // end the menu file holds one of the two, which the result tells.
-  KnownMenu StartAgain(const KnownMenu& before, const KnownMenu& after) {
-    StartOn();
+  // Starts the program. It asks, or the menu file is whole; in the end the menu file
+  // is as it was or as the last change was to leave it.
+  void StartAgain(Subject& subject) {
+    const std::string before = subject.menu.Bytes();
+    const std::string after = subject.after.Bytes();
+    StartOn(subject);
     while (IsQuestion("The last change to the menu file was interrupted.")) {
       ++counts_.asked;
-      const auto finish = [this] { outside::Click(first_, IDYES); };
+      const Begin finish = [this](const auto& isAboutTo) {
+        isAboutTo();
+        outside::Click(first_, IDYES);
+      };
       if (Chance(4)) {
-        KillDuring(kRestore, finish);
-        ExpectWhole(kRestore, after.Bytes(), after.Bytes());
-        StartOn();
+        KillDuring(kRestore, subject, finish);
+        ExpectWhole(kRestore, subject, after, after);
+        StartOn(subject);
         continue;
       }
       const HWND question = first_;
-      finish();
+      finish([] {});
       outside::WaitUntil([&] { return !IsWindow(question); });
       first_ = program_->WaitForFirst();
-      EXPECT_EQ(Difference(MenuBytes(), after.Bytes()), "") << "the change was not finished";
+      EXPECT_EQ(Difference(subject.Bytes(), after), "") << "the change was not finished";
     }
     EXPECT_TRUE(first_ != nullptr && !Program::IsDialog(first_))
         << "no main window, but \"" << outside::Text(first_, outside::kMessageTextId) << '"';
-    const std::string menu = MenuBytes();
-    EXPECT_TRUE(menu == before.Bytes() || menu == after.Bytes()) << "the menu is not whole";
-    return menu == after.Bytes() ? after : before;
+    const std::string menu = subject.Bytes();
+    EXPECT_TRUE(menu == before || menu == after) << "the menu is not whole";
+    if (menu == after) {
+      subject.menu = subject.after;
+    } else {
+      subject.after = subject.menu;
+    }
   }
 
-  void KillDuringUpgrade(const KnownMenu& converted) {
-    const std::string old = converted.PreviousVersionBytes();
-    WriteBytes(MenuPath(), old);
-    StartOn();
+  void KillDuringUpgrade(Subject& subject) {
+    const std::string old = subject.menu.PreviousVersionBytes();
+    WriteBytes(subject.path, old);
+    StartOn(subject);
     ASSERT_TRUE(IsQuestion("The menu file is invalid or a previous version."));
-    KillDuring(kUpgrade, [this] { outside::Click(first_, IDYES); });
-    ExpectWhole(kUpgrade, old, converted.Bytes());
+    KillDuring(kUpgrade, subject, [this](const auto& before) {
+      before();
+      outside::Click(first_, IDYES);
+    });
+    ExpectWhole(kUpgrade, subject, old, subject.menu.Bytes());
     // A start asks again, if nothing was done.
-    if (MenuBytes() == old) {
-      WriteBytes(MenuPath(), converted.Bytes());
+    if (subject.Bytes() == old) {
+      WriteBytes(subject.path, subject.menu.Bytes());
     }
-    StartAgain(converted, converted);
+  }
+
+  // Puts a new menu in the place of one that has been changed often enough.
+  void Renew(Subject& subject) {
+    subject.left = 8;
+    subject.menu = NewMenu();
+    const bool isOld = !subject.menu.isDirectory && Chance(2);
+    if (isOld) {
+      subject.menu.picture = defaultPicture_;
+    }
+    subject.after = subject.menu;
+    WriteBytes(subject.path, subject.menu.Bytes());
+    if (isOld) {
+      KillDuringUpgrade(subject);
+    }
   }
 
   ChangeKind RandomChange(const Changes& changes, const KnownMenu& menu) {
@@ -240,27 +305,58 @@ class KillTest : public OutsideTest {
       const ChangeKind kind = menu.isDirectory
                                   ? kDirectoryChanges[random_() % kDirectoryChanges.size()]
                                   : kListChanges[random_() % kListChanges.size()];
-      if (changes.IsPossible(kind, menu)) {
+      // The icon change writes over a scratch file that is there, and what is longer
+      // of that becomes a part of the menu.
+      const bool wouldTakeOver =
+          kind == ChangeKind::ChangeIcon && Exists(PathOf("zoltempfileoktodelete"));
+      if (!wouldTakeOver && changes.IsPossible(kind, menu)) {
         return kind;
       }
     }
   }
 
+  // A menu is changed some times and then once more, until the program is killed.
+  void ChangeAndKill(Subject& subject) {
+    Changes changes(*program_, first_, random_, library_);
+    for (auto whole = random_() % 3; whole > 0; --whole) {
+      const ChangeKind kind = RandomChange(changes, subject.menu);
+      const std::optional<PreparedChange> change = changes.Prepare(kind, subject.menu);
+      ASSERT_TRUE(change.has_value()) << NameOf(kind);
+      ASSERT_TRUE(change->Make()) << NameOf(kind);
+      subject.menu = subject.after = change->after;
+      ASSERT_EQ(Difference(subject.Bytes(), subject.menu.Bytes()), "") << NameOf(kind);
+    }
+    const ChangeKind kind = RandomChange(changes, subject.menu);
+    const std::optional<PreparedChange> change = changes.Prepare(kind, subject.menu);
+    ASSERT_TRUE(change.has_value()) << NameOf(kind);
+    subject.after = change->after;
+    KillDuring(
+        NameOf(kind), subject, [&](const auto& before) { change->Begin(before); },
+        change->drag != nullptr);
+    ExpectWhole(NameOf(kind), subject, subject.menu.Bytes(), subject.after.Bytes());
+  }
+
+  bool HasSeenAll() const { return counts_.left > 0 && counts_.cut > 0 && counts_.asked > 0; }
+
   void PrintCounts() {
     for (const auto& [what, counts] : byKind_) {
-      std::printf("%-20s %4d kills, %4d while writing, %4d menu files cut\n", what.c_str(),
-                  counts.kills, counts.writing, counts.cut);
+      std::printf("%-20s %4d kills, %4d left a scratch file, %4d menu files cut\n", what.c_str(),
+                  counts.kills, counts.left, counts.cut);
     }
     std::printf(
-        "Counted: %d kills, %d of them while writing, %d menu files cut, %d finished by the next "
+        "Counted: %d kills, %d left a scratch file, %d menu files cut, %d finished by the next "
         "start, %d lost (--seed=%llu)\n",
-        counts_.kills, counts_.writing, counts_.cut, counts_.asked, counts_.lost,
+        counts_.kills, counts_.left, counts_.cut, counts_.asked, counts_.lost,
         static_cast<unsigned long long>(outside::TestOptions().seed));
     std::fflush(stdout);
   }
 
   std::mt19937_64 random_;
   const std::string library_ = PathOf("twelve.dll");
+  const std::string defaultPicture_ =
+      BytesOf(outside::BuildFolder() + "\\..\\resources\\default_menu.ico");
+  std::array<Subject, 2> subjects_{
+      {{PathOf("one.menu"), {}, {}}, {PathOf("another.menu"), {}, {}}}};
   std::unique_ptr<Program> program_;
   HWND first_ = nullptr;
   bool byHost_ = false;  // the last kill
@@ -269,54 +365,35 @@ class KillTest : public OutsideTest {
   std::map<std::string, Counts> byKind_;
 };
 
-TEST_F(KillTest, AWholeMenuIsThereAfterEachKill) {
-  const std::string defaultPicture =
-      BytesOf(outside::BuildFolder() + "\\..\\resources\\default_menu.ico");
-  ASSERT_EQ(defaultPicture.size(), 2238U);
+TEST_F(KillTest, BothMenusAreWholeAfterEachKill) {
+  ASSERT_EQ(defaultPicture_.size(), 2238U);
   std::printf("--seed=%llu\n", static_cast<unsigned long long>(outside::TestOptions().seed));
-  KnownMenu menu;
-  // The changes that one menu is good for.
-  int left = 0;
+  for (Subject& subject : subjects_) {
+    WriteBytes(subject.path, subject.menu.Bytes());
+  }
+  const int kills = outside::TestOptions().kills;
   // Kills that never interrupt the writing would prove nothing.
-  while ((counts_.kills < outside::TestOptions().kills ||
-          (counts_.writing == 0 && counts_.kills < kMostUntilWriting)) &&
+  while ((counts_.kills < kills || (!HasSeenAll() && counts_.kills < kills + kMostMore)) &&
          !HasFailure()) {
-    if (left-- == 0 || (!menu.isDirectory && menu.entries.size() < kLongEntries)) {
-      left = 8;
+    Subject& subject = subjects_[random_() % subjects_.size()];
+    StartAgain(subject);
+    if (subject.left-- == 0 ||
+        (!subject.menu.isDirectory && subject.menu.entries.size() < kLongEntries)) {
       program_.reset();
-      menu = NewMenu();
-      if (!menu.isDirectory && Chance(2)) {
-        menu.picture = defaultPicture;
-        KillDuringUpgrade(menu);
-      } else {
-        WriteBytes(MenuPath(), menu.Bytes());
-        menu = StartAgain(menu, menu);
-      }
-      if (HasFailure()) {
-        break;
+      Renew(subject);
+      if (!HasFailure()) {
+        StartAgain(subject);
       }
     }
-    // An edit that was killed before it touched the menu leaves its scratch file. A
-    // menu that loses its last entries afterwards is a beginning of that one, as if
-    // it had been cut, and the next start would ask.
-    DeleteFileA(PathOf("zoltempfileoktodelete").c_str());
-    Changes changes(*program_, first_, random_, library_);
-    for (auto whole = random_() % 3; whole > 0; --whole) {
-      const ChangeKind kind = RandomChange(changes, menu);
-      const std::optional<PreparedChange> change = changes.Prepare(kind, menu);
-      ASSERT_TRUE(change.has_value()) << NameOf(kind);
-      ASSERT_TRUE(change->Make()) << NameOf(kind);
-      menu = change->after;
-      ASSERT_EQ(Difference(MenuBytes(), menu.Bytes()), "") << NameOf(kind);
+    if (!HasFailure()) {
+      ChangeAndKill(subject);
     }
-    const ChangeKind kind = RandomChange(changes, menu);
-    const std::optional<PreparedChange> change = changes.Prepare(kind, menu);
-    ASSERT_TRUE(change.has_value()) << NameOf(kind);
-    KillDuring(NameOf(kind), [&] { change->Begin(); });
-    ExpectWhole(NameOf(kind), menu.Bytes(), change->after.Bytes());
-    menu = StartAgain(menu, change->after);
+  }
+  for (Subject& subject : subjects_) {
+    StartAgain(subject);
+    program_.reset();
   }
   PrintCounts();
   EXPECT_EQ(counts_.lost, 0);
-  EXPECT_GT(counts_.writing, 0);
+  EXPECT_TRUE(HasSeenAll());
 }
