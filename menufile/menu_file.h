@@ -120,7 +120,6 @@ class MenuFile {
   // menufile/restore.cc
   std::string MenuName();
   std::vector<std::string> PlacesToLook();
-  std::optional<Journal> JournalOfThisMenu(const std::string& scratchFile);
   // All journals of this menu, the latest first. Journals with the same serial are
   // copies. If `mayFail` is true, files that cannot be read are skipped.
   std::vector<Found> FindJournals(bool mayFail);

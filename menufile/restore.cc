@@ -2,6 +2,7 @@
 // and before each change.
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 #include "menufile/failure.h"
 #include "menufile/file_window.h"
@@ -62,16 +63,10 @@ std::vector<std::string> MenuFile::PlacesToLook() {
   return paths;
 }
 
-std::optional<Journal> MenuFile::JournalOfThisMenu(const std::string& scratchFile) {
-  std::optional<Journal> journal;
-  if (const std::unique_ptr<File> file = files_.OpenIfThere(scratchFile)) {
-    journal = ReadJournal(*file, files_.BlockSize());
-  }
-  return journal && journal->menu == MenuName() ? journal : std::nullopt;
-}
-
 std::vector<MenuFile::Found> MenuFile::FindJournals(bool mayFail) {
   std::vector<Found> found;
+  // A file has two paths here if the menu stands in the current directory.
+  std::set<std::string> names;
   for (const std::string& prefix : PlacesToLook()) {
     std::vector<std::string> paths;
     try {
@@ -86,8 +81,12 @@ std::vector<MenuFile::Found> MenuFile::FindJournals(bool mayFail) {
         continue;
       }
       try {
-        std::optional<Journal> journal = JournalOfThisMenu(path);
-        if (journal) {
+        const std::unique_ptr<File> file = files_.OpenIfThere(path);
+        if (file == nullptr || !names.insert(file->FullName()).second) {
+          continue;
+        }
+        std::optional<Journal> journal = ReadJournal(*file, files_.BlockSize());
+        if (journal && journal->menu == MenuName()) {
           found.push_back({path, std::move(*journal)});
         }
       } catch (const Failure&) {

@@ -2,6 +2,7 @@
 // finishing them: one named damage a test.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -154,6 +155,27 @@ TEST(CutShort, BelongsToItsMenuOnly) {
 }
 
 // Everything that another menu may do in the same folder.
+// A scratch file is found by two paths where the menu stands in the current folder.
+TEST(CutShort, IsFinishedOnceInTheCurrentFolder) {
+  const std::string path = "C:\\current\\a.menu";
+  MemoryFiles files;
+  files.Put(path, UserMenu(4));
+  const auto edit = [&path](MemoryFiles& in) { Make(in, path, SampleChange(Kind::Edit, 1)); };
+  MemoryFiles whole(files.Everything());
+  edit(whole);
+  const auto& log = whole.log();
+  const auto cut = std::find(log.begin(), log.end(), "truncate to 0: " + path);
+  ASSERT_NE(log.end(), cut);
+  files.SetFault({static_cast<std::size_t>(cut - log.begin()) + 1, Fault::Kind::EndsProcess,
+                  Fault::Done::All});
+  EXPECT_THROW(edit(files), ProcessEnded);
+  // The copy that is left where putting the journal aside was cut short.
+  MemoryFiles next(files.Everything());
+  next.Put("zoltempfileoktodelete-1", files.Get("zoltempfileoktodelete").value());
+  EXPECT_EQ(whole.Get(path), FinishedByTheNextStart(next, path));
+  EXPECT_EQ(whole.Everything(), next.Everything());
+}
+
 TEST(CutShort, SurvivesEveryChangeOfAnotherMenu) {
   for (const Kind cutBy : {Kind::Edit, Kind::MoveUp}) {
     for (int kind = 0; kind <= kUserChanges + 1; ++kind) {
