@@ -50,18 +50,18 @@ constexpr win32::Route<Form2> kRoutes[] = {
 
 // The tabs in their order, and the page of each but the first, whose page
 // depends on the type of the menu.
-constexpr const wchar_t* kTabs[] = {L"Contents", L"Appearance", L"About"};
+constexpr const wchar_t* kTabNames[] = {L"Contents", L"Appearance", L"About"};
 constexpr Page kTabPages[] = {kItemPage, kAppearancePage, kAboutPage};
 
 }  // namespace
 
 Form2::Form2(std::string menuFilePath, menufile::FileSystem& files)
     : Form(kForm2Plan, nullptr, kItemPage), menu_(files, std::move(menuFilePath)) {
-  for (const wchar_t* tab : kTabs) {
+  for (const wchar_t* tab : kTabNames) {
     TCITEMW item{};
     item.mask = TCIF_TEXT;
     item.pszText = const_cast<wchar_t*>(tab);
-    SendMessageW(Control(IDC_FORM2_SSTAB1), TCM_INSERTITEMW, std::size(kTabs),
+    SendMessageW(Control(IDC_FORM2_SSTAB1), TCM_INSERTITEMW, std::size(kTabNames),
                  reinterpret_cast<LPARAM>(&item));
   }
   items_.Attach(Control(IDC_FORM2_LIST1));
@@ -220,7 +220,7 @@ bool Form2::OnKey(const MSG& message) {
     return false;
   }
   const HWND tabs = Control(IDC_FORM2_SSTAB1);
-  const int count = static_cast<int>(std::size(kTabs));
+  const int count = static_cast<int>(std::size(kTabNames));
   const int tab = static_cast<int>(SendMessageW(tabs, TCM_GETCURSEL, 0, 0));
   SelectTab((tab + step + count) % count);
   SetFocus(tabs);
