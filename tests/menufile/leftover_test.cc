@@ -15,18 +15,6 @@ namespace {
 using namespace std::string_literals;
 using Kind = UserChange::Kind;
 
-constexpr Kind kEveryKind[] = {Kind::Keep,
-                               Kind::MoveUp,
-                               Kind::MoveDown,
-                               Kind::Delete,
-                               Kind::Separator,
-                               Kind::Edit,
-                               Kind::ChangeIcon,
-                               Kind::SaveAppearance,
-                               Kind::SaveDirectory,
-                               Kind::SwitchToDirectory,
-                               Kind::SwitchToUserDefined};
-
 class Leftover : public testing::TestWithParam<Kind> {
  protected:
   Leftover() : operation_(SampleChange(GetParam(), 1)), scratch_(ScratchFileOf(GetParam())) {

@@ -22,17 +22,6 @@ using Kind = UserChange::Kind;
 
 constexpr const char* kOther = "C:\\menus\\b.menu";
 
-constexpr Kind kRewrites[] = {Kind::MoveUp,
-                              Kind::MoveDown,
-                              Kind::Delete,
-                              Kind::Separator,
-                              Kind::Edit,
-                              Kind::ChangeIcon,
-                              Kind::SaveAppearance,
-                              Kind::SaveDirectory,
-                              Kind::SwitchToDirectory,
-                              Kind::SwitchToUserDefined};
-
 bool IsAsked(FileSystem& files, const std::string& path = kMenuPath) {
   return MenuFile(files, path).WasCutShort();
 }
@@ -81,7 +70,7 @@ struct Cut {
 };
 
 TEST(CutShort, EveryChangeIsFinishedByTheNextStart) {
-  for (const Kind kind : kRewrites) {
+  for (const Kind kind : kEditorKinds) {
     const bool isPointer = kind == Kind::SaveDirectory || kind == Kind::SwitchToUserDefined;
     Cut cut(kind, isPointer ? DirectoryMenu() : UserMenu(4));
     EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next)) << NameOf(kind);
@@ -233,7 +222,7 @@ TEST(CutShort, SurvivesAYesThatFails) {
 
 // A second window, whose list is still full, makes any change.
 TEST(CutShort, IsFinishedFirstByASecondWindow) {
-  for (const Kind kind : kRewrites) {
+  for (const Kind kind : kEditorKinds) {
     for (const Kind cutBy : {Kind::Delete, Kind::Edit}) {
       for (const std::size_t missing : {1u, 50u, 300u}) {
         Cut cut(cutBy);
@@ -325,7 +314,7 @@ TEST(CutShort, TheLaterOfTwoIsFinished) {
 
 // After a power cut a file that was deleted may be there again.
 TEST(CutShort, IsNotSeenByAJournalThatCameBack) {
-  for (const Kind first : kRewrites) {
+  for (const Kind first : kEditorKinds) {
     for (const Kind second : {Kind::MoveUp, Kind::Edit, Kind::SaveAppearance}) {
       for (const bool isSecondWindow : {false, true}) {
         MemoryFiles files;
@@ -470,7 +459,7 @@ TEST(CutShort, IsFinishedFirstWhereItWasPutAside) {
 }
 
 TEST(Replace, LeavesTheMenuWhereTheDiskHasNoRoom) {
-  for (const Kind kind : kRewrites) {
+  for (const Kind kind : kEditorKinds) {
     MemoryFiles files;
     const std::string menu = kind == Kind::SwitchToUserDefined ? DirectoryMenu() : UserMenu(4);
     files.Put(kMenuPath, menu);
@@ -530,7 +519,7 @@ TEST(Replace, LeavesTheDescriptionInAScratchFileThatStays) {
 
 // The entries of another, longer menu must not end up after this one's.
 TEST(Replace, TakesNothingFromAMenuThatStaysInTheScratchFile) {
-  for (const Kind kind : kRewrites) {
+  for (const Kind kind : kEditorKinds) {
     MemoryFiles clean;
     const bool isPointer = kind == Kind::SaveDirectory || kind == Kind::SwitchToUserDefined;
     clean.Put(kMenuPath, isPointer ? DirectoryMenu() : UserMenu(4));

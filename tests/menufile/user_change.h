@@ -2,6 +2,8 @@
 #define CORVALIS_TESTS_MENUFILE_USER_CHANGE_H_
 
 #include <cstddef>
+#include <iterator>
+#include <span>
 #include <string>
 
 #include "menufile/changes.h"
@@ -34,7 +36,21 @@ struct UserChange {
   Directory directory;          // SaveDirectory
 };
 
-inline constexpr int kUserChanges = static_cast<int>(UserChange::Kind::SwitchToUserDefined) + 1;
+inline constexpr UserChange::Kind kEveryKind[] = {UserChange::Kind::Keep,
+                                                  UserChange::Kind::MoveUp,
+                                                  UserChange::Kind::MoveDown,
+                                                  UserChange::Kind::Delete,
+                                                  UserChange::Kind::Separator,
+                                                  UserChange::Kind::Edit,
+                                                  UserChange::Kind::ChangeIcon,
+                                                  UserChange::Kind::SaveAppearance,
+                                                  UserChange::Kind::SaveDirectory,
+                                                  UserChange::Kind::SwitchToDirectory,
+                                                  UserChange::Kind::SwitchToUserDefined};
+// Those that the editor has, too: all but Keep.
+inline constexpr auto kEditorKinds = std::span(kEveryKind).subspan<1>();
+
+inline constexpr int kUserChanges = static_cast<int>(std::size(kEveryKind));
 
 // For messages of tests: "MoveUp".
 const char* NameOf(UserChange::Kind kind);
