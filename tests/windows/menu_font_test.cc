@@ -8,6 +8,7 @@
 #include <string>
 
 #include "tests/windows/appearance_test_base.h"
+#include "tests/windows/code_pages.h"
 #include "tests/windows/replaced_import.h"
 
 namespace {
@@ -59,6 +60,40 @@ class MenuFontTest : public AppearanceTestBase {
     Select(dialog, box, row);
   }
 
+  // Change Font with a dialog that takes any face and size, as Wine's does not.
+  // Windows gives the size in tenths of a point, too.
+  void TypeInFontDialog(const std::wstring& typedFace, const std::wstring& typedSize, int tenths) {
+    static std::function<void(CHOOSEFONTW&)> choose;
+    static decltype(GetProcAddress)* find;
+    static constexpr auto chooseFont = +[](CHOOSEFONTW* font) -> BOOL {
+      choose(*font);
+      return TRUE;
+    };
+    choose = [&](CHOOSEFONTW& font) {
+      const HWND dialog =
+          CreateWindowW(L"Static", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+      for (const int box : {kFace, kStyle, kSize}) {
+        CreateWindowW(L"Edit", L"box", WS_CHILD, 0, 0, 9, 9, dialog,
+                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(box)), nullptr, nullptr);
+      }
+      font.lpfnHook(dialog, WM_INITDIALOG, 0, reinterpret_cast<LPARAM>(&font));
+      SetWindowTextW(GetDlgItem(dialog, kFace), typedFace.c_str());
+      SetWindowTextW(GetDlgItem(dialog, kSize), typedSize.c_str());
+      SendMessageW(dialog, WM_COMMAND, IDOK, 0);
+      DestroyWindow(dialog);
+      lstrcpynW(font.lpLogFont->lfFaceName, typedFace.c_str(), LF_FACESIZE);
+      font.iPointSize = tenths;
+    };
+    const ReplacedImport import(
+        "GetProcAddress", +[](HMODULE library, const char* name) -> FARPROC {
+          return std::strcmp(name, "ChooseFontW") == 0
+                     ? reinterpret_cast<FARPROC>(reinterpret_cast<void*>(chooseFont))
+                     : find(library, name);
+        });
+    find = import.Former<decltype(GetProcAddress)>();
+    Press(IDC_FORM2_COMMAND6);
+  }
+
   LOGFONTA SampleFont() {
     LOGFONTA font{};
     GetObjectA(reinterpret_cast<HGDIOBJ>(SendMessageA(Control(IDC_FORM2_TEXT3), WM_GETFONT, 0, 0)),
@@ -105,33 +140,26 @@ TEST_F(MenuFontTest, OnceTouchedTheDialogGivesAllThatItShows) {
   EXPECT_EQ(SavedLine(), "0,\"Liberation Mono\"," + size + ",-1,0\r\n");
 }
 
-// The dialog of Wine takes no size that is typed.
 TEST_F(MenuFontTest, ASizeBetweenTwoPointsCanBeTyped) {
-  static decltype(GetProcAddress)* find;
-  static constexpr auto typeTenAndAHalf = +[](CHOOSEFONTW* font) -> BOOL {
-    const HWND dialog =
-        CreateWindowW(L"Static", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
-    for (const int box : {kFace, kStyle, kSize}) {
-      CreateWindowW(L"Edit", L"box", WS_CHILD, 0, 0, 9, 9, dialog,
-                    reinterpret_cast<HMENU>(static_cast<INT_PTR>(box)), nullptr, nullptr);
-    }
-    font->lpfnHook(dialog, WM_INITDIALOG, 0, reinterpret_cast<LPARAM>(font));
-    SetWindowTextW(GetDlgItem(dialog, kSize), L"10.5");
-    SendMessageW(dialog, WM_COMMAND, IDOK, 0);
-    DestroyWindow(dialog);
-    font->iPointSize = 105;
-    return TRUE;
-  };
   OpenPage(Menu("0,\"Liberation Sans\",8.25,-1,0\r\n"));
-  const ReplacedImport import(
-      "GetProcAddress", +[](HMODULE library, const char* name) -> FARPROC {
-        return std::strcmp(name, "ChooseFontW") == 0
-                   ? reinterpret_cast<FARPROC>(reinterpret_cast<void*>(typeTenAndAHalf))
-                   : find(library, name);
-      });
-  find = import.Former<decltype(GetProcAddress)>();
-  Press(IDC_FORM2_COMMAND6);
+  TypeInFontDialog(L"Liberation Sans", L"10.5", 105);
   EXPECT_EQ(SavedLine(), "0,\"Liberation Sans\",10.5,-1,0\r\n");
+}
+
+TEST_F(MenuFontTest, AFaceWhoseNameTheCodePageCannotHoldIsRefused) {
+  const testing_pages::Page& page = testing_pages::ThisPage();
+  const std::string line = "0,\"Liberation Sans\",8.25,-1,0\r\n";
+  OpenPage(Menu(line));
+  TypeInFontDialog(page.held + page.other, L"20", 200);
+  ASSERT_EQ(answers.Shown().size(), 1U);
+  EXPECT_EQ(answers.Shown()[0].title, "Error!");
+  EXPECT_EQ(answers.Shown()[0].wideText,
+            L"Font " + page.held + page.other +
+                L" cannot be used. Its name has characters that a menu file cannot hold.");
+  EXPECT_STREQ(SampleFont().lfFaceName, "Liberation Sans");
+  EXPECT_EQ(SavedLine(), line);
+  TypeInFontDialog(page.held, L"20", 200);
+  EXPECT_EQ(SavedLine(), "0,\"" + page.bytes + "\",20,-1,0\r\n");
 }
 
 TEST_F(MenuFontTest, TheDialogStartsWithNoMorePointsThanTheSampleShows) {
