@@ -34,7 +34,10 @@ use_wine_prefix() {
   fi
   # Wine links Desktop, Documents and so on to the user's folders. Tests must not use
   # those.
+  # They run in English and code page 1252, until tools/code_page.sh, within their
+  # session, asks for another one.
   if [ "$1" = test ]; then
+    [ -n "${CORVALIS_WINE_SESSION:-}" ] || export LC_ALL=C.UTF-8
     export HOME=$build_dir/wine/home
     mkdir -p "$HOME"
   fi

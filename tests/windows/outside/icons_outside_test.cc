@@ -93,7 +93,7 @@ TEST_F(IconsOutsideTest, SavesFontAndSmallIcons) {
   ASSERT_NE(dialog, nullptr);
   EXPECT_EQ(outside::Text(dialog, cmb1), "Liberation Sans");
   EXPECT_EQ(outside::Text(dialog, cmb3), "8");
-  ChooseFont(dialog, "Liberation Mono", "Bold", "16");
+  ChooseFont(dialog, "Liberation Mono", kBold, "16");
   Press(IDC_FORM2_CHECK1);
   outside::Click(form2(), IDC_FORM2_COMMAND12);
   Confirm("Corvalis Edit", kSaved);

@@ -121,19 +121,21 @@ HWND OutsideTest::OpenFontDialog() {
   return WaitForDialog("Select Font");
 }
 
-void OutsideTest::ChooseFont(HWND dialog, const char* name, const char* style, const char* size) {
-  const auto select = [&](int box, const char* text) {
+void OutsideTest::ChooseFont(HWND dialog, const char* name, int styleRow, const char* size) {
+  const auto find = [&](int box, const char* text) {
+    return SendDlgItemMessageA(dialog, box, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                               reinterpret_cast<LPARAM>(text));
+  };
+  const auto select = [&](int box, LRESULT row) {
     const HWND combo = GetDlgItem(dialog, box);
-    const LRESULT row = SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                     reinterpret_cast<LPARAM>(text));
-    ASSERT_NE(row, CB_ERR) << text;
+    ASSERT_NE(row, CB_ERR) << box;
     SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
     SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(box, CBN_SELCHANGE),
                  reinterpret_cast<LPARAM>(combo));
   };
-  select(cmb1, name);
-  select(cmb2, style);
-  select(cmb3, size);
+  select(cmb1, find(cmb1, name));
+  select(cmb2, styleRow);
+  select(cmb3, find(cmb3, size));
   outside::Click(dialog, IDOK);
   EXPECT_TRUE(program_->WaitUntilGone("#32770"));
 }

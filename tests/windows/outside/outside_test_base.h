@@ -55,8 +55,10 @@ class OutsideTest : public ::testing::Test {
   void ShowAppearancePage();
   void ClickPreview();
   HWND OpenFontDialog();
-  // By the rows of its lists.
-  void ChooseFont(HWND dialog, const char* name, const char* style, const char* size);
+  // By the rows of its lists. The texts of the styles are in the user's language.
+  static constexpr int kBold = 2;
+  static constexpr int kBoldItalic = 3;
+  void ChooseFont(HWND dialog, const char* name, int styleRow, const char* size);
 
   // Closes the window; the program ends with exit code 0 and leaves nothing.
   void ExpectCleanEnd();

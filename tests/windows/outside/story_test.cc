@@ -163,7 +163,7 @@ class StoryTest : public OutsideTest {
     const HWND dialog = OpenFontDialog();
     ASSERT_NE(dialog, nullptr);
     Photograph("font_dialog");
-    ChooseFont(dialog, "Liberation Mono", "Bold Italic", "14");
+    ChooseFont(dialog, "Liberation Mono", kBoldItalic, "14");
     ChooseFile(form2(), IDC_FORM2_COMMAND10, kIconFileTitle, library_);
     EXPECT_TRUE(WaitForText(form2(), IDC_FORM2_LABEL8, "12 Icons"));
     ScrollTo(form2(), IDC_FORM2_HSCROLL1, 5);
