@@ -6,8 +6,7 @@
 #include <string>
 #include <string_view>
 
-// Splits the bytes of a fuzz target into what it needs. What is missing at
-// their end counts as zero.
+// Reads values from the bytes of a fuzz target. Bytes after the end count as 0.
 class FuzzInput {
  public:
   FuzzInput(const std::uint8_t* data, std::size_t size)
@@ -24,7 +23,7 @@ class FuzzInput {
     return byte;
   }
 
-  // A byte with the length, then as many bytes.
+  // Reads a byte with the length, then as many bytes.
   std::string Text() {
     const std::size_t size = Byte();
     const std::string text(left_.substr(0, size));

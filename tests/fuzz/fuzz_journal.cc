@@ -1,10 +1,10 @@
-// Any bytes as a scratch file beside any menu: nothing but what the checksum of a
-// journal covers makes the program ask, and what it does then keeps every copy of a
-// menu that somebody may still want.
+// Takes any bytes as a scratch file beside any menu. The program must ask about an
+// interrupted change only if the scratch file has a complete journal of this menu. After
+// the answer, no journal that somebody may still need is lost.
 //
-// The input is flags, the parts of a journal, what is wrong with its bytes, a change
-// to the menu; the rest is the menu file. Without a journal the first text is all of
-// the scratch file.
+// The input is flags, the parts of a journal, changes to its bytes, and a change to the
+// menu; the rest is the menu file. Without a journal, the first text is the whole scratch
+// file.
 #include <algorithm>
 #include <cstdint>
 #include <optional>
@@ -78,7 +78,7 @@ ChangeResult MakeChange(MenuFile& menu, int kind, std::size_t row) {
   return AddEntries(menu, {SampleChange(UserChange::Kind::Edit).texts}, kind == kUserChanges);
 }
 
-// Some file has a whole journal with what that one has.
+// True if a file has a complete journal with the same contents.
 bool IsKept(const PlainJournal& journal, const MemoryFiles& files) {
   const MemoryFiles::Disk disk = files.Everything();
   return std::any_of(disk.begin(), disk.end(), [&](const auto& file) {
@@ -96,7 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto kind = static_cast<int>(input.Byte() % (kUserChanges + 2));
   const std::size_t row = input.Byte();
   const std::size_t cutAt = input.Byte();
-  // The journal is read before the menu, which is what is left of the input.
+  // The menu is the rest of the input, so it is read after a first look at the journal.
   FuzzInput afterJournal = input;
   ReadScratchFile(afterJournal, flags, {});
   std::string before = afterJournal.Rest();
@@ -121,10 +121,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool asks = window.WasCutShort();
   const bool isOwn = journal && journal->menu == kMenu;
   const bool isFinished = isOwn && before == journal->FinishedFrom(before);
-  Require(!asks || isOwn, "only a whole journal of this menu is asked about");
-  Require(!asks || !isFinished, "what is finished is not asked about");
+  Require(!asks || isOwn, "the program asks only about a complete journal of this menu");
+  Require(!asks || !isFinished, "the program does not ask about a finished change");
   if (isOwn && journal->keptSize == 0 && !journal->description.empty()) {
-    Require(asks == !isFinished, "a change that was cut short is asked about");
+    Require(asks == !isFinished, "the program asks about an interrupted change");
   }
   Require(files.Get(kMenu) == before, "a question changes nothing");
   if (asks && (flags & kAnswersYes) != 0) {
@@ -140,16 +140,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   try {
     result = MakeChange(window, kind, row);
   } catch (const Failure&) {
-    // The menu has no such entry, or is none.
+    // The menu has no such entry, or the file is no menu.
   }
-  Require(!window.HasUnfinished(), "nothing fails halfway");
+  Require(!window.HasUnfinished(), "no change is left unfinished");
   if (result == ChangeResult::Failed) {
     Require(files.Get(kMenu) == before, "a change that fails changes nothing");
   }
   Require(result != ChangeResult::EarlierFinished, "the user has said No");
   if (journal && (asks || !isOwn)) {
-    // Where another folder's scratch file is, only its own menu touches it.
-    Require(IsKept(*journal, files), "what nobody wanted to finish is kept");
+    Require(IsKept(*journal, files), "a journal that was not finished is kept");
   }
   return 0;
 }

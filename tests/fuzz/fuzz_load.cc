@@ -1,6 +1,5 @@
-// Any bytes as a menu file: loading ends in a menu, the upgrade question or a
-// failure, in the one that a plain reading of the bytes ends in; and so it does
-// once the file was converted.
+// Loads any bytes as a menu file. Loading has to end like LoadLiterally(): with a menu,
+// the upgrade question or a failure. The converted file has to load like that, too.
 #include <cstdint>
 #include <string_view>
 

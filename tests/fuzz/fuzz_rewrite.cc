@@ -1,8 +1,8 @@
-// Any operation on any menu file, with any scratch file left from before: the
-// rewrite leaves the same bytes as the literal one.
+// Makes any change to any menu file, with any old scratch file. The rewrite has to leave
+// the same bytes as RewriteLiterally().
 //
-// The input is the operation's kind, its row, flags, the leftover and, where the
-// flags say so, the texts of the operation; the rest is the menu file.
+// The input is the kind of the change, its row, flags, the old scratch file and, if the
+// flags say so, the texts of the change. The rest is the menu file.
 #include <cstdint>
 #include <cstdio>
 #include <optional>
@@ -30,7 +30,7 @@ void ReadTexts(FuzzInput& input, UserChange& operation) {
         &operation.directory.filePattern}) {
     *text = input.Text();
   }
-  // What stands in these is a number in every case.
+  // These are always numbers.
   operation.iconIndex = std::to_string(input.Byte());
   operation.appearance.smallIcons = input.Byte() % 2 == 1;
 }

@@ -1,8 +1,8 @@
-// Any menu that can be written: what the writers make of it loads as the same
-// menu, and a rewrite that changes nothing gives back the same bytes.
+// Writes any menu that can be written. It has to load as the same menu, and a rewrite
+// without a change has to give the same bytes.
 //
 // The input is a byte with flags, the picture, the font name, and then the texts
-// and numbers of the entries; each text has its length in front.
+// and numbers of the entries; each text comes after its length.
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -48,8 +48,7 @@ std::string Number(FuzzInput& input) {
 std::string ToldText(const std::string& text) { return "T:" + text; }
 std::string ToldNumber(const std::string& text) { return text.empty() ? "E" : "N:" + text; }
 
-// Whether loader and writers find the marker line behind the picture, and not
-// in it.
+// True if loader and writers find the marker after the picture, and not in it.
 bool EndsAtMarker(const std::string& picture) {
   const std::string bytes = picture + std::string(kMarker);
   MenuReader loading(bytes, "");

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the corpora of the fuzz targets: one file for each thing that matters.
+"""Writes the corpora of the fuzz targets: one file for each case that matters.
 
     tests/fuzz/make_corpus.py [FOLDER]
 
@@ -63,7 +63,7 @@ def text(value):
 
 
 def number(value):
-    """A small integer, a text of none, or any number."""
+    """A small integer, no text, or any number."""
     if value is None:
         return b"\x00"
     if isinstance(value, int):
@@ -151,7 +151,7 @@ JOURNAL, OTHER_MENU, DIALOG, MENU_FOLDER, KEEPS, FINISHED, YES, NOT_REMOVED = (
 
 def journal(flags, menu_bytes, description=b"", head=b"", kind="move_up", cut=0, wrong=(), short=0,
             kept=None):
-    """`wrong`: places from the journal's end, each with the byte that stands there."""
+    """`wrong`: changed bytes, each with its distance from the end of the journal."""
     kinds = KINDS + ["add", "drop"]
     start = bytes([flags, kinds.index(kind), 1, cut]) + text(description)
     if flags & JOURNAL:

@@ -25,7 +25,7 @@ std::vector<std::filesystem::path> Corpus() {
 
 class Replay : public testing::TestWithParam<std::filesystem::path> {};
 
-// The target ends the process where something is not as it should be.
+// The target ends the process if a requirement does not hold.
 TEST_P(Replay, HoldsWhatTheTargetRequires) {
   std::ifstream file(GetParam(), std::ios::binary);
   ASSERT_TRUE(file) << GetParam();

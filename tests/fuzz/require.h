@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-// Ends the process, which is how a fuzz target reports what it found.
+// Ends the process if `holds` is false: a fuzz target reports a fault that way.
 inline void Require(bool holds, const char* what) {
   if (!holds) {
     std::fprintf(stderr, "not true: %s\n", what);

@@ -1,4 +1,4 @@
-// Adding entries at the end of a menu file.
+// Tests adding entries at the end of a menu file.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -28,7 +28,7 @@ ChangeResult Add(MemoryFiles& files, bool deletesScratchFile = true) {
   return AddEntries(menu, kEntries, deletesScratchFile);
 }
 
-// Finds the operation of a log that begins like this.
+// The 1-based number of the first operation in the log that begins like this.
 std::size_t NumberOf(const MemoryFiles& files, std::string_view beginning) {
   for (std::size_t i = 0; i < files.log().size(); ++i) {
     if (files.log()[i].starts_with(beginning)) {
@@ -49,7 +49,7 @@ TEST(AddEntries, WritesAfterTheLastByte) {
   }
 }
 
-// Glued to the last line, the menu would not load any more.
+// A new entry on the end of an unended line would spoil both.
 TEST(AddEntries, EndsALastLineThatHasNoEndFirst) {
   for (const char* end : {"\r\n", "\r", "\n", ""}) {
     const std::string old = UserMenu(1).substr(0, UserMenu(1).size() - 2) + end;
@@ -85,7 +85,7 @@ TEST(AddEntries, HasItsJournalOnTheDiskBeforeTheMenuIsTouched) {
   EXPECT_EQ("flush zoltempfileoktodelete", writes[1]);
 }
 
-// Adding dropped files leaves a scratch file that is there already: its journal goes
+// Adding dropped files does not delete an old scratch file: the journal goes into a file
 // beside it.
 TEST(AddEntries, HasItsJournalBesideAnOldScratchFile) {
   MemoryFiles files;
@@ -163,9 +163,9 @@ TEST(AddEntries, LeavesTheMenuWhenTheDiskIsFull) {
   }
 }
 
-// Where the lines cannot be taken back either, the next change does so before it
-// builds upon them, or finishes them where there is a journal.
-TEST(AddEntries, DoesNotBuildUponHalfALine) {
+// If lines written in part could not be cut off, the next change cuts them off, or
+// finishes them if there is a journal.
+TEST(AddEntries, DoesNotLeaveHalfALineBeforeTheNextChange) {
   for (const bool hasJournal : {true, false}) {
     MemoryFiles files;
     files.Put(kMenuPath, UserMenu(3));

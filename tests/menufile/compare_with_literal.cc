@@ -8,7 +8,7 @@
 namespace menufile {
 namespace {
 
-// For messages: line ends and other unprintable bytes as numbers.
+// The bytes for a message, with line ends and other unprintable ones as numbers.
 std::string Printable(std::string_view bytes) {
   static constexpr char kDigits[] = "0123456789abcdef";
   std::string text;
@@ -41,8 +41,8 @@ bool HasMarkerLine(std::string_view bytes) {
   return line == "<START ZOL>";
 }
 
-// A picture that the literal rewrite would put there, for every reader to split the
-// menu in the middle of it.
+// True for a picture that holds the marker. The literal rewrite would write it, and every
+// reader would then take a part of it for the description.
 bool RefusesPicture(const std::string& picture) {
   return (picture + "\r").find("<START ZOL>\r") != std::string::npos;
 }
@@ -51,16 +51,15 @@ bool RefusesPicture(const std::string& picture) {
 
 Comparison CompareWithLiteral(std::string_view menu, const std::optional<std::string>& leftover,
                               bool scratchCanBeDeleted, const UserChange& operation) {
-  // A leftover with a menu in it goes, where the literal rewrite would have taken
-  // the end of it for entries.
+  // RewriteMenuFile() deletes an old scratch file with a menu in it. The literal rewrite
+  // would take the end of that menu for entries.
   const bool isEmptied = leftover && HasMarkerLine(*leftover);
   const LiteralResult literal =
       RewriteLiterally(menu, isEmptied ? std::nullopt : leftover, scratchCanBeDeleted, operation);
 
   const char* const scratchFile = ScratchFileOf(operation.kind);
   MemoryFiles files;
-  // So that lines, fields and the marker lie across the ends of blocks, each in
-  // many ways.
+  // Small blocks of many sizes, so that lines, fields and the marker lie across their ends.
   constexpr std::size_t kLargestBlock = 61;
   files.SetBlockSize(menu.size() % kLargestBlock + 1);
   files.Put(kMenuPath, menu);
@@ -97,8 +96,8 @@ Comparison CompareWithLiteral(std::string_view menu, const std::optional<std::st
     comparison.difference =
         "menu file\n" + Printable(written) + "\nliterally\n" + Printable(literal.menu);
   } else if (literal.noMarker && literal.failed) {
-    // The scratch file is then a copy of the menu, of use to no one. The
-    // literal one may have another line end behind it.
+    // The scratch file is then a useless copy of the menu. The literal one may have one
+    // line end more.
   } else if (scratch != expectedScratch) {
     comparison.difference =
         "scratch file\n" + Printable(scratch) + "\nexpected\n" + Printable(expectedScratch);

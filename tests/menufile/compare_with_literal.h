@@ -10,12 +10,12 @@
 namespace menufile {
 
 struct Comparison {
-  std::string difference;  // empty when there is none
-  bool failed = false;     // both failed
+  std::string difference;  // empty if there is none
+  bool failed = false;     // true if both failed
 };
 
-// Runs the operation on the same bytes through RewriteMenuFile() and through
-// RewriteLiterally(), and compares what they leave.
+// Makes the change to the same bytes with RewriteMenuFile() and with RewriteLiterally(),
+// and compares the files afterwards.
 Comparison CompareWithLiteral(std::string_view menu, const std::optional<std::string>& leftover,
                               bool scratchCanBeDeleted, const UserChange& operation);
 

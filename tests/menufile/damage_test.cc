@@ -1,6 +1,5 @@
-// Menu files that are damaged at one byte, or cut. Each must end in a menu, the
-// upgrade question or a failure, and in the one that a plain reading of the
-// bytes ends in.
+// Loads menu files with one wrong byte, or without their end. Loading has to end like
+// LoadLiterally(): with a menu, the upgrade question or a failure.
 #include <gtest/gtest.h>
 
 #include <iostream>
@@ -66,8 +65,8 @@ TEST(DamagedMenu, CutAtEachByteReadsAsFarAsItGoes) {
   }
 }
 
-// The outcomes of a whole menu's prefixes, told by the lengths at which they
-// begin.
+// The outcomes of loading the prefixes of a menu. Each pair has the first length with that
+// outcome.
 using Outcomes = std::vector<std::pair<std::size_t, std::string>>;
 
 std::string OutcomeOf(const LoadedMenu& menu) {

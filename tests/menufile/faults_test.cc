@@ -1,7 +1,7 @@
-// Every change, with each of its file operations failing, ending early, or being
-// the last of its process or of the power, among leftovers of every kind; and then
-// users who go on, with another fault on their way. Whatever happens, both menus
-// stay complete in some file, and a start offers them.
+// Makes every change with a fault at each of its file operations: it fails, ends early,
+// ends the process, or the power fails. There are old scratch files of every kind. Then
+// the users go on, with another fault. Both menus have to stay complete in some file, and
+// a start has to offer them.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -26,8 +26,8 @@ using Step = TwoWindows::Step;
 using Window = TwoWindows::Window;
 
 constexpr int kSteps = 10;
-// Of so many faults one is run, another one in each scenario and with each
-// --gtest_random_seed (which takes --gtest_shuffle).
+// One fault in so many is run, a different one in each scenario and with each
+// --gtest_random_seed (which needs --gtest_shuffle).
 constexpr unsigned kOneOf = 23;
 
 struct Totals {
@@ -35,7 +35,7 @@ struct Totals {
   std::size_t steps = 0;
   std::size_t lost = 0;
   std::size_t offered = 0;
-  // The shortest story of each kind of complaint.
+  // The shortest story for each kind of complaint.
   std::map<std::string, std::string> complaints;
 };
 
@@ -57,14 +57,14 @@ Step AddStep(bool deletes, int number) {
           [entries, deletes](MenuFile& menu) { return AddEntries(menu, entries, deletes); }, true};
 }
 
-// What lies about in the folder before.
+// An old scratch file.
 struct Leftover {
   const char* name;
   std::string bytes;
-  std::string finishedSecondMenu = {};  // by its journal
+  std::string finishedSecondMenu = {};  // the second menu after its journal is finished
 };
 
-// A scratch file whose process ended when the second menu had been emptied.
+// The scratch file of a process that ended after it had emptied the second menu.
 Leftover SecondMenusJournal() {
   MemoryFiles whole;
   whole.Put(kSecondMenu, SecondMenu());
@@ -113,7 +113,7 @@ class Case {
       user_.Start(Window::kFirst, true, true, {});
       user_.Start(Window::kSecond, true, true, {});
     }
-    // A window that has made a change before knows how it left the menu.
+    // A window that has made a change remembers the menu file after it.
     if (scenario.changesBefore > 0) {
       user_.Do(Window::kFirst, *scenario.change, {});
     }
@@ -139,7 +139,7 @@ class Case {
     std::fill(std::begin(isOpen_), std::end(isOpen_), false);
   }
 
-  // The users go on; one of their steps has a fault too.
+  // Makes more steps, one of them with a fault.
   void GoOn() {
     const int faulty = static_cast<int>(Any(2 * kSteps));
     for (int step = 0; step < kSteps && user_.complaint().empty(); ++step) {
@@ -226,7 +226,7 @@ void Finish(Case& one) {
   }
 }
 
-// The faults that make a difference at this operation.
+// The faults that can happen at this operation.
 std::vector<Fault> FaultsAt(std::size_t number, const std::string& operation) {
   using Done = Fault::Done;
   using FaultKind = Fault::Kind;
@@ -245,7 +245,7 @@ std::vector<Fault> FaultsAt(std::size_t number, const std::string& operation) {
   return faults;
 }
 
-// Every fault, and what comes of it, in one scenario.
+// Runs one scenario with every fault.
 void InjectAll(const Scenario& scenario, unsigned& seed) {
   Case clean(scenario, 0);
   clean.FirstFault({});
@@ -260,7 +260,7 @@ void InjectAll(const Scenario& scenario, unsigned& seed) {
       for (unsigned cut = 0; cut < cuts; ++cut) {
         Case one(scenario, 4 * seed + cut);
         one.FirstFault(fault);
-        // The process alone ended, all is lost that was not flushed, or some of it.
+        // Only the process ends; or all changes that were not flushed are lost; or some.
         if (cut > 0) {
           one.CutPower(cut == 1 ? kEverythingLost : 2 + seed);
         }
@@ -270,7 +270,7 @@ void InjectAll(const Scenario& scenario, unsigned& seed) {
   }
 }
 
-// The scenario among leftovers of every kind.
+// Runs a scenario with old scratch files of every kind.
 void InjectAmongLeftovers(Scenario scenario) {
   const std::size_t lostBefore = totals.lost;
   unsigned seed = static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed());
@@ -328,8 +328,7 @@ TEST(Adding, LosesNothing) {
   }
 }
 
-// What was on the disk before must not be all that is left of a change that was
-// told to be made.
+// A power cut must not undo a change that was reported as made.
 TEST(AnyChange, ThatIsMadeIsOnTheDiskAndLosesNothing) {
   const auto expectOnDisk = [](const MemoryFiles& files) {
     for (PowerCut cut = 0; cut < 40; ++cut) {

@@ -46,7 +46,7 @@ TEST_F(FileWindowTest, ShowsTheFileBlockByBlock) {
             files_.log());
 }
 
-// What was not read must not count as the end of the file.
+// A short read must not count as the end of the file.
 TEST_F(FileWindowTest, FailsWhereAReadGivesTooLittle) {
   const auto file = OpenWith("abcdefgh");
   files_.SetFault({1, Fault::Kind::EndsEarly, Fault::Done::All});

@@ -1,4 +1,4 @@
-// Scratch files that are there already when a rewrite begins.
+// Tests rewrites with an old scratch file.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -30,8 +30,8 @@ class Leftover : public testing::TestWithParam<Kind> {
 
   const UserChange operation_;
   const std::string scratch_;
-  std::string clean_;   // the menu as it is without a leftover
-  std::string copied_;  // what of it a leftover is written over by
+  std::string clean_;   // the new menu without an old scratch file
+  std::string copied_;  // the bytes that the change writes into the scratch file
   MemoryFiles files_;
 };
 

@@ -10,7 +10,7 @@ namespace {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// Sign, digits with a point somewhere, exponent; and nothing else.
+// True if the text is just a sign, digits with a point, and an exponent.
 bool LooksLikeNumber(const std::string& text) {
   std::size_t at = 0;
   if (at < text.size() && (text[at] == '+' || text[at] == '-')) {
@@ -44,8 +44,8 @@ bool LooksLikeNumber(const std::string& text) {
   return at == text.size();
 }
 
-// The text of a number in shortest form; false when it is too large or too
-// small to be one.
+// Sets `shortest` to the shortest form of a number. Returns false if it is too large or
+// too small for a number.
 bool ShortestText(const std::string& text, std::string& shortest) {
   const double number = std::strtod(text.c_str(), nullptr);
   const bool hasDigit =
@@ -65,7 +65,7 @@ bool ShortestText(const std::string& text, std::string& shortest) {
     }
   }
   shortest = buffer;
-  // From 0.0001 up to 1e16 as plain digits.
+  // From 0.0001 up to 1e16, all digits are written.
   const double size = std::fabs(number);
   if (size < 1e-4 || size >= 1e16) {
     return true;

@@ -7,9 +7,8 @@
 
 namespace menufile {
 
-// A file as a program sees it that reads and writes it byte by byte, at
-// positions that count from 1. It is slow and plain on purpose: what
-// menufile/ makes in big pieces is compared with what this makes.
+// A file that is read and written byte by byte, at 1-based positions. It is slow and
+// simple on purpose: the tests compare menufile/, which works in blocks, with it.
 class LiteralFile {
  public:
   explicit LiteralFile(std::string_view bytes = {}) : bytes_(bytes) {}
@@ -18,19 +17,19 @@ class LiteralFile {
   std::size_t Length() const { return bytes_.size(); }
   bool AtEnd() const { return position_ > bytes_.size(); }
 
-  // Reads the byte at the position; the next read or write is behind it.
+  // Reads the byte at the position. The next read or write comes after it.
   char GetAt(std::size_t position);
-  // Writes the byte at the position; the next read or write is behind it.
+  // Writes the byte at the position. The next read or write comes after it.
   void PutAt(std::size_t position, char byte);
-  // Writes directly behind the last byte that was read or written.
+  // Writes right after the last byte that was read or written.
   void PutNext(std::string_view text);
 
-  // The bytes up to the next CR, or to the end. The CR, and an LF directly
-  // behind it, are passed over.
+  // Returns the bytes up to the next CR or the end. Skips the CR, and an LF right after
+  // it.
   std::string ReadLine();
 
-  // One field, as the sequential reader takes it. False when the file ends
-  // before the field begins, or in a quoted one before its closing quote.
+  // Reads one field. Returns false if the file ends before the field begins, or before
+  // the closing quote of a quoted one.
   struct Field {
     std::string text;  // a number in the form in which it is written
     char kind = 'E';   // E for empty, N for a number, T for text

@@ -10,10 +10,10 @@ namespace {
 using Kind = UserChange::Kind;
 using Fields = std::vector<std::string>;
 
-// What the tests have for sizes is a whole number.
+// The font sizes of the tests are integers.
 std::string SizeText(double points) { return std::to_string(static_cast<int>(points)); }
 
-// A read after the end of the file, where failures are not ignored.
+// Thrown by a read after the end of the file if failures are not ignored.
 struct ReadFailed {};
 
 class LiteralRewrite {
@@ -138,7 +138,7 @@ class LiteralRewrite {
   }
 
  private:
-  // A field that cannot be read stays empty, or as far as it was read.
+  // A field that has no end keeps the bytes that were read.
   Fields Read(int count) {
     Fields fields;
     for (int i = 0; i < count; ++i) {
@@ -200,7 +200,7 @@ LiteralResult RewriteLiterally(std::string_view menuBytes,
     result.noMarker = !rewrite.foundMarker();
     return result;
   }
-  // The emptied menu file may hold a line end; it is written over.
+  // The emptied menu file may hold a line end, which is overwritten.
   LiteralFile copy(newPicture ? change.appearance.picture : std::string("\r\n"));
   const std::size_t before = newPicture ? copy.Length() : 0;
   for (std::size_t p = 1; p <= scratch.Length(); ++p) {

@@ -9,18 +9,16 @@
 
 namespace menufile {
 
-// What an operation leaves of the two files.
+// The files after a change.
 struct LiteralResult {
   std::string menu;
-  std::optional<std::string> scratch;  // nothing when it was deleted
-  bool failed = false;                 // and told so
-  bool noMarker = false;               // the picture ended with the file
+  std::optional<std::string> scratch;  // nothing if it was deleted
+  bool failed = false;                 // true if the change reported a failure
+  bool noMarker = false;               // true if the menu file had no marker
 };
 
-// The rewrite of a menu file, one byte and one field at a time, as an editor
-// does it that knows two files with read and write positions and nothing of
-// what the rewrite is to achieve. `scratch` is what a scratch file holds that
-// is there already.
+// Makes a change to a menu file, one byte and one field at a time, with nothing but two
+// files that have a position. `scratch` is the old scratch file, if there is one.
 LiteralResult RewriteLiterally(std::string_view menu, const std::optional<std::string>& scratch,
                                bool scratchCanBeDeleted, const UserChange& operation);
 

@@ -11,25 +11,25 @@
 
 namespace menufile {
 
-// One thing that a view was told: its name, then the fields, each with the kind
-// of its value in front ("E", "N:7", "T:Tahoma").
+// One call of a view: its name, then the fields. Each field begins with the kind of its
+// value ("E", "N:7", "T:Tahoma").
 using Shown = std::vector<std::string>;
 
-// How a load ended, and what was shown before.
+// The result of a load, and the calls of the view.
 struct LoadedMenu {
   enum class End { Menu, Declined, Failed };
 
   std::vector<Shown> shown;
   End end = End::Menu;
-  std::string message;  // of the failure
+  std::string message;  // the message of the failure
 
   bool operator==(const LoadedMenu&) const = default;
 };
 
 std::ostream& operator<<(std::ostream& out, const LoadedMenu& menu);
 
-// Writes down what it is told. The upgrade question is answered No once the
-// given number of times Yes has been said.
+// Records its calls. Answers the upgrade question `yesAnswers` times with Yes, then with
+// No.
 class RecordingView final : public MenuView {
  public:
   explicit RecordingView(int yesAnswers = 0) : yesAnswers_(yesAnswers) {}
@@ -48,13 +48,12 @@ class RecordingView final : public MenuView {
 
 inline constexpr const char* kMenuPath = "C:\\menus\\a.menu";
 
-// Loads the file kMenuPath. Each question is a Shown of its own, with the
-// answer.
+// Loads the file kMenuPath. Each question is a Shown with its answer.
 LoadedMenu Load(MemoryFiles& files, int yesAnswers = 0, std::string_view picture = {});
 LoadedMenu LoadBytes(std::string_view bytes);
 
-// The same, taken from the bytes one by one and field by field, without any of
-// menufile/; the answer to the question is No.
+// The same without the code of menufile/: reads the bytes one by one. The answer to the
+// question is No.
 LoadedMenu LoadLiterally(std::string_view bytes);
 
 }  // namespace menufile

@@ -72,20 +72,20 @@ TEST(LoadMenuFile, APictureWithTheMarkerLineIsSplitThere) {
             LoadBytes("x\r\n<START ZOL>\r\na,b,c\r\n\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,2"));
 }
 
-TEST(LoadMenuFile, ACompleteLineBehindTheLastRecordIsARow) {
+TEST(LoadMenuFile, ACompleteLineAfterTheLastRecordIsARow) {
   EXPECT_EQ(LoadBytes(UserMenu(3)), LoadBytes(UserMenu(2) + ItemLine(2)));
   LoadedMenu expected = LoadBytes(UserMenu(2));
   expected.shown.push_back({"item", "2", "E", "E", "E", "E", "E", "E"});
   EXPECT_EQ(expected, LoadBytes(UserMenu(2) + ",,,,,\r\n"));
 }
 
-TEST(LoadMenuFile, ABlankLineBehindTheLastRecordFails) {
+TEST(LoadMenuFile, ABlankLineAfterTheLastRecordFails) {
   const std::string menu = UserMenu(1) + "\r\n";
   const LoadedMenu whole = LoadBytes(UserMenu(1));
   EXPECT_EQ(Failed(whole.shown, "entry 2, field target,", menu.size()), LoadBytes(menu));
 }
 
-TEST(LoadMenuFile, BytesBehindTheLastRecordThatAreTooFewFail) {
+TEST(LoadMenuFile, BytesThatAreTooFewAfterTheLastRecordFail) {
   const LoadedMenu whole = LoadBytes(UserMenu(1));
   const std::string menu = UserMenu(1) + "\"a\",\"b\",\"c\",\"d\",\"e\",";
   EXPECT_EQ(Failed(whole.shown, "entry 2, field iconIndex,", menu.size()), LoadBytes(menu));

@@ -20,8 +20,8 @@ void WriteAt(std::string& bytes, std::size_t position, std::string_view written)
 
 }  // namespace
 
-// Each operation is Begin(), then the part of its work that is done, then
-// End(), which throws when it has the fault.
+// Each operation calls Begin(), does as much of its work as that returns, and calls
+// End(), which throws if the operation has the fault.
 class MemoryFiles::OpenFile final : public File {
  public:
   OpenFile(MemoryFiles& files, std::string path, std::shared_ptr<Stored> stored, OpenMode mode)
@@ -287,7 +287,7 @@ std::string MemoryFiles::CutBytes(const Stored& stored, PowerCut cut, std::mt199
   for (std::size_t at = 0; at < bytes.size(); at += kSector) {
     const std::string& source = random() % 2 == 0 ? stored.bytes : stored.durable;
     const std::string written = at < source.size() ? source.substr(at, kSector) : std::string();
-    // A sector that was not changed keeps its bytes.
+    // An unchanged sector keeps its bytes.
     const bool isSame = stored.bytes.substr(std::min(at, stored.bytes.size()), kSector) ==
                         stored.durable.substr(std::min(at, stored.durable.size()), kSector);
     if (isSame || random() % 3 != 0) {

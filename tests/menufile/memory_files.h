@@ -17,86 +17,86 @@
 
 namespace menufile {
 
-// Leaves the code under test where the process would have ended. It is no
-// std::exception, so nothing of that code catches it.
+// Thrown to leave the code under test as if the process had ended. It is not a
+// std::exception, so that code does not catch it.
 struct ProcessEnded {};
 
-// What is to go wrong at one file operation.
+// A fault at one file operation.
 struct Fault {
   enum class Kind {
     FailsOnce,
-    FailsForGood,  // this operation and every one after it
-    EndsEarly,     // a read gives half of the bytes and says that the file ends there
+    FailsForGood,  // this operation and every one after it fail
+    EndsEarly,     // a read returns half of the bytes, as if the file ended there
     EndsProcess,
   };
-  // How much of the operation is done all the same. Half of an operation that
-  // writes is half of its bytes; others are done whole or not at all.
+  // How much of the operation is done before it fails. Half of a write is half of its
+  // bytes. Other operations are done wholly or not at all.
   enum class Done { Nothing, Half, All };
-
-  std::size_t operation = 0;  // counted from 1; 0 for none
+  std::size_t operation = 0;  // the 1-based number of the operation; 0 for no fault
   Kind kind = Kind::FailsOnce;
   Done done = Done::Nothing;
 };
 
-// What a power cut leaves of what was not flushed. From 2 on these are seeds: each
-// sector of each file has its old bytes, its new bytes or zeros; each file has its
-// old length or its new one; and each name that was made, deleted or given to
-// another file stands for what it stood for before, or for what it does now.
+// What a power cut does to changes that were not flushed. Values from 2 on are seeds:
+// then each sector of each file has its old bytes, its new bytes or zeros, each file has
+// its old length or its new one, and each name that was made, deleted or given to another
+// file is as before or as now.
 using PowerCut = std::uint32_t;
 inline constexpr PowerCut kEverythingKept = 0;
 inline constexpr PowerCut kEverythingLost = 1;
 
-// Files in memory, with the sharing rules that FileSystem tells. A path without a
-// folder means "C:\current".
+// Files in memory, with the sharing rules of OpenMode. A path without a folder means
+// "C:\current".
 class MemoryFiles final : public FileSystem {
  public:
   using Disk = std::map<std::string, std::string>;
 
   MemoryFiles() = default;
-  // Files that stand safely on the disk.
+  // Starts with these files, which are flushed.
   explicit MemoryFiles(const Disk& disk);
 
-  // Makes a file that stands safely on the disk.
+  // Makes a file, which is flushed.
   void Put(const std::string& path, std::string_view bytes);
-  // Nothing when there is no such file.
+  // The bytes of a file; nothing if there is no such file.
   std::optional<std::string> Get(const std::string& path) const;
   // All files, by their full paths.
   Disk Everything() const;
 
-  // Another program reads the file and lets no one write or delete it.
+  // Lets another program read the file, so that nobody can write or delete it.
   void HoldByOther(const std::string& path) { heldByOther_.insert(Full(path)); }
   void ReleaseByOther(const std::string& path) { heldByOther_.erase(Full(path)); }
-  // The file can be written, but neither deleted nor renamed.
+  // From now on the file can be written, but neither deleted nor renamed.
   void ForbidRemove(const std::string& path) { forbiddenToRemove_.insert(Full(path)); }
-  // The file can be written, but not made shorter.
+  // From now on the file can be written, but not cut.
   void ForbidTruncate(const std::string& path) { forbiddenToTruncate_.insert(Full(path)); }
-  // No file can be made in the current folder.
+  // From now on no file can be made in the current folder.
   void ForbidNewFiles() { newFilesForbidden_ = true; }
-  // The bytes that are read or written at a time; most menus of the tests are
-  // shorter than the block that they have without this.
+  // Sets BlockSize(), in bytes. Most menus of the tests are shorter than the default.
   void SetBlockSize(std::size_t size) { blockSize_ = size; }
-  // The bytes that all files together may hold. Where `tellsFree` is false,
-  // FreeBytes() does not know of it.
+  // Sets the number of bytes that all files together can hold. If `tellsFree` is false,
+  // FreeBytes() ignores this limit.
   void SetCapacity(std::size_t capacity, bool tellsFree = true) {
     capacity_ = capacity;
     tellsFree_ = tellsFree;
   }
 
-  // Also lets another process go on where one has ended.
+  // Sets the fault and clears the log. If the process has ended, another one begins.
   void SetFault(const Fault& fault) {
     fault_ = fault;
     ended_ = false;
     log_.clear();
   }
-  // How many operations there were since SetFault(), and each with its file, for
-  // example "truncate to 0: C:\\menus\\a.menu".
+  // The operations since SetFault(): their number, and each with its file, such as
+  // "truncate to 0: C:\\menus\\a.menu".
   std::size_t operations() const { return log_.size(); }
   const std::vector<std::string>& log() const { return log_; }
-  // The writes, truncations, flushes, deletions and renamings of these.
+  // The writes, truncations, flushes, deletions and renamings of the log.
   std::vector<std::string> Writes() const;
-  // Operations that were asked for after the process had ended.
+  // The number of operations that were called after the process had ended.
   std::size_t operationsAfterEnd() const { return operationsAfterEnd_; }
 
+  // All files after a power cut.
+  // All files after a power cut.
   Disk AfterPowerCut(PowerCut cut) const;
 
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
@@ -106,15 +106,15 @@ class MemoryFiles final : public FileSystem {
   std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
   std::string Beside(const std::string& path, const std::string& name) override;
   std::uint64_t FreeBytes(const std::string& path) override;
-  // Goes on from one object to the next, as time does where a process ends.
+  // The clock is the same for all objects, since the time does not end with a process.
   std::uint64_t Now() override;
   std::size_t BlockSize() const override { return blockSize_; }
 
  private:
-  // A file's bytes, whatever its name is by now.
+  // The bytes of a file, which several names may have had.
   struct Stored {
     std::string bytes;
-    std::string durable;  // what of them is sure to be on the disk
+    std::string durable;  // the bytes at the last flush
     std::set<const void*> opened;
     std::set<const void*> openedToChange;
   };
@@ -124,7 +124,7 @@ class MemoryFiles final : public FileSystem {
   static std::string Full(const std::string& path);
   Fault::Done Begin(const std::string& operation, const std::string& path);
   void End(const std::string& path);
-  // End(), and a failure that would have come without a fault.
+  // Calls End() and throws a Failure that is not due to the fault.
   [[noreturn]] void Refuse(const std::string& path, const char* doing, const char* reason);
   std::unique_ptr<File> OpenStored(const std::string& path, OpenMode mode,
                                    std::shared_ptr<Stored> stored);
@@ -141,7 +141,7 @@ class MemoryFiles final : public FileSystem {
   std::size_t capacity_ = std::numeric_limits<std::size_t>::max() / 4;
   bool tellsFree_ = true;
   Fault fault_;
-  bool faulty_ = false;  // this operation has the fault
+  bool faulty_ = false;  // true if the present operation has the fault
   bool ended_ = false;
   std::size_t operationsAfterEnd_ = 0;
   std::vector<std::string> log_;

@@ -1,5 +1,4 @@
-// RewriteMenuFile() against the literal rewrite, on menus put together at
-// random of the pieces that matter to it.
+// Compares RewriteMenuFile() with RewriteLiterally() on random menus.
 #include <gtest/gtest.h>
 
 #include <iostream>

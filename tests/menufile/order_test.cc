@@ -1,6 +1,5 @@
-// What is written, and in which order: the menu file is not emptied before the
-// scratch file stands on the disk with its journal, and the journal does not go
-// before the menu file stands there.
+// Tests the order of writes: the scratch file is flushed with its journal before the menu
+// file is emptied, and the menu file is flushed before the journal is removed.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -18,7 +17,8 @@ namespace {
 using Kind = UserChange::Kind;
 using Writes = std::vector<std::string>;
 
-// Of the second change of a window: the first one deletes old journals too.
+// The writes of the second change of a window. The first one also flushes the other
+// scratch file's name.
 Writes WritesOf(Kind kind, std::size_t blockSize = 1000) {
   MemoryFiles files;
   files.SetBlockSize(blockSize);
@@ -36,7 +36,7 @@ Writes WritesOf(Kind kind, std::size_t blockSize = 1000) {
   return files.Writes();
 }
 
-// Replaces the sizes of journals, which depend on the menu's name.
+// Replaces sizes by N: that of a journal depends on the menu's name.
 Writes WithoutSizes(Writes writes) {
   for (std::string& write : writes) {
     if (const std::size_t number = write.find_first_of("0123456789"); number != std::string::npos) {

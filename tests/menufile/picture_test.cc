@@ -1,5 +1,5 @@
-// The picture at the head of a menu file: any bytes, which the rewrite has to
-// bring back unchanged; and files in which no picture ends.
+// Tests that a rewrite keeps the picture, which may hold any bytes, and what it does with
+// a file without a marker.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -70,7 +70,7 @@ TEST(Picture, WithWhatLooksLikeTheMarker) {
 }
 
 TEST(Picture, EndsWhereALineEndsWithTheMarkerEvenInItsMiddle) {
-  // Writers look for the end of a line only. What follows is taken as fields.
+  // Writers look only at the end of a line. They read the bytes after it as fields.
   EXPECT_EQ("x<START ZOL>\r\n\"a\"\r\n1,\"T\",8,0,0\r\n",
             Rewritten("x<START ZOL>\r\na\r\n1,T,8,0,0\r\n", Kind::Keep));
 }
@@ -93,8 +93,7 @@ TEST(NewPicture, MayHoldAnyBytes) {
   }
 }
 
-// Without a marker all of the file is picture, and the lines that follow are
-// written of empty values.
+// Without a marker, the whole file is picture, and the lines after it have empty values.
 TEST(NoMarker, EmptyLinesAreAppendedWhereFailuresAreIgnored) {
   for (Kind kind : {Kind::MoveUp, Kind::MoveDown, Kind::Delete, Kind::Separator}) {
     EXPECT_EQ("\"USERDEF\"\r\n,\"\",,,\r\n", Rewritten("", kind, 1));
@@ -105,7 +104,7 @@ TEST(NoMarker, EmptyLinesAreAppendedWhereFailuresAreIgnored) {
   }
 }
 
-TEST(NoMarker, ALineEndComesBehindALastLessThanSign) {
+TEST(NoMarker, ALineEndComesAfterALastLessThanSign) {
   EXPECT_EQ("<\r\n\"USERDEF\"\r\n,\"\",,,\r\n", Rewritten("<", Kind::MoveUp, 1));
   EXPECT_EQ("a\r\nb<\r\n\"USERDEF\"\r\n,\"\",,,\r\n", Rewritten("a\r\nb<", Kind::MoveUp, 1));
   EXPECT_EQ("<a\"USERDEF\"\r\n,\"\",,,\r\n", Rewritten("<a", Kind::MoveUp, 1));

@@ -10,7 +10,7 @@ constexpr std::string_view kMagic = "Corvalis journal";
 constexpr std::size_t kNumbers = 7;
 constexpr std::size_t kFooterSize = kMagic.size() + 8 * kNumbers;
 
-// Up to eight bytes, the first one lowest.
+// The number in up to eight bytes, the lowest one first.
 std::uint64_t NumberIn(std::string_view bytes) {
   std::uint64_t number = 0;
   for (std::size_t i = 0; i < bytes.size(); ++i) {

@@ -8,9 +8,8 @@
 
 namespace menufile {
 
-// A scratch file's journal, read from its bytes alone. It is slow and plain on
-// purpose and shares nothing with menufile/journal.cc, so that each can be held
-// against the other.
+// The journal of a scratch file. It is read by simple code that shares nothing with
+// menufile/journal.cc, so that each can be compared with the other.
 struct PlainJournal {
   std::string description;
   std::string head;
@@ -18,11 +17,11 @@ struct PlainJournal {
   std::uint64_t keptSize = 0;
   std::uint64_t serial = 0;
 
-  // The menu file as it is to be, where it holds `menuBytes` now.
+  // The finished menu file, if the menu file holds `menuBytes` now.
   std::string FinishedFrom(std::string_view menuBytes) const;
 };
 
-// Nothing where the sizes do not add up or the checksum does not hold.
+// Returns nothing if the sizes do not add up or the checksum is wrong.
 std::optional<PlainJournal> ReadPlainly(std::string_view scratchBytes);
 
 }  // namespace menufile

@@ -12,8 +12,8 @@
 
 namespace menufile {
 
-// Files on a real disk, in a new folder of their own that goes with this
-// object. All paths are taken to be in that folder.
+// Files on a real disk, in a new folder that the destructor deletes. All paths are
+// relative to that folder.
 class PosixFiles final : public FileSystem {
  public:
   PosixFiles();
@@ -22,10 +22,10 @@ class PosixFiles final : public FileSystem {
   void Put(const std::string& path, std::string_view bytes);
   std::optional<std::string> Get(const std::string& path) const;
 
-  // The process ends, without any cleaning up, when it comes to this operation
-  // (counted from 1), after half of what it writes.
+  // Ends the process, without any cleanup, at the operation with this 1-based number. A
+  // write writes half of its bytes before.
   void EndProcessAt(std::size_t operation) { endAt_ = operation; }
-  // The bytes that are read or written at a time.
+  // Sets BlockSize(), in bytes.
   void SetBlockSize(std::size_t size) { blockSize_ = size; }
 
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
@@ -42,7 +42,7 @@ class PosixFiles final : public FileSystem {
   class OpenFile;
 
   std::string Full(const std::string& path) const { return folder_ + '/' + path; }
-  // True when the process is to end in this operation.
+  // Counts an operation. Returns true if the process is to end in it.
   bool CountOperation() { return ++operations_ == endAt_; }
 
   std::string folder_;

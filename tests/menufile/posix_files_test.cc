@@ -1,5 +1,5 @@
-// The same on a real disk: changes end as they do in memory, and a process that
-// ends in the middle of one leaves a complete menu.
+// Tests on a real disk that changes give the same bytes as in memory, and that a process
+// that ends during a change leaves a complete menu.
 #include "tests/menufile/posix_files.h"
 
 #include <gtest/gtest.h>
@@ -62,8 +62,8 @@ TEST(RealFiles, AMissingFileIsAFailure) {
   }
 }
 
-// Runs the operation in a process of its own that ends at the given file
-// operation; false when it came to its own end before.
+// Makes the change in a process of its own, which ends at that file operation. Returns
+// false if the change was finished before.
 bool EndsAt(std::size_t number, PosixFiles& files, const UserChange& operation) {
   const pid_t child = fork();
   if (child == 0) {

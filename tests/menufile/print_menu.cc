@@ -1,7 +1,7 @@
-// Prints what loading makes of the menus on the standard input, for a reader in
-// another language to compare with. Each menu comes as its size in decimal, a
-// line end, and its bytes; each is told in one line: how the load ended and what
-// was shown, every field in hexadecimal.
+// Loads the menus on the standard input and prints the results, for a comparison with a
+// reader in another language. A menu is its size in decimal, a line end, and its bytes.
+// Its result is one line: how the load ended, and the calls of the view with every field
+// in hexadecimal.
 #include <cstdio>
 #include <iostream>
 #include <string>

@@ -1,4 +1,4 @@
-// How fields and records are read behind the marker line.
+// Tests how fields and records are read after the marker line.
 #include "menufile/reader.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ std::string Tell(const Value& value) {
   return kKinds[static_cast<int>(value.kind())] + value.Text();
 }
 
-// Reads one field and tells what is left behind it.
+// Reads one field and returns its kind and value. `rest` gets the bytes after it.
 std::string ReadOne(std::string_view bytes, std::string* rest = nullptr) {
   MenuReader reader(bytes, "a.menu");
   const std::string told = Tell(reader.ReadTypeLine());
@@ -30,7 +30,7 @@ std::string ReadOne(std::string_view bytes, std::string* rest = nullptr) {
   return told;
 }
 
-std::string RestBehindOne(std::string_view bytes) {
+std::string RestAfterOne(std::string_view bytes) {
   std::string rest;
   ReadOne(bytes, &rest);
   return rest;
@@ -67,15 +67,15 @@ TEST(Field, QuotedKeepsEveryByteBetweenTheQuotes) {
 
 TEST(Field, QuotedMayBeEmpty) {
   EXPECT_EQ("text ", ReadOne("\"\",x"));
-  EXPECT_EQ("x", RestBehindOne("\"\",x"));
+  EXPECT_EQ("x", RestAfterOne("\"\",x"));
 }
 
-TEST(Field, WhatStandsBehindTheClosingQuoteIsSkipped) {
+TEST(Field, BytesAfterTheClosingQuoteAreSkipped) {
   EXPECT_EQ("text a", ReadOne("\"a\" b \"c\",x"));
-  EXPECT_EQ("x", RestBehindOne("\"a\" b \"c\",x"));
-  EXPECT_EQ("x", RestBehindOne("\"a\" b\r\nx"));
-  EXPECT_EQ("x", RestBehindOne("\"a\" b\nx"));
-  EXPECT_EQ("", RestBehindOne("\"a\" b"));
+  EXPECT_EQ("x", RestAfterOne("\"a\" b \"c\",x"));
+  EXPECT_EQ("x", RestAfterOne("\"a\" b\r\nx"));
+  EXPECT_EQ("x", RestAfterOne("\"a\" b\nx"));
+  EXPECT_EQ("", RestAfterOne("\"a\" b"));
 }
 
 TEST(Field, ThereIsNoEscapeForAQuote) {
@@ -87,12 +87,12 @@ TEST(Field, ThereIsNoEscapeForAQuote) {
 
 TEST(Field, BareEndsAtCommaCrOrLf) {
   EXPECT_EQ("text a", ReadOne("a,x"));
-  EXPECT_EQ("x", RestBehindOne("a,x"));
-  EXPECT_EQ("x", RestBehindOne("a\rx"));
-  EXPECT_EQ("x", RestBehindOne("a\nx"));
-  EXPECT_EQ("x", RestBehindOne("a\r\nx"));
-  EXPECT_EQ("\rx", RestBehindOne("a\n\rx"));
-  EXPECT_EQ("\r\nx", RestBehindOne("a,\r\nx"));
+  EXPECT_EQ("x", RestAfterOne("a,x"));
+  EXPECT_EQ("x", RestAfterOne("a\rx"));
+  EXPECT_EQ("x", RestAfterOne("a\nx"));
+  EXPECT_EQ("x", RestAfterOne("a\r\nx"));
+  EXPECT_EQ("\rx", RestAfterOne("a\n\rx"));
+  EXPECT_EQ("\r\nx", RestAfterOne("a,\r\nx"));
 }
 
 TEST(Field, BareMayEndWithTheFile) {
@@ -111,7 +111,7 @@ TEST(Field, BareKeepsQuotesInItsMiddle) { EXPECT_EQ("text a\"b\"", ReadOne("a\"b
 TEST(Field, BareWithoutCharactersIsEmpty) {
   EXPECT_EQ("empty", ReadOne(",x"));
   EXPECT_EQ("empty", ReadOne("\r\nx"));
-  EXPECT_EQ("x", RestBehindOne("\r\nx"));
+  EXPECT_EQ("x", RestAfterOne("\r\nx"));
 }
 
 TEST(Field, BareMayHoldNulAndHighBytes) { EXPECT_EQ("text \0\x80\xff"s, ReadOne("\0\x80\xff,"s)); }

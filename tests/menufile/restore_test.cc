@@ -1,5 +1,4 @@
-// Changes that were cut short, and everything that may stand in the way of
-// finishing them: one named damage a test.
+// Tests how interrupted changes are finished. Each test has one damage.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -37,7 +36,7 @@ std::optional<std::string> FinishedByTheNextStart(MemoryFiles& files,
   return files.Get(path);
 }
 
-// A menu whose change ended where the menu file had been emptied.
+// A change that was interrupted after it had emptied the menu file.
 struct Cut {
   explicit Cut(Kind kind = Kind::Edit, std::string oldMenu = UserMenu(4))
       : old(std::move(oldMenu)) {
@@ -78,7 +77,7 @@ TEST(CutShort, EveryChangeIsFinishedByTheNextStart) {
   }
 }
 
-// Whatever stands in the menu file by now: this is what power cuts leave.
+// A power cut may leave any of these in the menu file.
 TEST(CutShort, IsSeenWhateverTheMenuFileHolds) {
   Cut cut;
   const std::string& finished = cut.finished;
@@ -113,8 +112,8 @@ TEST(CutShort, IsNotSeenByATornJournal) {
   }
 }
 
-// Leftovers without a journal, menus that begin like another, copies of an older
-// menu: none of these is a change that was cut short.
+// A scratch file without a journal is no interrupted change, even if it begins like the
+// menu or is an older copy of it.
 TEST(CutShort, IsNotSeenByContentsAlone) {
   for (const std::string& menu : {UserMenu(2), ""s, "picture"s, UserMenu(3).substr(0, 100)}) {
     for (const std::string& leftover : {UserMenu(3), UserMenu(2), ""s, menu + "x"}) {
@@ -143,8 +142,7 @@ TEST(CutShort, BelongsToItsMenuOnly) {
   EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
 }
 
-// Everything that another menu may do in the same folder.
-// A scratch file is found by two paths where the menu stands in the current folder.
+// If the menu is in the current folder, two paths lead to its scratch file.
 TEST(CutShort, IsFinishedOnceInTheCurrentFolder) {
   const std::string path = "C:\\current\\a.menu";
   MemoryFiles files;
@@ -158,13 +156,14 @@ TEST(CutShort, IsFinishedOnceInTheCurrentFolder) {
   files.SetFault({static_cast<std::size_t>(cut - log.begin()) + 1, Fault::Kind::EndsProcess,
                   Fault::Done::All});
   EXPECT_THROW(edit(files), ProcessEnded);
-  // The copy that is left where putting the journal aside was cut short.
+  // The copy that PutAside() leaves if it is interrupted.
   MemoryFiles next(files.Everything());
   next.Put("zoltempfileoktodelete-1", files.Get("zoltempfileoktodelete").value());
   EXPECT_EQ(whole.Get(path), FinishedByTheNextStart(next, path));
   EXPECT_EQ(whole.Everything(), next.Everything());
 }
 
+// Another menu may make any change in the same folder.
 TEST(CutShort, SurvivesEveryChangeOfAnotherMenu) {
   for (const Kind cutBy : {Kind::Edit, Kind::MoveUp}) {
     for (int kind = 0; kind <= kUserChanges + 1; ++kind) {
@@ -220,7 +219,7 @@ TEST(CutShort, SurvivesAYesThatFails) {
   EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
 }
 
-// A second window, whose list is still full, makes any change.
+// A second window with an old list makes any change.
 TEST(CutShort, IsFinishedFirstByASecondWindow) {
   for (const Kind kind : kEditorKinds) {
     for (const Kind cutBy : {Kind::Delete, Kind::Edit}) {
@@ -237,7 +236,7 @@ TEST(CutShort, IsFinishedFirstByASecondWindow) {
   }
 }
 
-// One failing look at the start must not lead to the loss of the scratch file.
+// If a start cannot read the scratch file, it must not be lost.
 TEST(CutShort, SurvivesALookThatFails) {
   Cut cut(Kind::MoveUp);
   for (std::size_t operation = 1; operation <= 12; ++operation) {
@@ -252,7 +251,7 @@ TEST(CutShort, SurvivesALookThatFails) {
   }
 }
 
-// Somebody put a good menu there before the second window's change.
+// Another program writes a complete menu before the second window's change.
 TEST(CutShort, IsPutAsideWhereTheMenuIsAnotherByNow) {
   Cut cut;
   cut.next->Put(kMenuPath, UserMenu(6));
@@ -260,13 +259,13 @@ TEST(CutShort, IsPutAsideWhereTheMenuIsAnotherByNow) {
   EXPECT_EQ(ChangeResult::Made, Make(second, SampleChange(Kind::Keep)));
   EXPECT_EQ(UserMenu(6), cut.next->Get(kMenuPath));
   EXPECT_EQ(cut.scratch, cut.next->Get("zoltempfileoktodelete-overtaken-1"));
-  // No later change finishes it, not even where the menu is just a part of it by then.
+  // No later change finishes it, even if the menu is a prefix of it by then.
   cut.next->Put(kMenuPath, cut.finished.substr(0, cut.finished.size() - ItemLine(3).size()));
   EXPECT_EQ(ChangeResult::Made, Make(second, SampleChange(Kind::Keep)));
   EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
 }
 
-// Another program reads the scratch file, so that it cannot be renamed.
+// Another program writes a complete menu between the question and the answer.
 TEST(CutShort, IsNotFinishedOverAMenuThatCameAfterTheQuestion) {
   Cut cut;
   MenuFile menu(*cut.next, kMenuPath);
@@ -278,6 +277,8 @@ TEST(CutShort, IsNotFinishedOverAMenuThatCameAfterTheQuestion) {
   EXPECT_TRUE(IsAsked(*cut.next)) << "about that menu";
 }
 
+// Another program reads the scratch file, so that it cannot be renamed.
+// Another program reads the scratch file, so that it cannot be renamed.
 TEST(CutShort, IsCopiedAsideWhereItCannotBeRenamed) {
   Cut cut;
   cut.next->ForbidRemove("zoltempfileoktodelete");
@@ -312,7 +313,7 @@ TEST(CutShort, TheLaterOfTwoIsFinished) {
   }
 }
 
-// After a power cut a file that was deleted may be there again.
+// A power cut may bring back a deleted file.
 TEST(CutShort, IsNotSeenByAJournalThatCameBack) {
   for (const Kind first : kEditorKinds) {
     for (const Kind second : {Kind::MoveUp, Kind::Edit, Kind::SaveAppearance}) {
@@ -365,7 +366,7 @@ TEST(CutShort, AddedEntriesAreFinishedWhateverIsThereOfThem) {
       EXPECT_EQ(finished, FinishedByTheNextStart(next)) << size;
     }
   }
-  // The journal has all of a small menu.
+  // The journal holds the whole of a small menu.
   for (const std::string& other : {UserMenu(3).substr(0, 200), UserMenu(8, "x"), ""s}) {
     MemoryFiles next(disk);
     next.Put(kMenuPath, other);
@@ -373,8 +374,7 @@ TEST(CutShort, AddedEntriesAreFinishedWhateverIsThereOfThem) {
   }
 }
 
-// A block of the disk that is being written when the power fails may lose what stood
-// in it before.
+// A power cut may destroy the old bytes in the disk block that is being written.
 TEST(CutShort, AddedEntriesAreFinishedWhereTheirDiskBlockWasTorn) {
   const std::string old = UserMenu(250);
   ASSERT_LT(8192u, old.size());
@@ -397,7 +397,7 @@ TEST(CutShort, AddedEntriesAreFinishedWhereTheirDiskBlockWasTorn) {
   const std::size_t block = old.size() / 4096 * 4096;
   next.Put(kMenuPath, old.substr(0, block) + std::string(finished.size() - block, '\0'));
   EXPECT_EQ(finished, FinishedByTheNextStart(next));
-  // The entries before that are others by now: there is nothing to finish.
+  // The entries before it have changed, so the change cannot be finished.
   for (const int items : {150, 260}) {
     MemoryFiles replaced(files.Everything());
     replaced.Put(kMenuPath, UserMenu(items, "x"));
@@ -405,7 +405,7 @@ TEST(CutShort, AddedEntriesAreFinishedWhereTheirDiskBlockWasTorn) {
   }
 }
 
-// A read that gives less than the file holds must not count as its end.
+// A short read must not count as the end of the file.
 TEST(Replace, TakesNoReadThatEndsEarlyForTheEnd) {
   for (const Kind kind : {Kind::Delete, Kind::Edit, Kind::ChangeIcon}) {
     for (std::size_t operation = 1; operation <= 45; ++operation) {
@@ -425,8 +425,8 @@ TEST(Replace, TakesNoReadThatEndsEarlyForTheEnd) {
   }
 }
 
-// A process ended before its flush, and the next start found the menu complete: only
-// what is flushed is.
+// A process ended before it flushed the menu. The next start finds the menu complete, but
+// has to flush it before it removes the journal.
 TEST(CutShort, IsNotForgottenBeforeTheMenuIsOnTheDisk) {
   MemoryFiles whole;
   whole.Put(kMenuPath, UserMenu(4));
@@ -448,7 +448,7 @@ TEST(CutShort, IsNotForgottenBeforeTheMenuIsOnTheDisk) {
   }
 }
 
-// Another menu's change puts the journal aside; this menu's next change finds it.
+// A change of another menu puts the journal aside; the next change of this menu finds it.
 TEST(CutShort, IsFinishedFirstWhereItWasPutAside) {
   Cut cut(Kind::MoveUp);
   cut.next->Put(kOther, UserMenu(3));
@@ -482,7 +482,7 @@ TEST(Replace, LeavesTheMenuWhereTheDiskHasNoRoom) {
   }
 }
 
-// That nothing could be cut is no cut.
+// If the menu file cannot be cut, a longer menu is written over it.
 TEST(Replace, WritesOverAMenuThatCannotBeMadeShorter) {
   for (const Kind kind : {Kind::Separator, Kind::MoveUp}) {
     MemoryFiles files;
@@ -501,8 +501,8 @@ TEST(Replace, WritesOverAMenuThatCannotBeMadeShorter) {
   EXPECT_FALSE(menu.HasUnfinished());
 }
 
-// A scratch file that stays, because another program reads it, holds just the
-// description: three saves in a row give the same file.
+// A scratch file that cannot be deleted holds just the description afterwards, so that
+// three saves give the same menu.
 TEST(Replace, LeavesTheDescriptionInAScratchFileThatStays) {
   MemoryFiles files;
   files.Put(kMenuPath, UserMenu(4));
@@ -532,7 +532,7 @@ TEST(Replace, TakesNothingFromAMenuThatStaysInTheScratchFile) {
   }
 }
 
-// What is not a Failure is not lost either.
+// Exceptions other than Failure leave a change to finish, too.
 TEST(Replace, SaysAfterAnyExceptionThatItIsUnfinished) {
   MemoryFiles files;
   files.Put(kMenuPath, UserMenu(4));

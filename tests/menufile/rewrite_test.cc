@@ -1,4 +1,4 @@
-// What the rewrite makes of a whole menu file, operation by operation.
+// Tests the bytes of a menu file after each change.
 #include "menufile/rewrite.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ const std::string kHead =
 const std::string kPointerHead =
     SamplePicture() + std::string(kMarker) + "\"DIRPOINT\"\r\n" + std::string(kAppearanceLine);
 
-// The menu file after the operation; no scratch file may be left.
+// The menu file after the change. Fails if a scratch file is left.
 std::string Rewritten(const std::string& menu, const UserChange& operation) {
   MemoryFiles files;
   files.Put(kMenuPath, menu);
@@ -56,7 +56,7 @@ TEST(MoveUp, ExchangesTheEntryWithTheOneBeforeIt) {
   EXPECT_EQ(kHead + Items({0, 1, 3, 2}), Rewritten(UserMenu(4), Kind::MoveUp, 3));
 }
 
-TEST(MoveDown, ExchangesTheEntryWithTheOneBehindIt) {
+TEST(MoveDown, ExchangesTheEntryWithTheOneAfterIt) {
   EXPECT_EQ(kHead + Items({1, 0, 2, 3}), Rewritten(UserMenu(4), Kind::MoveDown, 0));
   EXPECT_EQ(kHead + Items({0, 2, 1, 3}), Rewritten(UserMenu(4), Kind::MoveDown, 1));
   EXPECT_EQ(kHead + Items({0, 1, 3, 2}), Rewritten(UserMenu(4), Kind::MoveDown, 2));
@@ -69,12 +69,12 @@ TEST(MoveUp, AndDownAgainGivesTheSameBytes) {
   }
 }
 
-TEST(MoveDown, OfTheLastEntryTakesAnEmptyOneFromBehindTheEnd) {
+TEST(MoveDown, OfTheLastEntryTakesAnEmptyOneFromAfterTheEnd) {
   EXPECT_EQ(kHead + Items({0}) + std::string(kSeparatorLine) + Items({1}),
             Rewritten(UserMenu(2), Kind::MoveDown, 1));
 }
 
-TEST(Delete, DropsTheEntryAndNothingRemainsBehindTheEnd) {
+TEST(Delete, DropsTheEntryAndNothingRemainsAfterTheEnd) {
   EXPECT_EQ(kHead + Items({1, 2}), Rewritten(UserMenu(3), Kind::Delete, 0));
   EXPECT_EQ(kHead + Items({0, 2}), Rewritten(UserMenu(3), Kind::Delete, 1));
   EXPECT_EQ(kHead + Items({0, 1}), Rewritten(UserMenu(3), Kind::Delete, 2));
@@ -84,7 +84,7 @@ TEST(Delete, OfTheOnlyEntryLeavesTheLinesThatEveryMenuHas) {
   EXPECT_EQ(kHead, Rewritten(UserMenu(1), Kind::Delete, 0));
 }
 
-TEST(Separator, StandsInFrontOfTheEntry) {
+TEST(Separator, StandsBeforeTheEntry) {
   EXPECT_EQ(kHead + std::string(kSeparatorLine) + Items({0, 1}),
             Rewritten(UserMenu(2), Kind::Separator, 0));
   EXPECT_EQ(kHead + Items({0}) + std::string(kSeparatorLine) + Items({1}),
@@ -163,7 +163,7 @@ TEST(SaveAppearance, OfADirectoryPointerFailsAndLeavesTheMenu) {
             files.Get("zoltempfileoktodelete"));
 }
 
-TEST(SaveDirectory, WritesTheRecordBehindTheAppearanceAsRead) {
+TEST(SaveDirectory, WritesTheRecordAfterTheAppearanceAsRead) {
   const std::string expected = kPointerHead + "\"D:\\new folder\\\",\"*.txt\",0,0,1\r\n";
   EXPECT_EQ(expected, Rewritten(DirectoryMenu(), Kind::SaveDirectory));
   EXPECT_EQ(expected, Rewritten(UserMenu(4), Kind::SaveDirectory));
@@ -185,7 +185,7 @@ TEST(SwitchToUserDefined, LeavesNoItems) {
   EXPECT_EQ(kHead, Rewritten(DirectoryMenu(), Kind::SwitchToUserDefined));
 }
 
-TEST(SwitchToUserDefined, ReadsNothingBehindTheAppearance) {
+TEST(SwitchToUserDefined, ReadsNothingAfterTheAppearance) {
   EXPECT_EQ(kHead, Rewritten(kPointerHead + "\"cut", Kind::SwitchToUserDefined));
 }
 
@@ -259,7 +259,7 @@ TEST(Rewrite, AnItemWithoutIconIndexAtTheEndOfTheFileKeepsItEmpty) {
             Rewritten(UserMenu(2) + "\"a\",\"b\",\"c\",\"d\",\"e\"", Kind::MoveUp, 1));
 }
 
-TEST(Rewrite, AQuoteInATextShiftsTheFieldsBehindIt) {
+TEST(Rewrite, AQuoteInATextShiftsTheFieldsAfterIt) {
   UserChange operation = SampleChange(Kind::Edit, 0);
   operation.texts.caption = "6\" nails";
   const std::string once = Rewritten(UserMenu(1), operation);

@@ -15,13 +15,13 @@ namespace {
 constexpr std::string_view kPicture = "icon < of the program\r\n";
 constexpr std::size_t kSector = 16;
 
-// A failed conversion tells nothing where the file stays as it was.
+// A failed conversion reports nothing if the file stays unchanged.
 const TwoWindows::Step kConversion = {"conversion", [](MenuFile& menu) {
                                         UpgradeMenuFile(menu, kPicture);
                                         return ChangeResult::Made;
                                       }};
 
-// Says Yes to the conversion once, where it says Yes at all.
+// Says Yes to the conversion at most once.
 class Converter final : public MenuView {
  public:
   Converter(bool converts, std::function<void()> beforeYes)
@@ -63,7 +63,7 @@ std::string Escaped(std::string_view bytes) {
   return text;
 }
 
-// What a change finds in the scratch file, where another one's journal was put aside.
+// The bytes that a change finds in the scratch file after the journal was put aside.
 std::string WithoutJournal(const std::string& bytes) {
   const std::optional<PlainJournal> journal = ReadPlainly(bytes);
   return journal ? journal->description : bytes;
@@ -90,7 +90,7 @@ void TwoWindows::Do(Window window, const Step& step, const Fault& fault) {
   Menu& menu = MenuOf(window);
   const std::string before = Bytes(menu);
   std::set<std::string> outcomes = Outcomes(menu, before, step);
-  if (menu.weakPrefix) {  // whose half line is taken back first
+  if (menu.weakPrefix) {  // the half line is taken back first
     outcomes.merge(Outcomes(menu, *menu.weakPrefix, step));
   }
   const bool mayHaveNoJournal = step.appends && fault.kind == Fault::Kind::FailsForGood;
@@ -185,7 +185,7 @@ void TwoWindows::CutPower(PowerCut cut) {
   files_ = Copy(files_->AfterPowerCut(cut));
   for (Menu& menu : menus_) {
     AllowHalfLine(menu);
-    if (menu.declined) {  // what the cut left of it was never flushed
+    if (menu.declined) {  // the interrupted change was never flushed
       menu.right.insert(Bytes(menu));
     }
   }
@@ -221,7 +221,7 @@ std::set<std::string> TwoWindows::Outcomes(const Menu& menu, const std::string& 
     if (isNew) {
       const std::unique_ptr<MemoryFiles> files = Copy(disk);
       for (const char* name : kScratchFiles) {
-        files->ForbidRemove(name);  // by its folder, or by a fault
+        files->ForbidRemove(name);  // as by the folder, or by a fault
       }
       MenuFile opened(*files, menu.path);
       try {
@@ -256,7 +256,7 @@ bool TwoWindows::Run(Window window, const Fault& fault, const std::function<void
   return isDone;
 }
 
-// The menu file is as it is to be: an earlier change was finished.
+// An earlier change was finished: the menu file is complete.
 void TwoWindows::SettleOn(Menu& menu, const std::string& bytes) {
   bool isRight = menu.right.count(bytes) + menu.aside.count(bytes) > 0;
   std::erase_if(menu.kept, [&](const std::set<std::string>& states) {
@@ -274,9 +274,9 @@ void TwoWindows::SettleOn(Menu& menu, const std::string& bytes) {
 }
 
 void TwoWindows::EarlierFinished(Menu& menu, const std::string& before) {
-  // What was put aside before is still asked for by the next start.
+  // The next start still asks about states that were put aside before.
   std::set<std::string> aside = menu.aside;
-  if (menu.wasCut && Bytes(menu) == before) {  // another window had finished it, or worked on
+  if (menu.wasCut && Bytes(menu) == before) {  // another window had finished it, or gone on
     aside.insert(menu.right.begin(), menu.right.end());
   }
   SettleOn(menu, Bytes(menu));
@@ -319,7 +319,7 @@ void TwoWindows::MayBeMade(Window window, const std::string& before,
   if (menu.right.count(before)) {
     menu.right.insert(outcomes.begin(), outcomes.end());
   }
-  if (menu.declined) {  // somebody else began to finish it
+  if (menu.declined) {  // another window began to finish it
     menu.right.insert(Bytes(menu));
   }
   AllowHalfLine(menu);

@@ -19,15 +19,15 @@ namespace menufile {
 
 inline constexpr const char* kSecondMenu = "C:\\menus\\b.menu";
 
-// A folder with two menus, two windows on the first and one on the second, and a
-// judge who knows what each menu may hold. Each step is a user's; after it, for
-// both menus, one of the right states has to be in some file, a start has to offer
-// it unless the user has said No, and must not ask where nothing was cut short.
+// A folder with two menus, two windows on the first one and one on the second, and a
+// model of what each menu may hold. After each step of a user, this checks both menus:
+// one of the right states has to be in some file; the next start has to offer it, unless
+// the user has said No; and a start must not ask if no change was interrupted.
 class TwoWindows {
  public:
   enum Window : std::size_t { kFirst, kSecond, kOther, kWindows };
 
-  // How the folder treats the scratch files.
+  // The properties of the folder.
   struct Folder {
     std::size_t blockSize = 1000;
     std::set<std::string> cannotBeRemoved = {};
@@ -35,65 +35,66 @@ class TwoWindows {
 
   TwoWindows(const MemoryFiles::Disk& disk, Folder folder);
 
-  // The scratch file holds a change of the second menu that was cut short: this is
-  // what the menu is to be.
+  // To be called if the scratch file holds an interrupted change of the second menu.
+  // `finished` is the finished menu.
   void SecondMenuWasCut(const std::string& finished);
 
-  // What a user does at a window.
+  // A change that a user makes in a window.
   using Change = std::function<ChangeResult(MenuFile&)>;
   struct Step {
-    std::string key;  // tells changes apart
+    std::string key;  // a name, different for different changes
     Change change;
-    // It adds to the menu file, and has no journal where none can be written.
+    // True if it adds to the menu file: then it has no journal if none can be written.
     bool appends = false;
   };
 
-  // Lets the user of the window do that, with this fault; then the judge looks.
+  // Makes the change in the window, with this fault, and checks both menus.
   void Do(Window window, const Step& step, const Fault& fault);
-  // Closes the window and opens it again. Yes and No are to the question whether to
-  // finish the last change, and whether to convert.
+  // Closes the window and opens it again. `yes` is the answer to finishing an interrupted
+  // change, `converts` that to the conversion.
   void Start(Window window, bool yes, bool converts, const Fault& fault);
   void Close(Window window, const Fault& fault);
   void ReadEntry(Window window, const Fault& fault);
-  // Every window is gone, and what was not flushed in part.
+  // Closes every window. Changes that were not flushed are lost in part.
   void CutPower(PowerCut cut);
 
-  // How many file operations the last step took, each with its file.
+  // The file operations of the last step, each with its file.
   const std::vector<std::string>& log() const { return files_->log(); }
-  // A process ended at the last step.
+  // True if the process ended at the last step.
   bool ended() const { return ended_; }
-  // Nothing while all went well.
+  // The first fault that was found; empty if there is none.
   const std::string& complaint() const { return complaint_; }
-  // What was done so far, for messages.
+  // The steps so far, for messages.
   const std::string& story() const { return story_; }
   std::size_t offered() const { return offered_; }
 
  private:
   struct Menu {
     std::string path;
-    // What the menu file may hold.
+    // The states that the menu file may have.
     std::set<std::string> right;
-    // States of which one has to be in some file, after the user said No to it or
-    // somebody worked on with what the menu file held.
+    // For each set, one of its states has to be in some file: the user said No to it, or
+    // went on with the old menu.
     std::vector<std::set<std::string>> kept;
-    bool wasCut = false;      // a change of it was cut short
-    bool declined = false;    // and the user did not want it finished
-    bool lookFailed = false;  // at a start, so that it could not ask
-    // The window that knows so, or that it failed.
+    bool wasCut = false;      // a change was interrupted
+    bool declined = false;    // the user did not want it finished
+    bool lookFailed = false;  // a start could not read the journal, so it did not ask
+    // The window whose change was interrupted, or whose user said No.
     std::optional<Window> knownTo;
-    // What another window, which did not know, may have put aside: it is offered
-    // later, since nobody has declined it.
+    // States that another window may have put aside. A later start offers them, since
+    // nobody has declined them.
     std::set<std::string> aside;
-    // Lines were added without a journal and cut short: what has to be there still.
+    // Set if lines are added without a journal: the old menu. A fault may leave any bytes
+    // after its last whole sector.
     std::optional<std::string> weakPrefix;
   };
 
   Menu& MenuOf(Window window) { return menus_[window == kOther ? 1 : 0]; }
   std::string Bytes(const Menu& menu) const;
   std::unique_ptr<MemoryFiles> Copy(const MemoryFiles::Disk& disk) const;
-  // All that a change may make of the menu file.
+  // The states that the menu file may have after a change.
   std::set<std::string> Outcomes(const Menu& menu, const std::string& bytes, const Step& step);
-  // False where the process ended or it failed.
+  // Returns false if the process ended or the step failed.
   bool Run(Window window, const Fault& fault, const std::function<void()>& run);
   void SettleOn(Menu& menu, const std::string& bytes);
   void EarlierFinished(Menu& menu, const std::string& before);

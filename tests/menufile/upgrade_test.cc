@@ -42,7 +42,7 @@ TEST(DefaultPicture, HoldsNoMarker) {
   EXPECT_EQ(std::string::npos, DefaultPicture().find("<START ZOL>"));
 }
 
-TEST(UpgradeMenuFile, PutsPictureMarkerAndTypeLineInFront) {
+TEST(UpgradeMenuFile, PutsPictureMarkerAndTypeLineBeforeTheOldBytes) {
   for (const std::string& old :
        {PreviousVersionMenu(5), ""s, "x"s, "<"s, "\r\n"s, "\0\xff<START ZOL>\n"s}) {
     MemoryFiles files;
@@ -103,8 +103,8 @@ TEST(UpgradeMenuFile, AScratchFileInUseLeavesTheMenu) {
   EXPECT_EQ("of another editor", files.Get("temporaryfile"));
 }
 
-// A failure at each operation: the file is as it was, or as it is to be, or the
-// conversion says that it was cut short and is finished as soon as that works.
+// A failure at each operation leaves the file unchanged or converted, or throws; then the
+// next start finishes the conversion.
 TEST(UpgradeMenuFile, ThatFailsIsNotMadeOrFinishedLater) {
   const std::string old = PreviousVersionMenu(3);
   MemoryFiles whole;

@@ -10,8 +10,7 @@
 
 namespace menufile {
 
-// One change to a menu as the user asks for it, with all that it needs; the fields
-// that a kind does not need are left alone.
+// One change to a menu by the user. A kind ignores the fields that it does not need.
 struct UserChange {
   enum class Kind {
     Keep,  // writes every record as it was read; the editor has no such change
@@ -52,21 +51,22 @@ inline constexpr auto kEditorKinds = std::span(kEveryKind).subspan<1>();
 
 inline constexpr int kUserChanges = static_cast<int>(std::size(kEveryKind));
 
-// For messages of tests: "MoveUp".
+// The name for messages of tests, such as "MoveUp".
 const char* NameOf(UserChange::Kind kind);
 
-// Those that ignore every failure.
+// True for the kinds that ignore every failure.
 bool IgnoresFailures(UserChange::Kind kind);
-// All but the icon change.
+
+// True for all kinds but the icon change.
 bool DeletesScratchFirst(UserChange::Kind kind);
 const char* ScratchFileOf(UserChange::Kind kind);
 
 // A change of this kind on `row`, with some text in every field.
 UserChange SampleChange(UserChange::Kind kind, std::size_t row = 0);
 
-// Has the change made by the editor's own procedures.
+// Makes the change with the editor's procedures.
 ChangeResult Make(MenuFile& menu, const UserChange& change);
-// The same by a window that has just been opened.
+// The same with a new MenuFile.
 ChangeResult Make(FileSystem& files, const std::string& path, const UserChange& change);
 
 }  // namespace menufile

@@ -204,7 +204,7 @@ TEST(FontSizeText, OfEveryFiniteNumberIsReadable) {
   }
 }
 
-TEST(FontSizeText, OfNoNumberThereIsNone) {
+TEST(FontSizeText, OfInfinityOrNanThereIsNone) {
   EXPECT_EQ(std::nullopt, FontSizeText(std::numeric_limits<double>::infinity()));
   EXPECT_EQ(std::nullopt, FontSizeText(std::numeric_limits<double>::quiet_NaN()));
 }
