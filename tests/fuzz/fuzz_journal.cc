@@ -69,8 +69,8 @@ std::string ReadScratchFile(FuzzInput& input, unsigned flags, const std::string&
   return bytes;
 }
 
-// The two numbers after the kinds of rewrites add entries, as the wizard does and as
-// a drop does.
+// The two kinds after those of rewrites add an entry: as the wizard does, and as a drop
+// does.
 ChangeResult MakeChange(MenuFile& menu, int kind, std::size_t row) {
   if (kind < kUserChanges) {
     return Make(menu, SampleChange(static_cast<UserChange::Kind>(kind), row));

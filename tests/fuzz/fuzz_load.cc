@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   LoadedMenu converted = menufile::Load(files, 1, picture);
   const std::string expected =
       picture + std::string(menufile::kMarker) + "\"USERDEF\"\r\n" + std::string(bytes);
-  Require(files.Get(menufile::kMenuPath) == expected, "the old bytes stay behind the new head");
+  Require(files.Get(menufile::kMenuPath) == expected, "the old bytes stay after the new head");
   Require(converted.end != LoadedMenu::End::Declined, "a converted file has a marker line");
   converted.shown.erase(converted.shown.begin());  // the question
   Require(converted == menufile::LoadLiterally(expected), "a converted file loads plainly");

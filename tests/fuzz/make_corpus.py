@@ -47,14 +47,14 @@ def loads():
     yield "cut_in_type_line", whole[: whole.index(USER) + 4]
     yield "cut_in_appearance", whole[: whole.index(LOOK) + 9]
     yield "cut_in_item", whole[:-20]
-    yield "cut_behind_last_comma", whole[:-4]
+    yield "cut_after_last_comma", whole[:-4]
     yield "blank_last_line", whole + b"\r\n"
     yield "spaces_at_end", whole + b"   "
     yield "too_few_fields", menu([b"a,b\r\nc,d,e,6\r\n", b"1\r\n2\r\n"])
     yield "too_many_fields", menu([b"1,2,3,4,5,6,7,8\r\n"])
     yield "quote_in_text", menu([b'"6" nails","b","c","d","e",0\r\n'])
     yield "unclosed_quote", menu([b'"a","b, c\r\n'])
-    yield "text_behind_quote", menu([b'"a" x,"b"\t,"c","d","e" ,0 \r\n'])
+    yield "text_after_quote", menu([b'"a" x,"b"\t,"c","d","e" ,0 \r\n'])
 
 
 def text(value):
