@@ -1,7 +1,6 @@
 #!/bin/bash
-# The windows are usable on small screens: the tests of the layout and those that use
-# keyboard and mouse are run on screens of 1280x720 and 800x600 pixels, in a Wine
-# prefix that nothing else uses.
+# Runs the layout tests, and those that use keyboard and mouse, on screens of 1280x720 and
+# 800x600 pixels, in a Wine prefix of its own.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 

@@ -1,7 +1,7 @@
 #!/bin/bash
-# A test program that Wine did not begin is started again, once, and counted; two of
-# them are a failure of the whole run. Here "wine" is a script that fails as often as
-# it is told.
+# Tests that a program that Wine ends before it begins is started again, once, and
+# counted, and that two of them make the whole run fail. "wine" is a script here that
+# fails as often as the file FAILURES says.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 
@@ -23,8 +23,8 @@ WINE
 chmod +x "$copy/bin/wine"
 export PATH=$copy/bin:$PATH FAILURES=$copy/failures CORVALIS_WINE_SESSION=copy
 
-# expect FAILURES CODE EXIT OUTPUT: runs a program that ends with CODE, where Wine fails
-# so often before; EXIT and OUTPUT are what comes of it.
+# expect FAILURES CODE EXIT OUTPUT: runs a program that ends with CODE after Wine has
+# failed FAILURES times. Expects the exit code EXIT and the output OUTPUT.
 expect() {
   local failures=$1 code=$2 wanted_code=$3 wanted=$4 status=0
   echo "$failures" >"$FAILURES"
@@ -32,7 +32,8 @@ expect() {
   [ "$status $output" = "$wanted_code $wanted" ] ||
     fail "after $failures failures, a program with exit code $code: $status, $output"
 }
-# The number of lines in the log, and whether the check at the end accepts them.
+# expect_counted COUNT EXIT: expects that count, and that exit code of the check at the
+# end.
 expect_counted() {
   local status=0
   "$copy/tests/tools/wine_starts_test.sh" end >"$copy/counted" || status=$?

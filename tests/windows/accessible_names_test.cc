@@ -12,8 +12,7 @@
 
 namespace {
 
-// What Windows keeps of names that a program gives to its controls. Wine has
-// nothing for it, so that the tests bring this along.
+// Stands in for the service of Windows that keeps the names of controls. Wine has none.
 class KeptNames final : public CountedObject<IAccPropServices> {
  public:
   KeptNames() : CountedObject(IID_IAccPropServices) {}
@@ -39,7 +38,7 @@ class KeptNames final : public CountedObject<IAccPropServices> {
     return S_OK;
   }
 
-  // Nothing else is called.
+  // The program calls no other function.
   HRESULT WINAPI SetPropValue(const BYTE*, DWORD, MSAAPROPID, VARIANT) override {
     return E_NOTIMPL;
   }
@@ -78,7 +77,7 @@ class KeptNames final : public CountedObject<IAccPropServices> {
   }
 };
 
-// Makes COM give that one out while this lives.
+// Makes COM return that service until it is destroyed.
 class KeptNamesFactory final : public CountedObject<IClassFactory> {
  public:
   explicit KeptNamesFactory(KeptNames& names) : CountedObject(IID_IClassFactory), names_(names) {
@@ -103,7 +102,7 @@ struct NamedControl {
   const wchar_t* name;
 };
 
-// What a screen reader says on coming to each control that the user can act on.
+// The names that a screen reader says for the controls that the user can act on.
 constexpr NamedControl kNames[] = {
     {IDC_FORM2_SSTAB1, L"Pages"},
     {IDC_FORM2_COMMAND5, L"Quit"},
@@ -160,7 +159,7 @@ std::wstring WideText(HWND window) {
 
 }  // namespace
 
-// Outlives the windows.
+// Has to outlive the windows.
 class KeepsNames {
  protected:
   KeptNames kept;
@@ -168,9 +167,8 @@ class KeepsNames {
 
 class AccessibleNamesTest : public KeepsNames, public WindowTour {
  protected:
-  // What Windows' accessibility takes for a control's name: the one that was
-  // given to it; else a button's own text; else the text of the label right
-  // before it, seen or not.
+  // The name of a control by the rules of Windows: the name that was given to it, or a
+  // button's text, or the text of the label right before it, even of a hidden one.
   std::wstring NameOf(HWND control) {
     if (const auto given = kept.names.find(control); given != kept.names.end()) {
       return given->second;
@@ -182,7 +180,7 @@ class AccessibleNamesTest : public KeepsNames, public WindowTour {
     return before != nullptr && Class(before) == "Static" ? WideText(before) : std::wstring();
   }
 
-  // The keyboard or the mouse does something there.
+  // True if the keyboard or the mouse does something at the control.
   static bool CanBeActedOn(HWND control) {
     const LONG style = GetWindowLongA(control, GWL_STYLE);
     return (style & WS_TABSTOP) != 0 || (Class(control) == "Static" && (style & SS_NOTIFY) != 0);

@@ -24,7 +24,7 @@ void Append(std::string& out, const T& value) {
   out.append(reinterpret_cast<const char*>(&value), sizeof value);
 }
 
-// A bitmap file of those pixels, which come from the top left one, row by row.
+// A bitmap file of these pixels, which are row by row from the top left.
 std::string BitmapFile(const std::vector<COLORREF>& pixels) {
   const int side = testing_icons::kIconSize;
   const std::uint32_t pixelBytes = static_cast<std::uint32_t>(side * side * 3);
@@ -68,7 +68,7 @@ class AppearanceTest : public AppearanceTestBase {
     EXPECT_FALSE(Exists(scratch));
     EXPECT_EQ(ExitCode(), std::nullopt);
   }
-  // The message, and the end of the program as if the window had been closed.
+  // Expects the message, and the end of the program as after closing the window.
   void ExpectWriteError() {
     ASSERT_EQ(answers.Shown().size(), 1U);
     EXPECT_EQ(answers.Shown()[0].title, "Error!");
@@ -205,7 +205,7 @@ TEST_F(AppearanceTest, AReadOnlyMenuIsNotSaved) {
   EXPECT_EQ(MenuBytes(), menu);
 }
 
-TEST_F(AppearanceTest, AMenuThatIsGoneIsNotMadeAnew) {
+TEST_F(AppearanceTest, AMissingMenuIsNotMade) {
   OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
   ASSERT_TRUE(DeleteFileA(MenuPath().c_str()));
   Save();
@@ -249,7 +249,7 @@ TEST_F(AppearanceTest, ThatFailsHalfWayIsFinishedByTheNextStart) {
   full.limitedFile = "test.menu";
   full.bytesLeft = 100;
   Save();
-  // The window tries to finish it as it goes.
+  // The window tries to finish it when it closes.
   ASSERT_EQ(answers.Shown().size(), 2U);
   EXPECT_EQ(answers.Shown()[0].text, "Error writing to file.");
   EXPECT_EQ(answers.Shown()[1].title, "Error!");
@@ -261,7 +261,7 @@ TEST_F(AppearanceTest, ThatFailsHalfWayIsFinishedByTheNextStart) {
   EXPECT_EQ(MenuBytes(), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));
 }
 
-// Else the menu would begin in the middle of its picture.
+// Otherwise a reader would find the marker in the middle of the picture.
 TEST_F(AppearanceTest, APictureWithTheMarkerInItIsNotSaved) {
   const std::string menu = Menu("1,\"Liberation Sans\",9.75,0,0\r\n");
   OpenPage(menu);

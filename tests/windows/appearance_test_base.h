@@ -25,7 +25,7 @@ class AppearanceTestBase : public IconTest {
   }
   void Save() { Press(IDC_FORM2_COMMAND12); }
 
-  // The appearance line that a save writes after nothing else.
+  // Saves, and returns the appearance line in the menu file.
   std::string SavedLine() {
     Save();
     const std::string bytes = MenuBytes();

@@ -1,5 +1,5 @@
-// Files that another program holds: for a moment, as an indexer or a virus scanner
-// does, or for long.
+// Tests with files that another program has open: for a moment, like an indexer or a virus
+// scanner, or for long.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -20,7 +20,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds kMoment{300};
 
-// Lets go of what it holds after a while, on a thread of its own.
+// Releases a file after a while, on a thread of its own.
 class Holder {
  public:
   Holder(std::function<void()> letGo, milliseconds time)
@@ -51,7 +51,7 @@ HANDLE OpenToHold(const std::string& path, DWORD share, DWORD flags = 0) {
 
 class BusyFilesTest : public ListTest {
  public:
-  // Holds the file at path_ in a way of its own; what lets go of it.
+  // Blocks the file at path_, each in another way, and returns what releases it.
   using Hold = std::function<void()> (BusyFilesTest::*)();
 
   std::function<void()> HoldForReaders() {
@@ -70,7 +70,7 @@ class BusyFilesTest : public ListTest {
       CloseHandle(file);
     };
   }
-  // Access is denied then, as to a file that is being deleted.
+  // Then access is denied, as for a file that is being deleted.
   std::function<void()> HoldAnImage() {
     EXPECT_TRUE(CopyFileA(ThisProgram().c_str(), path_.c_str(), FALSE));
     const HANDLE file =
@@ -119,9 +119,9 @@ TEST_F(BusyFilesTest, AreTriedAgainForHalfASecond) {
   }
 }
 
-// Another editor holds its scratch file: what it leaves there is not to be written
-// over, nor deleted.
-TEST_F(BusyFilesTest, AreLeftToTheOneWhoWritesThem) {
+// Another editor has its scratch file open: the file must be neither overwritten nor
+// deleted.
+TEST_F(BusyFilesTest, AreNotTouchedWhileAnotherEditorWritesThem) {
   WriteBytes(path_, "some bytes");
   const std::function<void()> letGo = HoldForReaders();
   EXPECT_LT(TimeOf([&] { EXPECT_THROW(Create(), menufile::Failure); }), milliseconds(400));
@@ -140,8 +140,8 @@ TEST_F(BusyFilesTest, AreLeftToTheOneWhoWritesThem) {
   EXPECT_EQ(ReadBytes(path_), "other bytes");
 }
 
-// Waiting would not help: the file is read-only, it is a folder, or no file can
-// be made where it is to be.
+// Waiting would not help: the file is read-only, it is a folder, or its folder takes no
+// file.
 TEST_F(BusyFilesTest, AreNotWaitedForWhereAccessIsDeniedForGood) {
   WriteBytes(PathOf("read-only"), "");
   MakeReadOnly(PathOf("read-only"));

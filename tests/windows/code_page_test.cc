@@ -14,7 +14,7 @@ using win32::ToText;
 
 namespace {
 
-// A lead byte where pages have them; else one character like others.
+// A lead byte in code pages that have lead bytes, an ordinary character in the others.
 constexpr const char* kLead = "\xE3";
 
 bool HasLeadBytes() {
@@ -40,10 +40,10 @@ void WriteEmpty(const std::wstring& path) {
 
 }  // namespace
 
-// Runs in each of the code pages (tools/code_page.sh).
+// The tests run in each of the code pages (tools/code_page.sh).
 class CodePageTest : public WizardTestBase {
  protected:
-  // Through the message loop, as from the keyboard.
+  // Types through the message loop, like a keyboard.
   void TypeCharacters(HWND box, const std::wstring& text) {
     for (const wchar_t half : text) {
       PostMessageW(box, WM_CHAR, half, 1);
@@ -93,8 +93,7 @@ class CodePageTest : public WizardTestBase {
 
   const testing_pages::Page& page = testing_pages::ThisPage();
 
-  // True if the page of the wizard shows it, also where a window manager does not
-  // show the wizard itself.
+  // True if the page of the wizard shows the control, even if the wizard itself is hidden.
   bool IsOnThePage(int id) {
     return (GetWindowLongW(WizardControl(id), GWL_STYLE) & WS_VISIBLE) != 0;
   }
@@ -102,7 +101,7 @@ class CodePageTest : public WizardTestBase {
 
 namespace {
 
-TEST_F(CodePageTest, TextGoesThereAndBack) {
+TEST_F(CodePageTest, TextConvertsToBytesAndBack) {
   EXPECT_EQ(ToText(page.bytes), page.held);
   EXPECT_EQ(ToBytes(page.held), page.bytes);
   EXPECT_EQ(ToBytes(page.held + page.other), std::nullopt);
@@ -115,17 +114,17 @@ TEST_F(CodePageTest, TextGoesThereAndBack) {
     const std::wstring text = ToText(one);
     lost += text == L"\xFFFD" ? 1 : 0;
     EXPECT_TRUE(text == L"\xFFFD" || ToBytes(text) == one) << byte;
-    // What stands after it is no part of it.
+    // The character after it is not a part of it.
     EXPECT_EQ(ToText(std::string("\"" + one + "\"")), L"\"" + text + L"\"") << byte;
   }
   EXPECT_EQ(lost > 0, HasLeadBytes());
 }
 
-TEST_F(CodePageTest, IsTypedPastedAndSet) {
+TEST_F(CodePageTest, BoxesTakeTypedPastedAndSetTextAndRefuseTheRest) {
   ASSERT_TRUE(OpenLines({}));
   OpenAdd();
   TypeCharacters(WizardControl(IDC_FORM3_TEXT1), L"news:" + page.held);
-  // What the code page does not have stays out.
+  // Characters that the code page does not have are refused.
   TypeCharacters(WizardControl(IDC_FORM3_TEXT2), L"-" + page.held + page.other + L"z");
   Paste(WizardControl(IDC_FORM3_TEXT2), page.other);
   Paste(WizardControl(IDC_FORM3_TEXT3), page.held + L"\r\n" + page.other);
@@ -181,9 +180,9 @@ TEST_F(CodePageTest, ATargetGetsShortNamesOnlyWhereItNeedsThem) {
   ExpectSettled({ItemLine("name", ToBytes(stored + L"\\*.txt").value())});
 }
 
-// The one whose name looks like it is not asked for; and a question mark that a
+// A file with a similar name is not accepted instead, and a question mark that a
 // conversion makes is no wildcard.
-TEST_F(CodePageTest, ATargetIsNoOtherFile) {
+TEST_F(CodePageTest, AFileWithASimilarNameIsNotTheTarget) {
   for (const wchar_t* name : {L"eb.txt", L"Lb.txt", L"b.txt", L"xb.txt"}) {
     WriteEmpty(WidePathOf(name));
   }
@@ -199,7 +198,7 @@ TEST_F(CodePageTest, ATargetIsNoOtherFile) {
   PressWizard(IDC_FORM3_COMMAND2);
 }
 
-// Two hundred characters and more may be four hundred bytes.
+// More than two hundred characters may be four hundred bytes.
 TEST_F(CodePageTest, APathIsTooLongByItsCharacters) {
   std::wstring path =
       WidePathOf(std::wstring(70, page.held[0] == L'a' ? page.held[1] : page.held[0]));
@@ -219,7 +218,7 @@ TEST_F(CodePageTest, APathIsTooLongByItsCharacters) {
   ExpectSettled({ItemLine(ToBytes(path.substr(path.size() - 60)).value(), ToBytes(path).value())});
 }
 
-TEST_F(CodePageTest, IsBrowsedForInAllDialogs) {
+TEST_F(CodePageTest, AllFileDialogsTakeTheName) {
   const std::wstring path = WidePathOf(page.held + page.other + L".dll");
   WriteBytes(PathOf("plain.dll"), testing_icons::Library({RGB(1, 2, 3), RGB(4, 5, 6)}));
   ASSERT_TRUE(CopyFileW(WidePathOf(L"plain.dll").c_str(), path.c_str(), FALSE));
@@ -253,7 +252,7 @@ TEST_F(CodePageTest, IsBrowsedForInAllDialogs) {
   EXPECT_EQ(MenuBytes(), UserDefinedMenu({ItemLine("Name", bytes, "", "", bytes, "0")}));
 }
 
-TEST_F(CodePageTest, IsDropped) {
+TEST_F(CodePageTest, DroppedFilesKeepTheirNamesOrGetShortOnes) {
   WriteEmpty(WidePathOf(page.held));
   const std::wstring part = L"x" + page.other;
   WriteEmpty(WidePathOf(part));
@@ -272,7 +271,7 @@ TEST_F(CodePageTest, IsDropped) {
   EXPECT_EQ(HiddenIcon(1), "0");
 }
 
-TEST_F(CodePageTest, IsLoadedMovedEditedAndSaved) {
+TEST_F(CodePageTest, AnEntryIsLoadedMovedEditedAndSaved) {
   const auto line = [&](const std::string& name) {
     return ItemLine(name, "news:" + page.bytes, page.bytes, page.bytes, page.bytes, "0");
   };
@@ -321,7 +320,7 @@ TEST_F(CodePageTest, ALoneLeadByteGoesBackAsItWas) {
   ASSERT_EQ(Wizard(), nullptr);
   EXPECT_EQ(MenuBytes(), menu);
 
-  // Together with what the user types it might become another character.
+  // Together with a typed character it might become another character.
   OpenEdit(0);
   PressWizard(IDC_FORM3_COMMAND1);
   SetWide(WizardControl(IDC_FORM3_TEXT4), shown + L"\\");
@@ -347,7 +346,7 @@ TEST_F(CodePageTest, TheDirectoryPageKeepsAndRefusesBytes) {
   const std::string line = "\"K:\\" + lead + "\",\"*." + lead + "\",1,0,1\r\n";
   ASSERT_TRUE(Open(DirectoryMenu(line)));
   Press(IDC_FORM2_COMMAND15);
-  // A backslash after it would be its second half.
+  // A backslash after it would be its second byte.
   const bool takesBackslash = page.number == 932 || page.number == 936;
   EXPECT_EQ(MenuBytes(), DirectoryMenu("\"K:\\" + lead + (takesBackslash ? "" : "\\") + "\",\"*." +
                                        lead + "\",1,0,1\r\n"));
@@ -376,7 +375,7 @@ TEST_F(CodePageTest, AFolderIsOpenedByItsOwnName) {
   const std::wstring name = page.held + page.other;
   ASSERT_TRUE(CreateDirectoryW(WidePathOf(name).c_str(), nullptr));
   ASSERT_TRUE(CreateDirectoryW((WidePathOf(name) + L"\\inside").c_str(), nullptr));
-  // Which looks like it.
+  // A file with a similar name.
   CreateDirectoryW(WidePathOf(page.held + L"L").c_str(), nullptr);
   CreateDirectoryW(WidePathOf(page.held + L"e").c_str(), nullptr);
   ASSERT_TRUE(Open(DirectoryMenu("\"" + folder() + "\",\"*.*\",1,0,1\r\n")));

@@ -6,18 +6,18 @@
 #include <stdexcept>
 #include <string>
 
-// Texts for tests that run in each of these code pages (tools/code_page.sh).
+// Texts for the tests that run in each of these code pages (tools/code_page.sh).
 namespace testing_pages {
 
 struct Page {
   UINT number;
-  std::wstring held;   // characters of it,
-  std::string bytes;   // and their bytes
-  std::wstring other;  // one that it does not have
+  std::wstring held;   // characters that it has
+  std::string bytes;   // the bytes of `held`
+  std::wstring other;  // a character that it does not have
 };
 
-// Second bytes 0x5C and 0x7C are those of backslash and bar. Of the characters that
-// a page does not have, Windows knows a letter for some that looks like them.
+// Some characters have the second byte 0x5C or 0x7C, as a backslash or a bar. For some
+// characters that a page does not have, Windows knows a similar letter of the page.
 inline const Page kPages[] = {
     {932, L"a\x8868\x30DD\x672C\x30BD", "a\x95\\\x83|\x96{\x83\\", L"\xE9"},
     {936, L"\x4E2D\x4E85\x4E57", "\xD6\xD0\x81|\x81\\", L"\xD55C"},
@@ -31,7 +31,7 @@ inline const Page kPages[] = {
      "\xC3\xA9\xD0\x96\xE4\xB8\xAD\xED\x95\x9C\xD7\xA9\xF0\x9F\x98\x80", L"\xFFFD"},
 };
 
-// That of this process.
+// The page of this process.
 inline const Page& ThisPage() {
   for (const Page& page : kPages) {
     if (page.number == GetACP()) {

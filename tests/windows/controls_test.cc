@@ -14,13 +14,13 @@ using testing_menus::UserDefinedMenu;
 
 namespace {
 
-constexpr const char* kAny = nullptr;  // a caption that is not fixed
+constexpr const char* kAny = nullptr;  // any caption
 
-// What the user finds in the window, with the texts as they are to be.
+// The controls of the window, with their captions and tool tips.
 struct ExpectedControl {
   int id;
   const char* windowClass;
-  LONG type;  // of a button: its BS_ type; of others 0
+  LONG type;  // the BS_ type of a button; 0 for other controls
   const char* caption;
   const char* toolTip;
   unsigned pages;
@@ -97,7 +97,7 @@ constexpr ExpectedControl kExpected[] = {
     {IDC_FORM2_LABEL5, "Static", 0, "Corvalis " CORVALIS_VERSION, "", kAbout},
 };
 
-// A page as the user comes to see it.
+// A page, and how a user opens it.
 struct ShownPage {
   const char* name;
   std::string menu;
@@ -149,7 +149,7 @@ class ControlsTest : public Form2Test {
     return text;
   }
 
-  // Of all controls of a window, shown or not.
+  // The ids of all controls of a window, even of hidden ones.
   static std::multiset<int> Ids(HWND window) {
     std::multiset<int> ids;
     for (HWND control = RelatedWindow(window, GW_CHILD); control != nullptr;
@@ -178,7 +178,7 @@ class ControlsTest : public Form2Test {
   }
 };
 
-TEST_F(ControlsTest, AreWhatTheyAreToBe) {
+TEST_F(ControlsTest, MatchTheTable) {
   ASSERT_TRUE(Open(UserDefinedMenu({})));
   for (const ExpectedControl& expected : kExpected) {
     SCOPED_TRACE(expected.id);

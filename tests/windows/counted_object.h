@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 #include <unknwn.h>
 
-// A COM object of one interface that a test owns itself, with a reference of its
-// own. Whoever else refers to it has to be done with it when it goes.
+// A COM object with one interface that a test owns. Its destructor expects that all other
+// references have been released.
 template <typename Interface>
 class CountedObject : public Interface {
  public:

@@ -71,7 +71,7 @@ TEST_F(DeleteTest, ReleasesTheIconOfTheRowAlone) {
 }
 
 TEST_F(DeleteTest, AnIconOfSeveralRowsGoesWithTheLastOfThem) {
-  // The last one has the icon of the row above, for want of its own.
+  // The last one has no icon of its own and gets that of the row above.
   ASSERT_TRUE(OpenLines({IconLine("One", "C:\\1"), IconLine("Two", "C:\\2"), kB}));
   const std::string icon = HiddenIcon(0);
   EXPECT_EQ(HiddenIcon(1), icon);

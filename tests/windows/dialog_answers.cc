@@ -12,7 +12,7 @@
 
 namespace {
 
-// The id that MessageBoxA() gives the Static control with its text.
+// The id of the Static control with the text of a message box.
 constexpr int kMessageTextId = 0xFFFF;
 
 // Their captions are in the user's language.
@@ -38,7 +38,7 @@ BOOL CALLBACK AddButton(HWND control, LPARAM box) {
   return TRUE;
 }
 
-// True if the program shows the user a window of its own.
+// True if a window of the program is visible.
 bool ShowsForm() {
   bool shows = false;
   EnumThreadWindows(
@@ -78,8 +78,8 @@ void DialogAnswers::OnDialog(std::function<void(HWND)> drive) {
   drives_.push_back(std::move(drive));
 }
 
-// A dialog is looked at by a timer once its own message loop runs: at the time
-// of the hook it is not filled yet.
+// At the time of the hook, a dialog is not filled yet. So a timer handles it after its
+// message loop has started.
 LRESULT CALLBACK DialogAnswers::Hook(int code, WPARAM wide, LPARAM data) {
   if (code == HCBT_ACTIVATE && current_ != nullptr) {
     const HWND window = reinterpret_cast<HWND>(wide);
@@ -103,7 +103,7 @@ void CALLBACK DialogAnswers::Tick(HWND dialog, UINT, UINT_PTR timer, DWORD) {
 }
 
 void DialogAnswers::Handle(HWND dialog) {
-  // The handle may be given to another dialog later.
+  // Another dialog may get the same handle later.
   opened_.erase(std::remove(opened_.begin(), opened_.end(), dialog), opened_.end());
   const HWND message = GetDlgItem(dialog, kMessageTextId);
   if (message == nullptr) {

@@ -8,21 +8,20 @@
 #include <string>
 #include <vector>
 
-// A message box as the user saw it.
+// A message box that was shown.
 struct ShownBox {
   std::string title;
   std::string text;
   std::vector<std::string> buttons;  // their English captions, without "&"
-  HWND owner = nullptr;              // which was disabled meanwhile; nullptr for none
+  HWND owner = nullptr;              // disabled meanwhile; nullptr for none
   std::wstring wideText;
 };
 
-// Answers the modal boxes and dialogs that the code under test opens on this
-// thread while this object lives: message boxes in the order of the answers
-// given, common dialogs by what OnDialog() was given. A box that no answer is
-// left for is closed with its first button and recorded all the same. Failures of the
-// test are an answer that no box came for, and a box that belongs to no window while
-// the user sees one of the program's.
+// Answers the message boxes and dialogs that the code under test opens on this thread.
+// Answer() gives the answers for message boxes, OnDialog() those for common dialogs. A
+// box without an answer is closed by its first button and recorded. The test fails if an
+// answer is left at the end, or if a box has no owner while a window of the program is
+// visible.
 class DialogAnswers {
  public:
   DialogAnswers();
@@ -30,11 +29,11 @@ class DialogAnswers {
   DialogAnswers(const DialogAnswers&) = delete;
   DialogAnswers& operator=(const DialogAnswers&) = delete;
 
-  // The ids of the buttons to press, IDYES for one, first box first.
+  // Adds the ids of the buttons to press, such as IDYES, one for each box.
   void Answer(std::vector<int> buttons);
 
-  // Called with the next dialog that is no message box, once it is up; it has
-  // to make it close in the end.
+  // Calls `drive` with the next open dialog that is not a message box. `drive` has to
+  // make the dialog close.
   void OnDialog(std::function<void(HWND)> drive);
 
   // All message boxes shown so far.

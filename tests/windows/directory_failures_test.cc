@@ -13,7 +13,7 @@ using testing_menus::UserDefinedMenu;
 
 namespace {
 
-// One of the three buttons that write, and a menu on which to press it.
+// One of the three buttons that write, and a menu for it.
 struct Action {
   const char* name;
   int button;
@@ -27,8 +27,8 @@ constexpr Action kActions[] = {
     {"Change Menu Type, to a user-defined list", IDC_FORM2_COMMAND14, true, 1},
 };
 
-// Whatever goes wrong: nobody is told, the menu keeps its bytes, and the window
-// shows what it showed.
+// After every failure there is no message, the menu keeps its bytes, and the window stays
+// as it was.
 class DirectoryFailuresTest : public DirectoryTest {
  protected:
   static std::string MenuFor(const Action& action) {
@@ -48,8 +48,8 @@ class DirectoryFailuresTest : public DirectoryTest {
     }
   }
 
-  // Loads the menu, changes what the page shows and presses the button after
-  // `spoil` and before `repair`.
+  // Loads the menu, changes the page, calls `spoil`, presses the button, and calls
+  // `repair`.
   void PressSpoiled(const Action& action, const std::function<void()>& spoil,
                     const std::function<void()>& repair) {
     SCOPED_TRACE(action.name);
@@ -87,7 +87,7 @@ class DirectoryFailuresTest : public DirectoryTest {
     }
   }
 
-  // And the button works once nothing is in its way.
+  // The button works after the repair.
   void ExpectWorksNow(const Action& action) {
     answers.Answer(std::vector<int>(static_cast<std::size_t>(action.questions), IDYES));
     Press(action.button);
@@ -162,7 +162,7 @@ TEST_F(DirectoryFailuresTest, AScratchFileThatAnotherProgramHolds) {
   }
 }
 
-// Another program has spoiled the file meanwhile: what is left of it stays.
+// Another program has cut the file meanwhile: it keeps its bytes.
 TEST_F(DirectoryFailuresTest, AMenuThatIsCutShort) {
   for (const Action& action : kActions) {
     for (const std::string& rest :

@@ -8,7 +8,7 @@ using testing_menus::DirectoryMenu;
 using testing_menus::ItemLine;
 using testing_menus::UserDefinedMenu;
 
-// How the page is filled, and what its lists and boxes do.
+// Tests how the page is filled, and its lists and boxes.
 class DirectoryPageTest : public DirectoryTest {};
 
 TEST_F(DirectoryPageTest, ShowsTheRecord) {
@@ -27,8 +27,8 @@ TEST_F(DirectoryPageTest, ShowsTheRecord) {
   EXPECT_TRUE(answers.Shown().empty());
 }
 
-// The file keeps folders, extensions, hidden; the window shows folders, hidden,
-// extensions.
+// The order of the flags in the file: folders, extensions, hidden. In the window: folders,
+// hidden, extensions.
 TEST_F(DirectoryPageTest, EachFlagHasItsCheckBox) {
   const std::pair<const char*, const char*> cases[] = {
       {"0,0,0", "000"},    {"1,0,0", "100"},    {"0,1,0", "001"},     {"0,0,1", "010"},
@@ -100,7 +100,7 @@ TEST_F(DirectoryPageTest, ForAFolderThatIsNotThereTheListsGoToItsDrive) {
   EXPECT_EQ(Path(), other + "\\no such folder\\");
 }
 
-// Wine finds servers in a folder of its own.
+// Wine looks for servers in a folder of its own.
 TEST_F(DirectoryPageTest, TheListFollowsAPathOnAServer) {
   char prefix[MAX_PATH] = "";
   ASSERT_NE(GetEnvironmentVariableA("WINEPREFIX", prefix, MAX_PATH), 0U);
@@ -113,7 +113,7 @@ TEST_F(DirectoryPageTest, TheListFollowsAPathOnAServer) {
   EXPECT_EQ(Drive(), "");
   ChooseDrive(folder().substr(0, 2));
   EXPECT_EQ(ListPath(), folder());
-  // Typed, it is followed when the box is left: not each key is a server to look for.
+  // The list follows a typed path when the box loses the focus, not at each key.
   ShowWindow(form().window(), SW_SHOW);
   SetFocus(Control(IDC_FORM2_TEXT7));
   Type(IDC_FORM2_TEXT7, "\\\\server\\share");
@@ -121,7 +121,7 @@ TEST_F(DirectoryPageTest, TheListFollowsAPathOnAServer) {
   SetFocus(Control(IDC_FORM2_TEXT8));
   EXPECT_EQ(ListPath(), "\\\\server\\share\\");
   EXPECT_EQ(Path(), "\\\\server\\share\\");
-  // Set by another program, it is followed at once.
+  // The list follows at once if another program sets the path.
   Type(IDC_FORM2_TEXT7, "\\\\server\\share\\one");
   EXPECT_EQ(ListPath(), "\\\\server\\share\\one");
   Type(IDC_FORM2_TEXT7, "\\\\server\\share\\none");
@@ -234,7 +234,7 @@ TEST_F(DirectoryPageTest, EnterOpensTheSelectedFolder) {
   EXPECT_EQ(Path(), PathOf("sub\\"));
   EXPECT_EQ(ListPath(), PathOf("sub"));
   EXPECT_GE(RowOf("inside"), 0);
-  // And up again.
+  // Enter also goes up again.
   SendMessageA(Control(IDC_FORM2_DIR1), LB_SETCURSEL, 0, 0);
   PressKey(IDC_FORM2_DIR1, VK_RETURN);
   EXPECT_EQ(Path(), folder().substr(0, 3));
@@ -291,7 +291,7 @@ TEST_F(DirectoryPageTest, ThePathEndsWithABackslashAfterEveryKey) {
   TypeKeys(IDC_FORM2_TEXT7, "bc");
   EXPECT_EQ(Path(), "C:\\abc\\");
   EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(6UL, 6UL));
-  // A backslash of the user's own is a second one.
+  // A typed backslash is a second one.
   TypeKeys(IDC_FORM2_TEXT7, "\\");
   EXPECT_EQ(Path(), "C:\\abc\\\\");
   EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(7UL, 7UL));
@@ -331,7 +331,7 @@ TEST_F(DirectoryPageTest, AChangeInTheMiddleLeavesTheCaretThere) {
   EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(4UL, 4UL));
 }
 
-TEST_F(DirectoryPageTest, ThereIsRoomForTheBackslashBehindALongText) {
+TEST_F(DirectoryPageTest, ThereIsRoomForTheBackslashAfterALongText) {
   ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
   const std::string text(70000, 'x');
   Type(IDC_FORM2_TEXT7, text);
@@ -347,7 +347,7 @@ TEST_F(DirectoryPageTest, TypingInThePathLeavesTheLists) {
   EXPECT_EQ(MenuBytes(), menu);
 }
 
-// In some pages the last byte of the name is that of a backslash.
+// In some code pages, the last byte of the name equals a backslash.
 TEST_F(DirectoryPageTest, ASecondByteIsNoBackslash) {
   const std::string& name = testing_pages::ThisPage().bytes;
   ASSERT_TRUE(Open(DirectoryMenu(Line("K:\\" + name))));

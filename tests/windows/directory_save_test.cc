@@ -7,10 +7,10 @@ using testing_menus::kAppearance;
 using testing_menus::kPicture;
 using testing_menus::UserDefinedMenu;
 
-// "Save Changes" on the directory page.
+// Tests "Save Changes" on the directory page.
 class DirectorySaveTest : public DirectoryTest {
  protected:
-  // Presses the button; the file is to be `menu` afterwards, and nothing else.
+  // Presses the button, and expects `menu` in the file and no message.
   void ExpectSaved(const std::string& menu) {
     Press(IDC_FORM2_COMMAND15);
     EXPECT_EQ(MenuBytes(), menu);
@@ -29,7 +29,7 @@ TEST_F(DirectorySaveTest, WritesWhatThePageShows) {
   ExpectSaved(DirectoryMenu("\"K:\\menus\\\",\"*.txt\",1,0,0\r\n"));
 }
 
-// In the file: folders, extensions, hidden.
+// The order in the file: folders, extensions, hidden.
 TEST_F(DirectorySaveTest, EachCheckBoxHasItsPlace) {
   const std::pair<int, const char*> cases[] = {
       {IDC_FORM2_CHECK2, "1,0,0"}, {IDC_FORM2_CHECK4, "0,1,0"}, {IDC_FORM2_CHECK3, "0,0,1"}};
@@ -69,7 +69,7 @@ TEST_F(DirectorySaveTest, PictureAndAppearanceStay) {
   ExpectSaved(DirectoryMenu(Line("C:\\", "*.*", "1,0,0"), appearance, picture));
 }
 
-// The page's own appearance, saved or not, is no matter of this button.
+// This button does not save the settings of the Appearance page.
 TEST_F(DirectorySaveTest, TheAppearanceIsTheFilesOwn) {
   ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
   SendMessageA(Control(IDC_FORM2_CHECK1), BM_SETCHECK, BST_CHECKED, 0);
@@ -125,7 +125,7 @@ TEST_F(DirectorySaveTest, AnOldScratchFileIsThrownAway) {
   ExpectSaved(DirectoryMenu(Line("C:\\")));
 }
 
-// Another program's change of the type is written over.
+// Another program has changed the type: it is overwritten.
 TEST_F(DirectorySaveTest, TheTypeIsWrittenAnew) {
   ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
   WriteBytes(MenuPath(), UserDefinedMenu({ItemLine("One", "C:\\one.exe")}));
@@ -145,7 +145,7 @@ TEST_F(DirectorySaveTest, WhatWasSavedLoadsAgain) {
   EXPECT_EQ(ListPath(), "C:\\windows");
 }
 
-// The button shows nothing anew, neither from the file nor on its own.
+// The button does not load the page again.
 TEST_F(DirectorySaveTest, ThePageStaysAsItIs) {
   ASSERT_TRUE(Open(DirectoryMenu(Line(folder()))));
   Type(IDC_FORM2_TEXT7, "K:\\menus");

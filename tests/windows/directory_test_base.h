@@ -18,20 +18,20 @@ class DirectoryTest : public Form2Test {
     ASSERT_TRUE(CreateDirectoryA(PathOf(name).c_str(), nullptr));
   }
 
-  // The line of a directory record with everything shown.
+  // The line of a directory record.
   static std::string Line(const std::string& path, const std::string& pattern = "*.*",
                           const std::string& flags = "1,0,1") {
     return "\"" + path + "\",\"" + pattern + "\"," + flags + "\r\n";
   }
 
-  // What the page shows.
+  // The texts of the page.
   std::string Path() { return Text(IDC_FORM2_TEXT7); }
   std::string Pattern() { return Text(IDC_FORM2_TEXT8); }
   std::string Drive() {
     return win32::ToBytes(win32::SelectedDrive(Control(IDC_FORM2_DRIVE1))).value();
   }
-  // "1" or "0" for Display Folders, Display Hidden Files and Hide file
-  // extentions, in the order of the window.
+  // "1" or "0" for each check box: Display Folders, Display Hidden Files, Hide file
+  // extentions.
   std::string Checks() {
     std::string checks;
     for (const int id : {IDC_FORM2_CHECK2, IDC_FORM2_CHECK3, IDC_FORM2_CHECK4}) {
@@ -45,8 +45,7 @@ class DirectoryTest : public Form2Test {
     return directory;
   }
 
-  // The rows of the folder list down to the selected one, as a path: where the
-  // list stands when the user has not selected another row since.
+  // The path of the rows of the folder list down to the selected one.
   std::string ListPath() {
     const HWND list = Control(IDC_FORM2_DIR1);
     const int selected = static_cast<int>(SendMessageA(list, LB_GETCURSEL, 0, 0));
@@ -62,7 +61,7 @@ class DirectoryTest : public Form2Test {
                                          reinterpret_cast<LPARAM>(name.c_str())));
   }
 
-  // What the user does.
+  // The actions of a user.
   void ChooseDrive(const std::string& drive) {
     const HWND combo = Control(IDC_FORM2_DRIVE1);
     ASSERT_TRUE(win32::SelectDrive(combo, win32::ToText(drive)));
@@ -90,7 +89,7 @@ class DirectoryTest : public Form2Test {
     SendMessageA(list, WM_LBUTTONUP, 0, point);
     RunMessages();
   }
-  // Key by key through the message queue, as from the keyboard.
+  // Sends keys through the message queue, like a keyboard.
   void PressKey(int id, WPARAM key) {
     PostMessageA(Control(id), WM_KEYDOWN, key, 1);
     PostMessageA(Control(id), WM_KEYUP, key, 1);
@@ -103,7 +102,7 @@ class DirectoryTest : public Form2Test {
     RunMessages();
   }
 
-  // First and last of the selection in an edit box.
+  // The start and the end of the selection in an edit box.
   std::pair<DWORD, DWORD> Caret(int id) {
     DWORD first = 0;
     DWORD last = 0;

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-// What a drag carries: one clipboard format, in a block of memory. Lives as long
-// as it is referred to; made with one reference.
+// The data of a drag: one clipboard format in a block of memory. It starts with one
+// reference, and deletes itself when the last one is released.
 class DragData final : public IDataObject {
  public:
   DragData(CLIPFORMAT format, std::string bytes);

@@ -5,7 +5,7 @@
 
 #include <string>
 
-// A drive letter, as long as this lives, of a drive that nothing is in.
+// Defines a drive letter for an empty drive. The destructor removes it.
 class EmptyDrive {
  public:
   explicit EmptyDrive(const std::string& drive)
@@ -30,8 +30,8 @@ class EmptyDrive {
   bool made_;
 };
 
-// Where Windows keeps the current folder of a drive that is not the current
-// one; forgotten again when this goes.
+// Sets the current folder of a drive that is not the current one. The destructor removes
+// the setting.
 class CurrentFolderOfDrive {
  public:
   CurrentFolderOfDrive(const std::string& drive, const std::string& folder)
@@ -46,8 +46,8 @@ class CurrentFolderOfDrive {
   std::string variable_;
 };
 
-// Some drive that can be read and is not that of the current directory; empty
-// for none. Wine has always one, for the files around it.
+// A readable drive that is not that of the current directory; empty if there is none.
+// Wine always has one, for the files of Linux.
 inline std::string OtherDrive() {
   char current[MAX_PATH] = "";
   GetCurrentDirectoryA(sizeof current, current);
@@ -63,7 +63,7 @@ inline std::string OtherDrive() {
   return {};
 }
 
-// The path of some folder in the root of a drive; empty for none.
+// The path of a folder in the root of a drive; empty if there is none.
 inline std::string FolderInRoot(const std::string& drive) {
   WIN32_FIND_DATAA found{};
   const HANDLE search = FindFirstFileA((drive + "\\*").c_str(), &found);

@@ -18,7 +18,7 @@ constexpr DWORD kCopyMoveLink = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_L
 
 }  // namespace
 
-// Drops on the list through the interface that it has registered with OLE.
+// Drops files on the list through the interface that it has registered with OLE.
 class DropTest : public WizardTestBase {
  protected:
   struct Effects {
@@ -28,27 +28,27 @@ class DropTest : public WizardTestBase {
     friend bool operator==(const Effects&, const Effects&) = default;
   };
 
-  // Where Windows keeps the interface, and Wine too.
+  // Windows and Wine keep the interface in this property.
   IDropTarget* Target() {
     return static_cast<IDropTarget*>(GetPropA(Control(IDC_FORM2_LIST1), "OleDropTargetInterface"));
   }
 
-  // What OLE does while the data is dragged over the list and dropped there, and
-  // what the program does once the source has gone on. The data is released.
+  // Does what OLE does while the data is dragged over the list and dropped there, and
+  // then handles the messages. Releases the data.
   Effects Drag(DragData* data, DWORD allowed = kCopyMoveLink) {
     const Effects effects = DragAlone(data, allowed);
     RunMessages();
     return effects;
   }
 
-  // The first of these alone.
+  // The same without the messages afterwards.
   Effects DragAlone(DragData* data, DWORD allowed = kCopyMoveLink) {
     Effects effects{allowed, allowed, allowed};
     const POINTL point{};
     EXPECT_EQ(Target()->DragEnter(data, MK_LBUTTON, point, &effects.enter), S_OK);
     EXPECT_EQ(Target()->DragOver(MK_LBUTTON, point, &effects.over), S_OK);
     if (effects.over == DROPEFFECT_NONE) {
-      // OLE leaves then. A target has to bear a drop all the same.
+      // OLE would call DragLeave() here. The target has to survive a drop, too.
       EXPECT_EQ(Target()->Drop(data, 0, point, &effects.drop), S_OK);
       EXPECT_EQ(Target()->DragLeave(), S_OK);
     } else {
@@ -86,14 +86,14 @@ TEST_F(DropTest, AFileAndAFolderInTheirOrder) {
                                             {"z file.txt", "0", PathOf("z file.txt")},
                                             {"a folder", "0", PathOf("a folder")}}));
   EXPECT_EQ(SelectedRow(), 0);
-  // They are entries like others at once.
+  // They are ordinary entries at once.
   SelectRow(2);
   Press(IDC_FORM2_COMMAND4);
   ExpectSettled(
       {kA, ItemLine("a folder", PathOf("a folder")), ItemLine("z file.txt", PathOf("z file.txt"))});
 }
 
-// The source waits for the end of the drop, so that only takes the list.
+// The source waits for the end of the drop, so the drop only stores the paths.
 TEST_F(DropTest, TheSourceDoesNotWaitForTheAdding) {
   ASSERT_TRUE(OpenLines({kA}));
   const std::string line = ItemLine("notepad.exe", "C:\\windows\\notepad.exe");
@@ -107,8 +107,7 @@ TEST_F(DropTest, TheSourceDoesNotWaitForTheAdding) {
   EXPECT_EQ(Rows().size(), 3U);
 }
 
-// A drag from another process does not see through a window that passes the
-// mouse on, as a group box does.
+// A group box passes mouse messages on, but a drag from another process would end at it.
 TEST_F(DropTest, NothingLiesAboveTheList) {
   ASSERT_TRUE(OpenLines({kA}));
   const HWND list = Control(IDC_FORM2_LIST1);
@@ -211,9 +210,9 @@ TEST_F(DropTest, WithoutAShortNameAMessageNamesTheFile) {
   const testing_pages::Page& page = testing_pages::ThisPage();
   const std::wstring path = WidePathOf(page.held + L" " + page.other + L".txt");
   WriteBytes(PathOf("before"), "");
-  WriteBytes(PathOf("behind"), "");
+  WriteBytes(PathOf("after"), "");
   ASSERT_TRUE(OpenLines({}));
-  EXPECT_EQ(Drag(DragData::Files({WidePathOf(L"before"), path, WidePathOf(L"behind")})), kCopied);
+  EXPECT_EQ(Drag(DragData::Files({WidePathOf(L"before"), path, WidePathOf(L"after")})), kCopied);
   ASSERT_EQ(answers.Shown().size(), 1U);
   EXPECT_EQ(answers.Shown()[0].title, "Error!");
   EXPECT_EQ(
@@ -221,8 +220,8 @@ TEST_F(DropTest, WithoutAShortNameAMessageNamesTheFile) {
       L"File " + path + L" cannot be added. Its name has characters that a menu file cannot hold.");
   EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({ItemLine("before", PathOf("before")),
-                                                         ItemLine("behind", PathOf("behind"))}));
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"before", "behind"}));
+                                                         ItemLine("after", PathOf("after"))}));
+  EXPECT_EQ(Rows(), (std::vector<std::string>{"before", "after"}));
 }
 
 TEST_F(DropTest, OneMessageNamesSeveralFiles) {
@@ -291,7 +290,7 @@ TEST_F(DropTest, TheTargetGoesWithTheWindow) {
   EXPECT_EQ(target->QueryInterface(IID_IDataObject, &object), E_NOINTERFACE);
   SendMessageA(form().window(), WM_CLOSE, 0, 0);
   EXPECT_FALSE(IsWindow(list));
-  // OLE and the window hold it no more.
+  // OLE and the window have released it.
   EXPECT_EQ(target->Release(), 0U);
   EXPECT_TRUE(TakeQuit());
 }

@@ -11,18 +11,18 @@
 
 #include "menufile/file_system.h"
 
-// Files of which some fail, as a test tells it; all else goes on to other files.
-// Names are without their folders.
+// A file system in which some operations fail. It passes all others to `files`. The names
+// of files are without folders.
 class FaultyFiles final : public menufile::FileSystem {
  public:
   explicit FaultyFiles(menufile::FileSystem& files) : files_(files) {}
 
-  // Opening it for writing fails.
+  // Files that cannot be opened for writing.
   std::set<std::string> unwritable;
-  // Once so many bytes more were written to this file, the disk is full for it.
+  // The disk is full for this file after `bytesLeft` bytes more.
   std::string limitedFile;
   std::size_t bytesLeft = std::numeric_limits<std::size_t>::max();
-  // After so many operations more, each one fails.
+  // After that many operations more, every one fails.
   std::optional<int> operationsLeft;
 
   std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override;

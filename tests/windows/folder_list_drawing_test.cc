@@ -13,7 +13,7 @@ namespace {
 
 class FolderListDrawingTest : public FolderListTest {};
 
-// One row as the list draws it.
+// The pixels of one row that the list draws.
 struct DrawnRow {
   DrawnRow(win32::FolderList& folders, HWND list, int row, UINT state) {
     const win32::WindowDc screen(nullptr);
@@ -38,7 +38,7 @@ struct DrawnRow {
       }
     }
   }
-  // Whether a text of that colour stands after the icon.
+  // True if a text of that colour stands after the icon.
   bool HasText(int systemColour) const {
     const std::ptrdiff_t text = (firstInk + win32::SystemMetric(SM_CXSMICON, 96) + 2) * 24;
     return std::find(pixels.begin() + text, pixels.end(), GetSysColor(systemColour)) !=
@@ -46,7 +46,7 @@ struct DrawnRow {
   }
   COLORREF background = CLR_INVALID;
   std::vector<COLORREF> pixels;  // column by column
-  int firstInk = -1;             // the leftmost column that is not all background
+  int firstInk = -1;             // the first column that is not all background
 };
 
 TEST_F(FolderListDrawingTest, DrawsEachFolderAStepFurtherIn) {

@@ -5,7 +5,7 @@
 
 namespace {
 
-// A folder's handle that keeps everybody else out.
+// Opens a folder so that nobody else can open it.
 class LockedFolder {
  public:
   explicit LockedFolder(const std::string& path)
@@ -61,7 +61,7 @@ TEST_F(FolderListTest, LeavesOutHiddenFoldersOfTheSystemButOnTheWayToOne) {
   }
 }
 
-// Wine finds servers in a folder of its own.
+// Wine looks for servers in a folder of its own.
 TEST_F(FolderListTest, GoesToAServer) {
   char prefix[MAX_PATH] = "";
   ASSERT_NE(GetEnvironmentVariableA("WINEPREFIX", prefix, MAX_PATH), 0U);
@@ -105,7 +105,7 @@ TEST_F(FolderListTest, ScrollsToItsFolder) {
     ASSERT_TRUE(CreateDirectoryA((deep + "\\" + std::to_string(number)).c_str(), nullptr));
   }
   ASSERT_TRUE(SetPath(deep));
-  // With its parent above it, and the first of its folders below.
+  // Its parent is the row above, and its first folders are below.
   EXPECT_EQ(SendMessageA(list_, LB_GETTOPINDEX, 0, 0), Selected() - 1);
   SetPath("C:\\");
   EXPECT_EQ(SendMessageA(list_, LB_GETTOPINDEX, 0, 0), 0);
@@ -325,7 +325,7 @@ TEST_F(FolderListTest, GoesDownAsFarAsPathsMayBeLong) {
   }
   EXPECT_GE(opened, 1);
   EXPECT_LT(Path().size(), 1000U);
-  // And it goes on as before.
+  // The list still works.
   ASSERT_TRUE(SetPath(folder()));
   EXPECT_EQ(RowsBelow(folder()), Names{name});
   while (wide.size() > folder().size() + 4) {

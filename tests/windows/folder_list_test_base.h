@@ -13,7 +13,7 @@
 
 using Names = std::vector<std::string>;
 
-// A folder list and a drive list on a window of the test's own.
+// A folder list and a drive list in a window of the test.
 class FolderListTest : public Form2Test {
  protected:
   FolderListTest() {
@@ -29,7 +29,7 @@ class FolderListTest : public Form2Test {
     folders.Start();
   }
   ~FolderListTest() override {
-    // Nothing that a test did may have moved the program itself.
+    // No test may change the current directory.
     char path[MAX_PATH] = "";
     GetCurrentDirectoryA(MAX_PATH, path);
     EXPECT_EQ(std::string(path), folder());
@@ -55,7 +55,7 @@ class FolderListTest : public Form2Test {
     }
     return rows;
   }
-  // The rows of the folders down to `path`, the path in its pieces.
+  // The rows of the folders down to `path`: the parts of the path.
   static Names RowsDownTo(const std::string& path) {
     Names rows{path.substr(0, 3)};
     std::size_t from = 3;

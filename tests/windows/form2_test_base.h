@@ -16,44 +16,44 @@
 #include "tests/windows/menu_bytes.h"
 #include "tests/windows/window_bytes.h"
 
-// Opens the editor window, hidden, on a menu file in a temporary folder, which
-// is the current directory of the test.
+// Opens the hidden editor window on a menu file in a temporary folder, which is the
+// current directory of the test.
 class Form2Test : public ::testing::Test {
  protected:
   Form2Test();
   ~Form2Test() override;
 
-  // Writes the bytes and loads them; false as for Form2::StartUp().
+  // Writes the menu file and calls Load().
   bool Open(const std::string& menuBytes);
-  // Loads the file at MenuPath() as it is.
+  // Opens a new window on the file at MenuPath(). Returns the result of Form2::StartUp().
   bool Load();
   editor::Form2& form() { return *form_; }
   HWND Control(int id) { return form_->Control(id); }
 
-  // What the user does. Each runs the messages that follow.
+  // The actions of a user. Each handles the messages that follow.
   void Press(int buttonId);  // a button or check box
   void SelectRow(int row);   // of List1, with its notification
   void SelectTab(int tab);
   void Type(int editId, const std::string& text);
   static void RunMessages();
-  // True if the program was told to end. It is not any more.
+  // Returns true if WM_QUIT was posted, and removes it from the queue.
   static bool TakeQuit();
 
-  // What the user sees.
+  // The state that the user sees.
   std::vector<std::string> Rows();
   int SelectedRow();
   bool IsVisible(int id);  // as if the window were shown
   bool IsEnabled(int id) { return IsWindowEnabled(Control(id)) != FALSE; }
   std::string Text(int id) { return WindowBytes(Control(id)); }
   bool IsChecked(int id);
-  // Of what the tabs have their controls on.
+  // The colour of the pages of the tab control.
   COLORREF PageColour();
+  std::vector<editor::HiddenRow> HiddenRows();  // one for each list row
 
-  std::vector<editor::HiddenRow> HiddenRows();  // as many as there are rows
-  // Whether the icon of that number, as a hidden row has it, is there.
+  // True if there is an icon with that handle, in the form of a hidden row.
   static bool IsIcon(const std::string& iconText);
 
-  // The folder, without a trailing backslash, and files in it.
+  // The folder, without a trailing backslash, and paths of files in it.
   const std::string& folder() const { return folder_; }
   std::string PathOf(const std::string& name) const { return folder_ + "\\" + name; }
   std::wstring WidePathOf(const std::wstring& name) const;
@@ -62,13 +62,13 @@ class Form2Test : public ::testing::Test {
   static std::string ReadBytes(const std::string& path);
   static void WriteBytes(const std::string& path, const std::string& bytes);
   static bool Exists(const std::string& path);
-  // Makes the file read-only, or no longer so.
+  // Set and clear the read-only attribute.
   static void MakeReadOnly(const std::string& path);
   static void MakeWritable(const std::string& path);
 
   DialogAnswers answers;
   editor::WindowsFileSystem windowsFiles;
-  menufile::FileSystem* files = &windowsFiles;  // what Open() gives the window
+  menufile::FileSystem* files = &windowsFiles;  // the file system of the next window
 
  private:
   std::string folder_;

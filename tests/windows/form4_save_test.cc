@@ -4,7 +4,7 @@
 
 using testing_menus::ItemLine;
 
-// OK of the Select Icon window.
+// Tests OK in the Select Icon window.
 class Form4SaveTest : public Form4TestBase {
  protected:
   void ExpectWriteError() {
@@ -76,7 +76,7 @@ TEST_F(Form4SaveTest, AnIconThatIsChosenReplacesTheNumberOfAResource) {
   EXPECT_EQ(MenuBytes(), Menu(Item(two, "0")));
 }
 
-TEST_F(Form4SaveTest, ABarThatWasMovedWithoutAWordCounts) {
+TEST_F(Form4SaveTest, ABarMovedWithoutAMessageCounts) {
   OpenForItem(twelve, "-7");
   SendMessageW(bar(), SBM_SETPOS, 3, TRUE);
   PressOk();
@@ -123,8 +123,8 @@ TEST_F(Form4SaveTest, OkOnAFileWithoutIconsLeavesTheRowWithoutOne) {
   EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), std::vector<COLORREF>(Empty().size(), PageColour()));
 }
 
-// The window leaves an old scratch file as it is: what is longer in it ends up
-// behind the menu.
+// The window overwrites an old scratch file from its front. The rest of a longer one ends
+// up after the menu.
 TEST_F(Form4SaveTest, AnOldScratchFileIsWrittenOver) {
   OpenForItem(two, "1");
   const std::string old(2000, '#');

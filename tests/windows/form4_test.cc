@@ -131,8 +131,7 @@ TEST_F(Form4Test, AnActivationThatFindsNoIconsLeavesLabelAndScrollBar) {
 
 TEST_F(Form4Test, ComingBackFromItsOwnDialogsIsNoActivation) {
   OpenForItem(two, "1");
-  // Windows activates the window when the dialog has gone, and when it was
-  // cancelled.
+  // Windows activates the window after the dialog has closed, by OK or by Cancel.
   Choose(twelve);
   EXPECT_EQ(Label(), "12 Icons");
   EXPECT_EQ(Preview(), Showing(colours[0]));
@@ -146,7 +145,7 @@ TEST_F(Form4Test, ComingBackFromItsOwnDialogsIsNoActivation) {
   EXPECT_EQ(answers.Shown()[0].title, "Error!");
   EXPECT_EQ(Label(), "0 Icons");
   EXPECT_EQ(Preview(), Empty());
-  // The real thing, in the middle of the dialog.
+  // A real activation while the dialog is open.
   answers.OnDialog([this](HWND dialog) {
     SendMessageA(Form4(), WM_ACTIVATE, WA_ACTIVE, 0);
     PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
@@ -158,7 +157,7 @@ TEST_F(Form4Test, ComingBackFromItsOwnDialogsIsNoActivation) {
 TEST_F(Form4Test, AnActivationAfterItsOwnDialogWaitsForTheUser) {
   OpenForItem(two, "1");
   Choose(twelve);
-  for (int passed = 0; passed < 3; ++passed) {  // as some window managers pass the focus
+  for (int passed = 0; passed < 3; ++passed) {  // some window managers move the focus around
     Activate(WA_INACTIVE);
     Activate(WA_ACTIVE);
     EXPECT_EQ(Label(), "12 Icons");
@@ -190,7 +189,7 @@ TEST_F(Form4Test, TheDialogIsTheOneOfTheAppearancePage) {
   EXPECT_NE(FileDialogs()[0].name.find("two.dll"), std::string::npos);
 }
 
-// Some versions of the dialog refuse to open with such a name.
+// Some versions of the dialog fail with such a name.
 TEST_F(Form4Test, TheDialogOpensForAnEntryWhoseSourceIsNoFile) {
   for (const std::string& source :
        {std::string("C:\\"), std::string("a|b<>?*"), std::string("http://www.debian.org/"),
@@ -231,7 +230,7 @@ TEST_F(Form4Test, CancelEscAndTheCloseBoxWriteNothing) {
   }
 }
 
-// A window that is closed otherwise leaves its icon to the end of the process.
+// A window closed without OK leaves its icon until the process ends.
 TEST_F(Form4Test, EachCancelLeavesOneIcon) {
   ASSERT_TRUE(Open(Menu(Item(twelve, "0"))));
   const int before = HandleCount::Now().user;

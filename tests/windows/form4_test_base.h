@@ -9,7 +9,7 @@
 #include "menufile/rewrite.h"
 #include "tests/windows/icon_test_base.h"
 
-// Opens the Select Icon window for an entry of a menu, and uses it.
+// Opens the Select Icon window for an entry of a menu.
 class Form4TestBase : public IconTest {
  protected:
   // Opens a menu and the Select Icon window for its entry.
@@ -23,7 +23,7 @@ class Form4TestBase : public IconTest {
     Press(IDC_FORM2_COMMAND11);
   }
 
-  // The second of three entries, the only one that a test changes.
+  // A menu whose second entry is `itemLine`.
   std::string Menu(const std::string& itemLine) const {
     return testing_menus::UserDefinedMenu(
         {testing_menus::ItemLine("First", "C:\\first.exe", "/a", "C:\\", two, "1"), itemLine,

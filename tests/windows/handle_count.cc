@@ -9,8 +9,8 @@
 
 namespace {
 
-// Wine's GetGuiResources() answers 0 always, but Wine, as Windows used to, takes
-// the low half of a handle for the whole: it is the number of a row of a table.
+// Wine's GetGuiResources() always returns 0. But in Wine the low half of a handle is the
+// row of a table, so this counts the rows that are in use.
 constexpr ULONG_PTR kTableSize = 0x10000;
 
 int CountGdiTable() {
@@ -23,7 +23,7 @@ int CountGdiTable() {
 
 int CountUserTable() {
   int count = 0;
-  for (ULONG_PTR row = 0; row < kTableSize; row += 2) {  // there are no odd ones
+  for (ULONG_PTR row = 0; row < kTableSize; row += 2) {  // handles are even
     ICONINFO icon{};
     if (GetIconInfo(reinterpret_cast<HICON>(row), &icon)) {
       DeleteObject(icon.hbmMask);
@@ -38,8 +38,8 @@ int CountUserTable() {
   return count;
 }
 
-// GetProcessHandleCount() of Wine 8 answers 0, too. The list of all handles of
-// all processes grows until it fits.
+// GetProcessHandleCount() of Wine 8 returns 0, too. So this counts in the list of the
+// handles of all processes, whose buffer grows until the list fits.
 int CountKernelHandles() {
   DWORD count = 0;
   if (GetProcessHandleCount(GetCurrentProcess(), &count) && count != 0) {
@@ -93,7 +93,7 @@ void ExpectNoHandlesLeft(const std::string& name, const std::function<void()>& a
                          HandleCount::Kinds kinds) {
   constexpr int kRounds = 12;
   constexpr int kFromElsewhere = 5;
-  action();  // what is made once
+  action();  // the first time may make handles that stay
   action();
   const HandleCount before = HandleCount::Now();
   for (int round = 0; round < kRounds; ++round) {

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-// How many handles this process holds.
+// The number of handles that this process has.
 struct HandleCount {
   int gdi;     // fonts, bitmaps, device contexts and the like
   int user;    // icons and windows
@@ -15,9 +15,8 @@ struct HandleCount {
   enum Kinds { kAll, kWithoutKernel };
 };
 
-// Expects that each handle is given back that the action takes. A few all in all
-// may come from elsewhere: from a tool tip that Windows has shown meanwhile, for
-// one.
+// Runs the action many times and expects that it leaves no handles. A few in all are
+// allowed, since a tool tip of Windows, for example, may take some meanwhile.
 void ExpectNoHandlesLeft(const std::string& name, const std::function<void()>& action,
                          HandleCount::Kinds kinds = HandleCount::kAll);
 

@@ -25,13 +25,13 @@ class IconBrowserTest : public IconTest {
   std::string Label() { return Text(IDC_FORM2_LABEL8); }
   std::vector<COLORREF> Preview() { return Painted(IDC_FORM2_PICTURE1); }
 
-  // Select Icon File.
+  // Presses Select Icon File.
   void Choose(const std::string& path) {
     ChooseInDialog(path);
     Press(IDC_FORM2_COMMAND10);
   }
 
-  // A press and release of the mouse on the picture.
+  // Clicks on the picture with the mouse.
   void ClickPicture() {
     SendMessageA(Control(IDC_FORM2_PICTURE1), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(9, 9));
     SendMessageA(Control(IDC_FORM2_PICTURE1), WM_LBUTTONUP, 0, MAKELPARAM(9, 9));
@@ -77,7 +77,7 @@ TEST_F(IconBrowserTest, WhatCannotBeReadHasNoIcons) {
   EXPECT_EQ(Count(locked), 12);
 }
 
-// Each takes many thousand extractions.
+// Each of these tests needs many thousand extractions.
 class IconLimitTest : public IconBrowserTest {};
 
 TEST_F(IconLimitTest, CountsUpToTheLargestIndex) {
@@ -237,7 +237,7 @@ TEST_F(IconBrowserTest, TheMouseWheelTurnsOneIconANotch) {
   EXPECT_EQ(Preview(), Showing(colours[4]));
   EXPECT_EQ(turn(IDC_FORM2_HSCROLL1, -WHEEL_DELTA / 3), 4);
   EXPECT_EQ(turn(IDC_FORM2_HSCROLL1, -2 * WHEEL_DELTA / 3), 5);
-  // Where Windows gives it to the control with the focus, the pointer decides.
+  // Windows may send the message to the focused control; then the pointer's place decides.
   RECT frame{};
   GetWindowRect(Control(IDC_FORM2_FRAME1), &frame);
   EXPECT_EQ(turn(IDC_FORM2_COMMAND10, WHEEL_DELTA, {frame.left + 3, frame.bottom - 3}), 4);
@@ -302,7 +302,7 @@ TEST_F(IconBrowserTest, ARowWithAnIconShowsItAndOneWithoutShowsTheShells) {
                                     ItemLine("The shell's", program, "", "", "", "0")})));
   SelectRow(0);
   EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), ShowingOnPage(colours[5]));
-  // A handle is drawn whatever the shell would say of the target.
+  // A row's own icon is drawn even if the shell has one for the target.
   form().items().Hidden(0).tag = "Q:\\missing.exe";
   SelectRow(0);
   EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), ShowingOnPage(colours[5]));
@@ -318,8 +318,7 @@ TEST_F(IconBrowserTest, ARowWithAnIconShowsItAndOneWithoutShowsTheShells) {
   EXPECT_NE(Painted(IDC_FORM2_ICONIC1), Empty());
 }
 
-// Whatever a file holds: it is read as far as Windows can, and nothing else
-// happens.
+// A damaged file is read as far as Windows can read it, and does no harm.
 TEST_F(IconBrowserTest, FilesCutShortDoNoHarm) {
   const std::string library = Library(colours);
   const std::string icon = IconFile(colours[0]);
@@ -336,16 +335,17 @@ TEST_F(IconBrowserTest, LiesInAnIconFileDoNoHarm) {
   for (std::size_t at = 0; at + 4 <= 62; at += 2) {
     std::string lying = icon;
     lying.replace(at, 4, "\xFF\xFF\xFF\x7F");
-    // The kind and the count; where the image is, and its header up to the compression;
-    // how many colours it has.
+    // The icon needs these bytes: the type and the count; the offset of the image, and its
+    // header up to the compression; and the number of colours.
     const bool isNeeded = at <= 4 || (at >= 16 && at <= 40) || (at >= 52 && at <= 56);
     EXPECT_EQ(Count(Write("lying.ico", lying)), isNeeded ? 0 : 1) << at;
   }
 }
 
 TEST_F(IconBrowserTest, LiesInALibraryDoNoHarm) {
-  // By its offset, how many of two icons are there when a number is none. Counting ends
-  // at the first that is not; all other bytes up to the first image play no part.
+  // For each offset of a number: how many of two icons remain if the number is wrong.
+  // Counting ends at the first missing icon. All other bytes before the first image do not
+  // matter.
   const std::map<std::size_t, int> counts = {
       {0x00, 0},  {0x3C, 0},  {0x40, 0},               // "MZ", where "PE" is, "PE"
       {0x54, 0},  {0x58, 0},  {0xD8, 0},               // the optional header, the resources
@@ -360,7 +360,7 @@ TEST_F(IconBrowserTest, LiesInALibraryDoNoHarm) {
       {0x300, 0}, {0x304, 0}, {0x30C, 0}, {0x310, 0},  // the first image
       {0x320, 0},
   };
-  // Of these some of the values below will do: the count of sections, sizes.
+  // For these, some of the values below do no harm: the number of sections, and sizes.
   const std::set<std::size_t> uncertain = {0x44, 0x94, 0x158, 0x308};
   const std::string library = Library({colours[0], colours[1]});
   for (std::size_t at = 0; at + 4 <= 0x400; at += 4) {

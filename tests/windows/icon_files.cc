@@ -21,8 +21,7 @@ void PadTo(std::string& out, std::size_t multiple) {
 bool IsWhite(int x, int y) { return x < kCorner && y < kCorner; }
 bool IsTransparent(int x, int y) { return x >= kIconSize - kCorner && y >= kIconSize - kCorner; }
 
-// The image as it stands in icon files and resources: header, pixels and mask,
-// both bottom row first.
+// An image as in icon files and resources: header, pixels and mask, the bottom row first.
 std::string Image(COLORREF icon) {
   BITMAPINFOHEADER header{};
   header.biSize = sizeof header;
@@ -48,13 +47,12 @@ std::string Image(COLORREF icon) {
   return image;
 }
 
-// What both an icon file and an icon resource say of an image, but for where it
-// is.
+// The part of an image's entry that is the same in an icon file and in a resource.
 std::string DirectoryEntry(std::size_t imageSize) {
   std::string entry;
   Append(entry, static_cast<BYTE>(kIconSize));
   Append(entry, static_cast<BYTE>(kIconSize));
-  Append(entry, WORD{0});  // colours of a palette, and nothing
+  Append(entry, WORD{0});  // colours in the palette, reserved
   Append(entry, WORD{1});  // planes
   Append(entry, static_cast<WORD>(8 * kBytesPerPixel));
   Append(entry, static_cast<DWORD>(imageSize));
@@ -63,7 +61,7 @@ std::string DirectoryEntry(std::size_t imageSize) {
 
 std::string DirectoryHeader() {
   std::string header;
-  for (const WORD word : {WORD{0}, WORD{1}, WORD{1}}) {  // nothing, icons, one
+  for (const WORD word : {WORD{0}, WORD{1}, WORD{1}}) {  // reserved, type icon, one image
     Append(header, word);
   }
   return header;
@@ -79,11 +77,10 @@ constexpr DWORD kSectionAddress = 0x1000;
 constexpr DWORD kFileAlignment = 0x200;
 constexpr DWORD kSubdirectory = 0x80000000;
 
-// A resource section in its four levels: types, names, languages, and what
-// tells where the data are, which follow.
+// A resource section: the levels types, names, languages and data entries, then the data.
 class ResourceSection {
  public:
-  // The resources of a type, named by numbers from 1.
+  // Adds the resources of a type, with ids from 1.
   void Add(WORD type, std::vector<std::string> resources) {
     types_.push_back({type, std::move(resources)});
   }
@@ -147,7 +144,7 @@ class ResourceSection {
   std::vector<Type> types_;
 };
 
-// A 64-bit program or library that holds nothing but one section of resources.
+// A 64-bit program or library with nothing but a section of resources.
 std::string Executable(std::string section, bool isProgram) {
   const DWORD sectionSize = static_cast<DWORD>(section.size());
   PadTo(section, kFileAlignment);

@@ -10,8 +10,7 @@
 #include "tests/windows/form2_test_base.h"
 #include "tests/windows/icon_files.h"
 
-// What the tests of both windows that show icons need besides the editor
-// window.
+// The base of the tests of both windows that show icons.
 class IconTest : public Form2Test {
  protected:
   IconTest();
@@ -19,44 +18,44 @@ class IconTest : public Form2Test {
   // Writes a file into the folder and returns its path.
   std::string Write(const std::string& name, const std::string& bytes);
 
-  // The Select Icon window; nullptr when there is none.
+  // The Select Icon window; nullptr if it is not open.
   HWND Form4();
   HWND Form4Control(int id) { return GetDlgItem(Form4(), id); }
   void PressInForm4(int buttonId);
 
-  // What the open dialog was like when it came up.
+  // The texts of a file dialog when it opened.
   struct FileDialog {
     std::string title;
     std::string name;
     std::string filter;
   };
-  // The next file dialog is given that name and OK, or is cancelled.
+  // Answers the next file dialog with that name and OK, or with Cancel.
   void ChooseInDialog(const std::string& path);
   void CancelDialog();
   const std::vector<FileDialog>& FileDialogs() const { return fileDialogs_; }
 
-  // Moves a scroll bar as the user does: SB_LINERIGHT, for one.
+  // Moves a scroll bar like a user. `request` is that of WM_HSCROLL.
   static void Scroll(HWND bar, int request, int position = 0);
   static int Position(HWND bar);
   static int LastPosition(HWND bar);
 
-  // What a picture box (of the window that holds it) paints, row by row.
+  // The pixels that a picture box paints, row by row from the top left.
   static std::vector<COLORREF> Painted(HWND pictureBox);
   std::vector<COLORREF> Painted(int id) { return Painted(Control(id)); }
 
-  // A box with such an icon, and an empty one.
+  // The pixels of a box with such an icon, and of an empty one.
   std::vector<COLORREF> Showing(COLORREF icon) const;
   std::vector<COLORREF> ShowingOnPage(COLORREF icon);
   static std::vector<COLORREF> Empty(int systemColour = COLOR_BTNFACE);
 
-  // The exit code once the program was asked to end.
+  // The exit code if the program was asked to end.
   static std::optional<int> ExitCode();
 
   const std::vector<COLORREF> colours = testing_icons::Colours(12);
-  std::string one;     // a library with one icon,
-  std::string two;     // with two,
-  std::string twelve;  // and with twelve
-  std::string none;    // and with none
+  std::string one;     // the path of a library with one icon
+  std::string two;     // the path of one with two icons
+  std::string twelve;  // the path of one with twelve icons
+  std::string none;    // the path of one without icons
 
  private:
   void DriveFileDialog(HWND dialog, const std::optional<std::string>& path);

@@ -1,4 +1,4 @@
-// Changes that end while the menu file is being written, as the user sees them.
+// Tests how a user gets on after a change was interrupted while it wrote the menu file.
 #include "menufile/changes.h"
 #include "menufile/failure.h"
 #include "tests/windows/faulty_files.h"
@@ -17,7 +17,7 @@ const std::string kMenu = UserDefinedMenu({kOne, kTwo, kThree});
 
 class InterruptedTest : public Form2Test {
  protected:
-  // Leaves `menu` as a change does that could write only so many bytes of it.
+  // Interrupts a change after it has written that many bytes of `menu`.
   void CutShort(const menufile::MenuChange& change, const std::string& menu, std::size_t bytes) {
     WriteBytes(MenuPath(), menu);
     FaultyFiles full(windowsFiles);
@@ -64,7 +64,7 @@ TEST_F(InterruptedTest, StaysOnNoAndIsAskedAgain) {
     EXPECT_EQ(MenuBytes(), newMenu);
     EXPECT_EQ(ReadBytes(PathOf("temporaryfile")), scratch);
   }
-  // The next change keeps what was not wanted, under another name.
+  // The next change keeps the declined scratch file under another name.
   SelectRow(0);
   Press(IDC_FORM2_COMMAND7);
   EXPECT_EQ(MenuBytes(), UserDefinedMenu({}));
@@ -73,7 +73,7 @@ TEST_F(InterruptedTest, StaysOnNoAndIsAskedAgain) {
   EXPECT_EQ(answers.Shown().size(), 2U);
 }
 
-TEST_F(InterruptedTest, IsNotSeenInAnythingElse) {
+TEST_F(InterruptedTest, AScratchFileWithoutAJournalAsksNothing) {
   for (const std::string& scratch : {std::string(), kMenu, kMenu.substr(0, kMenu.size() - 1),
                                      std::string("other"), kMenu + "\r\n"}) {
     WriteBytes(PathOf("temporaryfile"), scratch);
@@ -87,8 +87,8 @@ TEST_F(InterruptedTest, IsNotSeenInAnythingElse) {
   }
 }
 
-// The next button finishes it. The window then shows the menu as it is, whatever
-// page that takes; the button does nothing more.
+// The next button finishes the change and does nothing else. The window then shows the
+// present menu, on the page for its type.
 TEST_F(InterruptedTest, IsFinishedByTheNextButtonWhichDoesNothingMore) {
   const struct {
     int failing;

@@ -16,7 +16,7 @@ namespace {
 
 const std::string kDirectoryPointer = DirectoryMenu("\"C:\\windows\\\",\"*.*\",1,0,0\r\n");
 
-// Keys on the shown window.
+// Tests keys in the visible window.
 class KeyboardTest : public Form2Test {
  protected:
   void OpenShown(const std::string& menu) {
@@ -29,7 +29,7 @@ class KeyboardTest : public Form2Test {
     PostMessageA(GetFocus(), WM_KEYUP, key, 1);
     RunMessages();
   }
-  // With further keys held down meanwhile.
+  // `held` are keys that are held down meanwhile.
   static void KeyWith(std::vector<BYTE> held, WPARAM key) {
     BYTE keys[256]{};
     GetKeyboardState(keys);
@@ -46,7 +46,7 @@ class KeyboardTest : public Form2Test {
   int Tab() {
     return static_cast<int>(SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_GETCURSEL, 0, 0));
   }
-  // The controls that Tab comes to, from the tabs once around.
+  // The tab order, from the tabs once around.
   std::vector<int> Round() {
     SetFocus(Control(IDC_FORM2_SSTAB1));
     std::vector<int> ids;
@@ -97,7 +97,7 @@ TEST_F(KeyboardTest, SpaceAndEnterClickTheMenusIcon) {
     Press(IDC_FORM2_COMMAND12);
     const std::string after = MenuBytes();
     ASSERT_GT(after.size(), 57U);
-    // The first pixel behind the headers of the bitmap that was saved.
+    // The first pixel after the headers of the saved bitmap.
     const COLORREF desktop = GetSysColor(COLOR_BACKGROUND);
     EXPECT_NE(before.substr(54, 3), after.substr(54, 3));
     EXPECT_EQ(static_cast<BYTE>(after[54]), GetBValue(desktop));
@@ -132,7 +132,7 @@ TEST_F(KeyboardTest, TheMenusIconShowsThatItHasTheFocusOnceKeysAreUsed) {
   OpenShown(UserDefinedMenu({}));
   SelectTab(1);
   const HWND box = Control(IDC_FORM2_PICTURE1);
-  // What the box draws over what it shows: the frame of the focus, or nothing.
+  // True if the box draws the focus rectangle.
   const auto frames = [&] {
     static int drawn = 0;
     drawn = 0;
@@ -152,7 +152,7 @@ TEST_F(KeyboardTest, TheMenusIconShowsThatItHasTheFocusOnceKeysAreUsed) {
     SendMessageW(form().window(), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
     return drawn;
   };
-  // Until a key leads somewhere, Windows hides where the focus is; Wine never does.
+  // Windows hides the focus until a key moves it; Wine never does.
   static bool hides;
   SetWindowSubclass(
       box,
@@ -195,8 +195,8 @@ TEST_F(KeyboardTest, ControlTabGoesThroughTheTabs) {
 
 TEST_F(KeyboardTest, AChangeOfTabsLeavesNoFocusOnAHiddenControl) {
   OpenShown(UserDefinedMenu({ItemLine("One", "C:\\windows")}));
-  // A tab control that is clicked takes the focus itself; other programs may go on to
-  // another page without it.
+  // A click moves the focus to the tab control. Another program may change the page
+  // without that.
   const int focused[] = {IDC_FORM2_LIST1, IDC_FORM2_TEXT3, IDC_FORM2_COMMAND2};
   const editor::Page next[] = {editor::kAppearancePage, editor::kAboutPage, editor::kAboutPage};
   for (int i = 0; i < 3; ++i) {
@@ -245,7 +245,7 @@ TEST_F(KeyboardTest, EscapeDoesNothingAnywhere) {
   }
 }
 
-// The exit code that the message loop was told to end with; -1 for none.
+// The exit code in WM_QUIT; -1 if there is none.
 int TakeQuitMessage() {
   MSG message;
   return PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)

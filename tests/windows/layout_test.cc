@@ -17,13 +17,13 @@
 
 namespace {
 
-// What these tests run at; tests/tools/scaling_test.sh runs them at several.
+// The DPI and the colours of this run; tests/tools/scaling_test.sh runs several.
 int ExpectedDpi() {
   const char* dpi = std::getenv("CORVALIS_TEST_DPI");
   return dpi == nullptr ? 96 : std::atoi(dpi);
 }
 
-// How much light a colour gives off, from 0 to 1, to a normal eye.
+// The relative luminance of a colour, from 0 to 1.
 double Luminance(COLORREF colour) {
   const auto part = [](BYTE value) {
     const double share = value / 255.0;
@@ -33,7 +33,7 @@ double Luminance(COLORREF colour) {
          0.0722 * part(GetBValue(colour));
 }
 
-// 1 for the same colour, 21 for black on white.
+// The contrast ratio of two colours, from 1 to 21.
 double Contrast(COLORREF one, COLORREF other) {
   const double a = Luminance(one) + 0.05;
   const double b = Luminance(other) + 0.05;
@@ -52,7 +52,7 @@ SIZE TextSize(HWND control, const std::string& text, int width) {
 
 }  // namespace
 
-// The look of all pages, at whatever DPI and with whatever colours Windows has.
+// Tests the layout of all pages at the present DPI and with the present colours.
 class LayoutTest : public WindowTour {
  protected:
   static void Enlarge(HWND window, int width, int height) {
@@ -70,7 +70,7 @@ class LayoutTest : public WindowTour {
 
   static int Scaled(int pixels) { return MulDiv(pixels, ExpectedDpi(), 96); }
 
-  // Everything inside the window, and nothing on top of anything else.
+  // Expects that every control is inside the window and that none overlaps another.
   static void ExpectTidy(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
@@ -82,7 +82,7 @@ class LayoutTest : public WindowTour {
       EXPECT_LT(rect.top, rect.bottom) << id;
       EXPECT_GE(rect.left, 0) << id;
       EXPECT_GE(rect.top, 0) << id;
-      // A line that goes from edge to edge is made a little longer by its control.
+      // A Static control makes a line from edge to edge a little longer.
       const LONG spare = id == IDC_FORM3_LINE ? 2 : 0;
       EXPECT_LE(rect.right, client.right + spare) << id;
       EXPECT_LE(rect.bottom, client.bottom) << id;
@@ -119,7 +119,7 @@ TEST_F(LayoutTest, RunsOnTheScreenThatIsAskedFor) {
   EXPECT_EQ(size, screen == nullptr ? size : screen);
 }
 
-TEST_F(LayoutTest, NothingIsOnTopOfAnythingElse) {
+TEST_F(LayoutTest, NoControlOverlapsAnother) {
   VisitAll([](const std::string& page, HWND window) {
     SCOPED_TRACE(page);
     ExpectTidy(window);
@@ -141,7 +141,7 @@ TEST_F(LayoutTest, EveryTextHasRoom) {
       const RECT rect = Place(control);
       const int width = rect.right - rect.left;
       if (name == "Edit") {
-        // Any text may be longer than its box, but no higher.
+        // A text may be wider than its box, but not higher.
         RECT inside{};
         GetClientRect(control, &inside);
         EXPECT_GE(inside.bottom, TextSize(control, text, 0).cy) << text;
@@ -172,8 +172,8 @@ TEST_F(LayoutTest, BoxesScrollSideways) {
   });
 }
 
-// Which edges of the window a control keeps its distance to. One that keeps to neither
-// of two opposite ones stays in the middle between them.
+// The edges of the window that the controls keep their distance to. A control that keeps to
+// neither of two opposite edges stays in the middle between them.
 struct Edges {
   bool left, top, right, bottom;
   std::vector<int> controls;
@@ -227,7 +227,7 @@ TEST_F(LayoutTest, EveryControlStaysAtItsEdges) {
   std::size_t expected = 0;
   for (const Edges& edges : kEdges) {
     expected += edges.controls.size();
-    // How far the first and the second of two opposite edges move.
+    // The distances that the first and the second of two opposite edges move.
     const auto first = [](bool toFirst, bool toSecond, int growth) {
       return toFirst ? 0 : toSecond ? growth : growth / 2;
     };
@@ -247,7 +247,8 @@ TEST_F(LayoutTest, EveryControlStaysAtItsEdges) {
   EXPECT_EQ(before.size(), expected) << "a control has no edges here";
 }
 
-// What does not move is not painted anew, and nothing is painted under a control first.
+// A control that does not move is not painted, and the window does not paint under its
+// controls.
 TEST_F(LayoutTest, DraggingTheBorderPaintsNoMoreThanItHasTo) {
   ASSERT_TRUE(Open(testing_menus::UserDefinedMenu({})));
   EXPECT_NE(GetWindowLongW(form().window(), GWL_STYLE) & WS_CLIPCHILDREN, 0);
@@ -272,7 +273,7 @@ TEST_F(LayoutTest, DraggingTheBorderPaintsNoMoreThanItHasTo) {
   EXPECT_EQ(paints, 1);
 }
 
-// A box of one line is neither cramped nor does its text hang under its top.
+// A box of one line is just high enough for its text.
 TEST_F(LayoutTest, BoxesOfOneLineFitIt) {
   VisitAll([](const std::string& page, HWND window) {
     for (const HWND control : Shown(window)) {
@@ -295,7 +296,7 @@ TEST_F(LayoutTest, TheDriveListIsAsHighAsTheBoxBesideIt) {
   });
 }
 
-// The face of the pages, as the tab control paints it.
+// The place of the pages in the tab control.
 COLORREF PaintedFace(HWND tabs, const RECT& page) {
   const win32::WindowDc screen(tabs);
   const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
@@ -347,8 +348,7 @@ TEST_F(LayoutTest, TheTabControlEnclosesItsPages) {
   });
 }
 
-// As by the eyes of someone who needs a scheme of high contrast: no colour of
-// the program's own is mixed with those of the scheme.
+// In a scheme of high contrast, no fixed colour is mixed with the colours of the scheme.
 TEST_F(LayoutTest, TextsStandOutFromTheirBackground) {
   VisitAll([](const std::string& page, HWND window) {
     for (const HWND control : Shown(window)) {
@@ -366,7 +366,7 @@ TEST_F(LayoutTest, TextsStandOutFromTheirBackground) {
   });
 }
 
-// Windows tells the window alone; its controls learn of it through the window.
+// Windows sends the message to the window alone, which has to pass it to its controls.
 TEST_F(LayoutTest, NewColoursReachEveryControl) {
   VisitAll([](const std::string& page, HWND window) {
     static int told;

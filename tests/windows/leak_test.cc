@@ -14,7 +14,7 @@ using testing_menus::DirectoryMenu;
 using testing_menus::ItemLine;
 using testing_menus::UserDefinedMenu;
 
-// Whatever a user does over and over leaves no handles behind.
+// Tests that actions which a user repeats leave no handles.
 class LeakTest : public IconTest {
  protected:
   void OpenMenu() {
@@ -74,7 +74,7 @@ TEST_F(LeakTest, TheAppearancePage) {
     ChooseInDialog(twelve);
     Press(IDC_FORM2_COMMAND10);
   };
-  // Each file dialog of Wine keeps a kernel handle.
+  // Each file dialog of Wine leaves a kernel handle.
   ExpectNoHandlesLeft("choose a file", choose, HandleCount::kWithoutKernel);
   int position = 0;
   ExpectNoHandlesLeft("page",
@@ -114,7 +114,7 @@ TEST_F(LeakTest, TheDirectoryPage) {
   ExpectNoHandlesLeft("save", [&] { Press(IDC_FORM2_COMMAND15); });
 }
 
-// Wine has no handle for a search that has come to its end.
+// Under Wine, a search that has found its last file has no handle.
 TEST_F(LeakTest, EachSearchInAFolderIsClosed) {
   static int begun, closed;
   static decltype(FindFirstFileW)* begin;

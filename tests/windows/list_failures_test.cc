@@ -14,8 +14,8 @@ const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a", "C:\\");
 const std::string kB = ItemLine("Beta", "C:\\windows\\notepad.exe", "", "", "C:\\x.ico", "7");
 const std::string kC = ItemLine("Gamma", "C:\\c.exe");
 
-// A button that works on the selected row, and what the list shows afterwards
-// of a menu of Alpha, Beta and Gamma with Beta selected.
+// A button that works on the selected row, and the rows afterwards. The menu had Alpha,
+// Beta and Gamma, with Beta selected.
 struct ListOperation {
   int button;
   std::vector<std::string> rows;
@@ -28,7 +28,7 @@ const std::vector<ListOperation> kListOperations = {
     {IDC_FORM2_COMMAND7, {"Alpha", "Gamma"}, -1},
 };
 
-// What Separator shows after a rewrite that did nothing: the file.
+// After a rewrite that failed, Separator shows the file.
 const ListOperation kSeparator{IDC_FORM2_COMMAND9, {"Alpha", "Beta", "Gamma"}, -1};
 
 }  // namespace
@@ -37,8 +37,8 @@ class ListFailuresTest : public WizardTestBase {
  protected:
   ListFailuresTest() { files = &faulty; }
 
-  // While the menu file cannot be changed: the list operations tell nothing and
-  // change the window all the same; the file keeps its bytes.
+  // Expects that the list operations show no message, change the window and keep the
+  // file's bytes, while the menu file cannot be changed.
   void ExpectListOperationsIgnore(const std::function<void()>& breakIt,
                                   const std::function<void()>& mendIt) {
     std::vector<ListOperation> operations = kListOperations;
@@ -59,8 +59,8 @@ class ListFailuresTest : public WizardTestBase {
     }
   }
 
-  // Finish tells nothing and stays on its second page; the file keeps its bytes
-  // and the list its rows. Once the cause is gone, Finish works.
+  // Expects that Finish shows no message and stays on its second page, and that file and
+  // list stay the same. After the cause is removed, Finish works.
   void ExpectFinishStops(bool edits, const std::function<void()>& breakIt,
                          const std::function<void()>& mendIt) {
     SCOPED_TRACE(edits ? "edit" : "add");
@@ -90,7 +90,7 @@ class ListFailuresTest : public WizardTestBase {
     }
   }
 
-  // The same, but then the user gives up.
+  // The same, but then the user cancels.
   void ExpectCancelAfterFailure(const std::function<void()>& breakIt,
                                 const std::function<void()>& mendIt) {
     ASSERT_TRUE(OpenLines({kA, kB, kC}));
@@ -146,7 +146,7 @@ TEST_F(ListFailuresTest, AMenuFileThatAnotherHolds) {
   ExpectCancelAfterFailure(breakIt, mendIt);
 }
 
-TEST_F(ListFailuresTest, AScratchFileWhoseNameAFolderBears) {
+TEST_F(ListFailuresTest, AFolderWithTheNameOfTheScratchFile) {
   const auto breakIt = [this] {
     CreateDirectoryA(PathOf("temporaryfile").c_str(), nullptr);
     CreateDirectoryA(PathOf("zoltempfileoktodelete").c_str(), nullptr);
@@ -256,7 +256,7 @@ TEST_F(ListFailuresTest, AnEntryThatCannotBeReadIsNamedAndTheProgramGoesOn) {
       EXPECT_EQ(Wizard(), nullptr);
       EXPECT_TRUE(IsWindowEnabled(form().window()));
       EXPECT_FALSE(TakeQuit());
-      // The next time it is there again.
+      // The next time the file is there again.
       WriteBytes(MenuPath(), testing_menus::UserDefinedMenu({kA, kB}));
       Press(button);
       EXPECT_FALSE(IsWindowEnabled(form().window()));
@@ -264,8 +264,8 @@ TEST_F(ListFailuresTest, AnEntryThatCannotBeReadIsNamedAndTheProgramGoesOn) {
   }
 }
 
-// The disk gets full while the menu file itself is being written: the scratch
-// file is then the only whole copy, and nothing may delete it.
+// The disk gets full while the menu file is being written. The scratch file is then the
+// only complete copy, and nothing may delete it.
 TEST_F(ListFailuresTest, ADiskThatGetsFullInFinishLosesNothing) {
   ASSERT_TRUE(OpenLines({kA, kB, kC}));
   OpenEdit(1);
@@ -276,7 +276,7 @@ TEST_F(ListFailuresTest, ADiskThatGetsFullInFinishLosesNothing) {
   EXPECT_EQ(MenuBytes().size(), 30U);
   const std::vector<std::string> changed{kA, ItemLine("New", "news:x", "", "", "C:\\x.ico", "7"),
                                          kC};
-  // Once more, still without room, and then with it.
+  // Press again, first on the full disk, then with free space.
   PressWizard(kFinish);
   ExpectNamePage();
   EXPECT_TRUE(menufile::MenuFile(windowsFiles, MenuPath()).WasCutShort());
@@ -297,7 +297,7 @@ TEST_F(ListFailuresTest, ADiskThatGetsFullInAListOperationLosesNothing) {
     EXPECT_EQ(Rows(), operation.rows);
     EXPECT_EQ(MenuBytes().size(), 40U);
     faulty.limitedFile.clear();
-    // The next press finishes that change, and makes none of its own.
+    // The next press only finishes that change.
     SelectRow(0);
     Press(IDC_FORM2_COMMAND8);
     EXPECT_EQ(Rows(), operation.rows);
@@ -316,13 +316,13 @@ TEST_F(ListFailuresTest, ADiskThatGetsFullInSeparatorLosesNothing) {
   faulty.limitedFile = "test.menu";
   faulty.bytesLeft = 10;
   Press(kSeparator.button);
-  // Nothing is asked about converting the cut file.
+  // There is no question whether to convert the cut file.
   EXPECT_TRUE(answers.Shown().empty());
   EXPECT_TRUE(Rows().empty());
   faulty.limitedFile.clear();
   OpenAdd();
   Finish("news:x", "X");
-  // The list shows the menu again; the entry was not added yet.
+  // The list shows the menu again, still without the new entry.
   ExpectNamePage();
   EXPECT_EQ(Rows().size(), 3U);
   PressWizard(kFinish);

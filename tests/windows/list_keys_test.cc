@@ -14,7 +14,7 @@ const std::string kA = ItemLine("A", "news:a");
 const std::string kB = ItemLine("B", "news:b");
 const std::string kC = ItemLine("C", "news:c");
 
-constexpr UINT kMenuOf = 0x01E1;  // MN_GETHMENU, to the window of a menu
+constexpr UINT kMenuOf = 0x01E1;  // MN_GETHMENU, for the window of a menu
 
 struct MenuLine {
   std::wstring text;
@@ -22,11 +22,11 @@ struct MenuLine {
   friend bool operator==(const MenuLine&, const MenuLine&) = default;
 };
 
-// The menu that is open on this thread. Its own message loop runs then, so it is
-// looked at by a timer.
+// Records the open menu of this thread. A menu runs its own message loop, so this uses a
+// timer.
 struct OpenedMenu {
   std::vector<MenuLine> lines;
-  RECT place{};  // of its window
+  RECT place{};  // the place of its window
   int choose = -1;
   bool wasOpen = false;
 };
@@ -55,7 +55,7 @@ void CALLBACK LookAtMenu(HWND window, UINT, UINT_PTR timer, DWORD) {
 
 }  // namespace
 
-// What the item list does with keys and the mouse.
+// Tests keys and the mouse in the item list.
 class ListKeysTest : public WizardTestBase {
  protected:
   void Show(const std::vector<std::string>& lines) {
@@ -66,7 +66,7 @@ class ListKeysTest : public WizardTestBase {
   }
   HWND List() { return Control(IDC_FORM2_LIST1); }
 
-  // A key in the list, with others held down meanwhile.
+  // Presses a key in the list; `held` are keys that are held down meanwhile.
   void Press(WPARAM key, std::vector<BYTE> held = {}) {
     BYTE keys[256]{};
     GetKeyboardState(keys);
@@ -103,8 +103,8 @@ class ListKeysTest : public WizardTestBase {
     RunMessages();
   }
 
-  // The menu that opens at a point of the screen, or for a key (-1); the command
-  // of that place is chosen, none for -1.
+  // Opens the menu at a point of the screen, or as by a key (-1). Chooses the command with
+  // that place, or none for -1.
   OpenedMenu OpenMenu(LPARAM place = -1, int choose = -1) {
     OpenedMenu menu;
     menu.choose = choose;
@@ -141,7 +141,7 @@ TEST_F(ListKeysTest, KeysDoWhatTheButtonsDo) {
   Press(VK_DELETE);
   ExpectSettled({kB, kC});
   EXPECT_EQ(SelectedRow(), -1);
-  // Nothing is selected now, and no button would do anything either.
+  // No row is selected now, so no command does anything.
   Press(VK_DELETE);
   Press(VK_UP, {VK_CONTROL});
   Press(VK_RETURN);
@@ -189,7 +189,7 @@ TEST_F(ListKeysTest, ADoubleClickEditsItsRow) {
   ASSERT_NE(Wizard(), nullptr);
   EXPECT_EQ(WizardText(IDC_FORM3_TEXT4), "B");
   PressWizard(IDC_FORM3_COMMAND2);
-  // Where there is no row, there is nothing to edit.
+  // Below the last row there is nothing to edit.
   const RECT last = RectOf(1);
   DoubleClick(MAKELPARAM(last.left + 5, last.bottom + 20));
   EXPECT_EQ(Wizard(), nullptr);
@@ -234,7 +234,7 @@ TEST_F(ListKeysTest, ARightClickSelectsItsRowAndACommandIsMade) {
   const LPARAM point = OnScreen(PointIn(1));
   EXPECT_NEAR(menu.place.left, LOWORD(point), 10);
   EXPECT_NEAR(menu.place.top, HIWORD(point), 10);
-  // Below the rows it leaves the selection as it is.
+  // Below the last row the selection stays.
   const RECT last = RectOf(2);
   OpenMenu(OnScreen(MAKELPARAM(last.left + 5, last.bottom + 20)));
   EXPECT_EQ(SelectedRow(), 0);

@@ -10,10 +10,10 @@ using testing_menus::ItemLine;
 
 namespace {
 
-// The file as it ought to be: its entries, and of each what the list shows.
+// The expected file: its entries, and what the list shows for each.
 struct Entry {
   std::array<std::string, 6> fields;  // in the order of the file
-  std::string tag;                    // of the hidden row
+  std::string tag;                    // the tag of the hidden row
 
   std::string Line() const {
     return ItemLine(fields[0], fields[1], fields[2], fields[3], fields[4], fields[5]);
@@ -25,8 +25,8 @@ const Entry kSeparatorEntry{};
 
 }  // namespace
 
-// Long random sequences of all that changes the entries, each step compared with
-// a plain model of the file.
+// Makes long random sequences of changes to the entries and compares each step with a
+// simple model of the file.
 class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInterface<unsigned> {
  protected:
   int Random(int below) { return std::uniform_int_distribution<int>(0, below - 1)(random_); }
@@ -98,7 +98,7 @@ class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInte
     Press(IDC_FORM2_COMMAND9);
     if (selected_ >= 0) {
       model_.insert(model_.begin() + selected_, kSeparatorEntry);
-      // The list was read again, with the targets as the file has them.
+      // The list was loaded again, so the tags are the targets in the file.
       for (Entry& entry : model_) {
         entry.tag = entry.fields[1];
       }
@@ -153,7 +153,7 @@ class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInte
     RunMessages();  // the files are added after the drop
   }
 
-  // Another start of the program on the same file.
+  // Loads the same file in a new window.
   void Restart() {
     ASSERT_TRUE(Open(MenuBytes()));
     selected_ = -1;
@@ -184,7 +184,7 @@ TEST_P(ListSequencesTest, FileAndWindowAreWhatTheModelSays) {
       [this] { Drop(); },
       [this] { Restart(); },
   };
-  // How often each comes, of 27 steps.
+  // The weight of each step; the sum is 27.
   const std::array<int, 9> shares = {8, 3, 3, 2, 2, 3, 3, 2, 1};
   std::vector<std::size_t> draw;
   for (std::size_t operation = 0; operation < shares.size(); ++operation) {

@@ -8,7 +8,7 @@
 
 inline const std::string kSeparatorRow(87, '-');
 
-// What a list row and its hidden row hold.
+// A list row and its hidden row.
 struct RowState {
   std::string caption;
   std::string icon;  // the text of the hidden row
@@ -18,7 +18,7 @@ struct RowState {
 };
 std::ostream& operator<<(std::ostream& out, const RowState& row);
 
-// A test of what changes the entries of a menu.
+// The base of the tests that change the entries of a menu.
 class ListTest : public Form2Test {
  protected:
   bool OpenLines(const std::vector<std::string>& itemLines) {
@@ -29,14 +29,14 @@ class ListTest : public Form2Test {
   std::string HiddenIcon(int row) { return form().items().Hidden(row).text; }
   std::string HiddenTag(int row) { return form().items().Hidden(row).tag; }
 
-  // The file holds these entries and nothing else has changed in it; no scratch
-  // file is left; no message was shown; the window can be used.
+  // Expects that the file holds these entries and is otherwise unchanged, that no scratch
+  // file is left, that no message was shown, and that the window is enabled.
   void ExpectSettled(const std::vector<std::string>& itemLines);
   void ExpectNoScratchFiles();
 
   bool PreviewIsClear();
 
-  // A line of an entry with an icon of its own, the first one of this program.
+  // The line of an entry with an icon of its own, the first one of this program.
   static std::string IconLine(const std::string& caption, const std::string& target);
   static std::string ThisProgram();
 };

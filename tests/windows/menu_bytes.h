@@ -4,16 +4,16 @@
 #include <string>
 #include <vector>
 
-// The bytes of menu files, put together without any of the code under test.
+// Makes menu files without the code under test.
 namespace testing_menus {
 
-// What stands before the marker line where a test does not care: no picture
-// that anything could show, but with bytes that a careless copy would spoil.
+// The bytes before the marker line if a test does not care about them. They are no real
+// picture, but a wrong copy would spoil them.
 inline const std::string kPicture = std::string("\0\r\n<\xFFpicture\r<START", 19);
 
 inline const std::string kAppearance = "0,\"Tahoma\",8.25,0,0\r\n";
 
-// A line of five quoted fields and a bare one.
+// A line with five quoted fields and a bare one.
 std::string ItemLine(const std::string& caption, const std::string& target,
                      const std::string& arguments = "", const std::string& startIn = "",
                      const std::string& iconFile = "", const std::string& iconIndex = "0");

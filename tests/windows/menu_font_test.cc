@@ -24,11 +24,10 @@ constexpr LRESULT kBoldItalic = 3;
 
 }  // namespace
 
-// The font of the menu, which the Appearance page shows and the font dialog
-// changes.
+// Tests the menu's font, which the Appearance page shows and the font dialog changes.
 class MenuFontTest : public AppearanceTestBase {
  protected:
-  // Change Font; the dialog is driven before its button is pressed.
+  // Presses Change Font, calls `drive` with the dialog, and presses its button.
   void ChangeFont(
       int button, const std::function<void(HWND)>& drive = [](HWND) {}) {
     int opened = 0;
@@ -44,7 +43,7 @@ class MenuFontTest : public AppearanceTestBase {
     Press(IDC_FORM2_COMMAND6);
     ASSERT_EQ(opened, 1) << "the dialog";
   }
-  // Selects a row of one of its boxes as the user does.
+  // Selects a row of one of its boxes, like a user.
   static void Select(HWND dialog, int box, LRESULT row) {
     const HWND combo = GetDlgItem(dialog, box);
     SetFocus(combo);
@@ -101,7 +100,7 @@ class MenuFontTest : public AppearanceTestBase {
     return font;
   }
 
-  // What the font dialog showed when it came up.
+  // The texts of the font dialog when it opened.
   std::string title, size, face;
   LRESULT style = CB_ERR;
 };
@@ -176,7 +175,7 @@ TEST_F(MenuFontTest, AFaceThatThisMachineLacksStaysUntilTheDialogIsTouched) {
   OpenPage(Menu(line));
   ChangeFont(IDOK);
   EXPECT_EQ(SavedLine(), line);
-  // Then it is what the dialog shows instead.
+  // Then the font becomes what the dialog shows.
   std::string shown;
   ChangeFont(IDOK, [&](HWND dialog) {
     Select(dialog, kSize, "14");

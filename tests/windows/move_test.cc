@@ -89,7 +89,7 @@ TEST_F(MoveTest, UpAndDownAgainGivesTheSameBytes) {
 }
 
 TEST_F(MoveTest, NothingSelectedDoesNothing) {
-  // A file that no rewrite would leave as it is.
+  // Every rewrite would change this file.
   const std::string menu = testing_menus::UserDefinedMenu({kA, " " + kC});
   ASSERT_TRUE(Open(menu));
   Press(kMoveUp);
@@ -107,7 +107,7 @@ TEST_F(MoveTest, TheEndsAreNotRewritten) {
   SelectRow(1);
   Press(kMoveDown);
   EXPECT_EQ(MenuBytes(), menu);
-  // A move that is one does rewrite it.
+  // A real move rewrites it.
   Press(kMoveUp);
   ExpectSettled({kC, kA});
 }
@@ -144,14 +144,14 @@ TEST_F(MoveTest, ThePreviewShowsTheMovedEntry) {
   ASSERT_TRUE(OpenLines({IconLine("With", "C:\\with"), ItemLine("Without", "C:\\without")}));
   SelectRow(0);
   const std::string preview = form().iconic1().BitmapFile();
-  // As if something else had been drawn: the move draws it again.
+  // Clear the preview, so that the move has to draw it.
   form().iconic1().Clear();
   Press(kMoveDown);
   EXPECT_EQ(SelectedRow(), 1);
   EXPECT_EQ(form().iconic1().BitmapFile(), preview);
 }
 
-// The list does not draw while its rows are exchanged, and then only what it is told to.
+// The list does not draw while its rows are exchanged; then it draws only the two rows.
 TEST_F(MoveTest, BothRowsAreDrawnAnewAndNoOther) {
   static HWND list;
   static std::vector<LONG> tops;

@@ -15,7 +15,7 @@ namespace {
 
 using Pixels = std::vector<COLORREF>;
 
-// What is drawn into a bitmap of that size, row by row.
+// Draws into a bitmap of that size and returns its pixels, row by row.
 template <typename Draw>
 Pixels Drawn(SIZE size, Draw draw) {
   const win32::WindowDc screen(nullptr);
@@ -50,7 +50,7 @@ Pixels PixelsOf(HICON icon) {
 
 class PicturesTest : public Form2Test {
  protected:
-  // The icon shows what an icon file of the project does, in its own size.
+  // Expects that the icon equals that of an icon file of the project, in its size.
   static void ExpectShows(HICON icon, const std::string& file) {
     ASSERT_NE(icon, nullptr) << file;
     const SIZE size = SizeOf(icon);
@@ -98,7 +98,7 @@ TEST_F(PicturesTest, EachWindowHasTheProgramsIcon) {
   child(L"Form4", IDC_FORM2_COMMAND11);
 }
 
-// Half as large as it is, each pixel is near the mean of the four that it is of.
+// At half its size, each pixel is near the mean of the four pixels that it stands for.
 TEST_F(PicturesTest, AScaledBitmapShowsAllOfThePicture) {
   const win32::UniqueBitmap whole(static_cast<HBITMAP>(
       LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDB_WIZARD), IMAGE_BITMAP, 0, 0, 0)));

@@ -36,10 +36,10 @@ Pixels PixelsOfBitmapFile(const std::string& file) {
   return pixels;
 }
 
-// Of the page that has the preview.
+// The colour of the page that has the preview.
 COLORREF pageColour = 0;
 
-// What a call draws at (0, 0) on the face of that page.
+// The pixels that a call draws at (0, 0) on the colour of that page.
 template <typename Draw>
 Pixels DrawnPixels(Draw draw) {
   const win32::WindowDc screen(nullptr);

@@ -6,8 +6,8 @@
 
 namespace {
 
-// Where the program keeps the address of the function; nullptr when it imports
-// none of that name.
+// The entry of the import table with the function's address; nullptr if the program does
+// not import the function.
 void** FindImport(const char* name) {
   BYTE* const base = reinterpret_cast<BYTE*>(GetModuleHandleW(nullptr));
   const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);

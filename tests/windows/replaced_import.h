@@ -5,9 +5,9 @@
 
 #include <cstddef>
 
-// While one lives, the calls of this program to a function of a DLL go to
-// another function of the same type, which can count them or behave as Windows
-// does where Wine does otherwise. Calls from one DLL to another stay.
+// Replaces a function of a DLL by another one of the same type, for the calls of this
+// program, until it is destroyed. The other function can count calls, or do what Windows
+// does and Wine does not. Calls from one DLL to another are not replaced.
 class ReplacedImport {
  public:
   template <typename F>
@@ -17,7 +17,7 @@ class ReplacedImport {
   ReplacedImport& operator=(const ReplacedImport&) = delete;
   ~ReplacedImport();
 
-  // The function that calls went to before. Its own name leads to the other one.
+  // The replaced function. Its name now means the other one.
   template <typename F>
   F* Former() const {
     return reinterpret_cast<F*>(former_);

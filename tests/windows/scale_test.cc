@@ -15,7 +15,7 @@ using testing_menus::UserDefinedMenu;
 
 namespace {
 
-// The message font of Windows, changed while this lives. No window is told.
+// Changes the message font of Windows until it is destroyed. No window gets a message.
 class AnotherMessageFont {
  public:
   explicit AnotherMessageFont(int pixels) {
@@ -51,13 +51,13 @@ const std::string kMenu = UserDefinedMenu(
 
 class ScaleTest : public WindowTour {
  protected:
-  // Where each control is, and how far the lists scroll sideways.
+  // The place of each control, and the horizontal extents of the lists.
   static Places PlacesIn(HWND window) {
     Places places;
     for (HWND control = RelatedWindow(window, GW_CHILD); control != nullptr;
          control = RelatedWindow(control, GW_HWNDNEXT)) {
       if (GetDlgCtrlID(control) == IDC_FORM3_LINE) {
-        continue;  // it makes itself a little longer, once
+        continue;  // the control makes itself a little longer, once
       }
       const LRESULT extent = SendMessageW(control, LB_GETHORIZONTALEXTENT, 0, 0);
       places[GetDlgCtrlID(control)] =
@@ -81,8 +81,8 @@ class ScaleTest : public WindowTour {
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
     return area;
   }
-  // As Windows does when the window comes to a monitor of that DPI: it gets the size that
-  // it asks for, or that of the work area.
+  // Sends what Windows sends when the window moves to a monitor with that DPI: the window
+  // gets the size that it asks for, or that of the work area.
   static void MoveToDpi(HWND window, int dpi) {
     SIZE size = WindowSize(window);
     EXPECT_TRUE(SendMessageW(window, 0x02E4 /* WM_GETDPISCALEDSIZE */, static_cast<WPARAM>(dpi),
@@ -111,11 +111,11 @@ TEST_F(ScaleTest, AnotherMessageFontMakesAWindowLikeANewOne) {
     EXPECT_EQ(WindowSize(form().window()).cy, size.cy);
     EXPECT_EQ(after, PlacesIn(form().window()));
     EXPECT_NE(after, before);
-    // Where the plan has more room than an icon needs, it stands at the edge that it
-    // keeps to, right below the list.
+    // The plan has more room than the icon needs: the icon keeps to its anchored edge,
+    // right below the list.
     EXPECT_EQ(Place(Control(IDC_FORM2_ICONIC1)).left, Place(Control(IDC_FORM2_LIST1)).left);
   }
-  // The window stays as large as it is when the font gets smaller.
+  // The window keeps its size if the font gets smaller.
   SendMessageW(form().window(), WM_SETTINGCHANGE, 0, 0);
   EXPECT_EQ(WindowSize(form().window()).cx, size.cx);
   after = PlacesIn(form().window());
@@ -197,7 +197,7 @@ TEST_F(ScaleTest, AnotherDpiLaysOutAnewAndBack) {
   });
 }
 
-// What is saved of the menu's icon keeps the size of its making.
+// The saved picture has the size of the bitmap, not that of the control.
 TEST_F(ScaleTest, APictureIsSavedInTheSizeOfItsMaking) {
   ASSERT_TRUE(Open(kMenu));
   const std::string before = form().iconic1().BitmapFile();
@@ -213,7 +213,7 @@ TEST_F(ScaleTest, EveryControlCanBeReachedWhereThePlanIsTooLarge) {
   const AnotherMessageFont font(area.bottom / 9);
   VisitAll([&](const std::string& page, HWND window) {
     SCOPED_TRACE(page);
-    // The window manager of the tests has frames of its own size.
+    // The window manager of the tests has frames of another size.
     const LONG spare = IsWindowVisible(window) ? 2 : 0;
     RECT place{};
     GetWindowRect(window, &place);
@@ -241,7 +241,7 @@ TEST_F(ScaleTest, EveryControlCanBeReachedWhereThePlanIsTooLarge) {
       const RECT rect = Place(control);
       RECT client{};
       GetClientRect(window, &client);
-      // All of it, or as much as there is room for, from its left top corner on.
+      // The whole control is visible, or its top left part if there is no room for more.
       EXPECT_GE(rect.left, 0) << GetDlgCtrlID(control);
       EXPECT_GE(rect.top, 0) << GetDlgCtrlID(control);
       EXPECT_LT(rect.left, client.right) << GetDlgCtrlID(control);
@@ -250,7 +250,7 @@ TEST_F(ScaleTest, EveryControlCanBeReachedWhereThePlanIsTooLarge) {
       EXPECT_TRUE(rect.bottom <= client.bottom || rect.top == 0) << GetDlgCtrlID(control);
     }
     EXPECT_GE(reached, 2);
-    // The bars scroll, to the other end and back.
+    // Scroll to the other end and back.
     SendMessageW(window, WM_VSCROLL, SB_TOP, 0);
     SendMessageW(window, WM_HSCROLL, SB_LEFT, 0);
     const Places first = PlacesIn(window);
@@ -263,7 +263,7 @@ TEST_F(ScaleTest, EveryControlCanBeReachedWhereThePlanIsTooLarge) {
   });
 }
 
-// A window without room to spare has no bars, and what it is enlarged by none either.
+// A window as large as its plan has no scroll bars.
 TEST_F(ScaleTest, AWindowThatFitsDoesNotScroll) {
   VisitAll([](const std::string& page, HWND window) {
     EXPECT_EQ(GetWindowLongW(window, GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL), 0) << page;

@@ -21,7 +21,7 @@ const RowState kRowSeparator{kSeparatorRow, "0", ""};
 
 class SeparatorTest : public ListTest {};
 
-TEST_F(SeparatorTest, GoesInFrontOfTheSelectedRow) {
+TEST_F(SeparatorTest, GoesBeforeTheSelectedRow) {
   ASSERT_TRUE(OpenLines({kA, kB}));
   SelectRow(1);
   Press(kSeparator);
@@ -62,7 +62,7 @@ TEST_F(SeparatorTest, ReloadsTheRowsFromTheFile) {
   ASSERT_TRUE(OpenLines({IconLine("With", "C:\\with"), kB}));
   const std::string icon = HiddenIcon(0);
   ASSERT_TRUE(IsIcon(icon));
-  // What the window holds and the file does not is gone afterwards.
+  // Rows that are in the window but not in the file are gone afterwards.
   form().items().Hidden(1).tag = "C:\\elsewhere";
   SelectRow(1);
   Press(kSeparator);
@@ -95,7 +95,7 @@ TEST_F(SeparatorTest, DrawsTenThousandRowsOnceAndStaysWhereItWas) {
   SelectRow(5000);
   SendMessageA(list, LB_SETTOPINDEX, 4995, 0);
   RunMessages();
-  // Whether the list would paint while it is filled.
+  // Records whether the list could paint while it was filled.
   struct Seen {
     int paints = 0;
     int rowsAddedWhileDrawing = 0;

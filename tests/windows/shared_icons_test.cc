@@ -17,8 +17,8 @@ namespace {
 int extractions = 0;
 int rootsAsked = 0;
 
-// A call that fails and writes nothing, one that writes what means no icon, and
-// one that gives an icon: as the name of the file says.
+// Replaces ExtractIconEx(). By the name of the file it fails and writes nothing, writes
+// nullptr for no icon, or returns an icon.
 UINT WINAPI ExtractAsToldByName(const char* file, int, HICON* large, HICON*, UINT) {
   ++extractions;
   const std::string name = file;
@@ -132,7 +132,7 @@ TEST_F(SharedIconsTest, WhatNoRowNamesAnyMoreIsReleased) {
   PressSeparator(0);
   EXPECT_EQ(Icons()[1], icons[1]);
   EXPECT_FALSE(IsIcon(icons[0]));
-  // Another one may have got the handle.
+  // Another icon may have got the same handle.
   EXPECT_EQ(std::set<std::string>({Icons()[1], Icons()[2]}).size(), 2U);
 
   SelectRow(1);

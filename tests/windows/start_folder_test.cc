@@ -7,8 +7,8 @@
 
 namespace {
 
-// A folder that takes no file, whoever the user is: the one in which Linux shows
-// its processes, on Wine's drive for the files around it.
+// A folder that takes no file, not even from root: /proc, on Wine's drive for the files
+// of Linux.
 constexpr const char* kTakesNoFile = "Z:\\proc";
 
 std::wstring Wide(const std::string& text) { return {text.begin(), text.end()}; }
@@ -17,8 +17,8 @@ std::wstring Wide(const std::string& text) { return {text.begin(), text.end()}; 
 
 class StartFolderTest : public ListTest {
  protected:
-  // The current folder once a program that was started in `current` has begun on
-  // the menu at `menuPath`.
+  // The current folder of a program after it was started in `current` with the menu at
+  // `menuPath`.
   std::wstring FolderFor(const std::string& current, const std::string& menuPath) {
     EXPECT_TRUE(SetCurrentDirectoryA(current.c_str()));
     editor::LeaveFolderThatTakesNoFile(Wide(menuPath));
@@ -43,7 +43,7 @@ TEST_F(StartFolderTest, IsLeftOnlyWhereItTakesNoFile) {
       {kTakesNoFile, PathOf("other/a.menu"), Wide(PathOf("other"))},
       {kTakesNoFile, "Z:\\proc\\version", temporaryFolder},
       {kTakesNoFile, PathOf("none\\a.menu"), temporaryFolder},
-      // These would be other files from there.
+      // From there, these paths would mean other files.
       {kTakesNoFile, "a.menu", Wide(kTakesNoFile)},
       {kTakesNoFile, "C:a.menu", Wide(kTakesNoFile)},
       {kTakesNoFile, "\\proc\\version", Wide(kTakesNoFile)},
@@ -52,7 +52,7 @@ TEST_F(StartFolderTest, IsLeftOnlyWhereItTakesNoFile) {
   for (const auto& [current, menu, expected] : cases) {
     EXPECT_EQ(FolderFor(current, menu), expected) << current << ", " << menu;
   }
-  // What tried them out has gone.
+  // No probe file is left.
   WIN32_FIND_DATAA found{};
   const HANDLE search = FindFirstFileA(PathOf("*.tmp").c_str(), &found);
   EXPECT_EQ(search, INVALID_HANDLE_VALUE) << found.cFileName;

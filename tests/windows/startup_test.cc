@@ -21,7 +21,7 @@ class StartUpTest : public Form2Test {
     EXPECT_GT(sample_.size(), 50U);
     return Open(sample_);
   }
-  // Hidden rows that are "0" have no icon of their own.
+  // A hidden row with "0" has no icon of its own.
   std::vector<bool> OwnIcons() {
     std::vector<bool> own;
     for (const editor::HiddenRow& row : HiddenRows()) {
@@ -37,7 +37,7 @@ class StartUpTest : public Form2Test {
                 "Would you like to update the file?");
       EXPECT_EQ(box.title, "Query?");
       EXPECT_EQ(box.buttons, (Names{"Yes", "No"}));
-      // The window is not shown yet: what belongs to it is not in the task bar.
+      // The window is not shown yet, so a box that it owned would not be in the task bar.
       EXPECT_EQ(box.owner, nullptr);
     }
   }
@@ -68,7 +68,7 @@ TEST_F(StartUpTest, ToolsSample) {
   EXPECT_EQ(OwnIcons()[0], true);
   EXPECT_EQ(OwnIcons()[1], false);
   EXPECT_EQ(OwnIcons()[3], false);
-  EXPECT_EQ(OwnIcons()[4], true);   // by its index alone
+  EXPECT_EQ(OwnIcons()[4], true);   // an index and no file
   EXPECT_EQ(OwnIcons()[5], false);  // index 0 and no file
   EXPECT_EQ(OwnIcons()[8], true);
   EXPECT_EQ(SelectedRow(), -1);
@@ -110,7 +110,7 @@ TEST_F(StartUpTest, PreviousVersionSampleAfterAYes) {
   EXPECT_FALSE(Exists(PathOf("temporaryfile")));
   EXPECT_EQ(Rows(), (Names{"Notepad", std::string(87, '-'), "Command Prompt", "Windows Folder"}));
   EXPECT_TRUE(IsVisible(IDC_FORM2_FRAME3));
-  // Nothing is asked the next time.
+  // The next start asks nothing.
   ASSERT_TRUE(Open(MenuBytes()));
   ExpectQuestions(1);
 }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kDefaultLine = "\"C:\\\",\"*.*\",1,0,0\r\n";
 
-// Both buttons "Change Menu Type".
+// Tests both buttons "Change Menu Type".
 class TypeSwitchTest : public DirectoryTest {
  protected:
   void ExpectNoScratchFiles() {
@@ -119,7 +119,7 @@ TEST_F(TypeSwitchTest, AppearanceValuesAreReadAndWrittenAgain) {
   EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine, "7,\"Tahoma\",8.25,-1,\r\n"));
 }
 
-// The page is not filled from the file, which holds the default by then.
+// The page is not loaded from the file, which holds the defaults by then.
 TEST_F(TypeSwitchTest, ThePageShowsWhatItShowedBefore) {
   ASSERT_TRUE(Open(UserDefinedMenu({})));
   Press(IDC_FORM2_COMMAND13);
@@ -129,7 +129,7 @@ TEST_F(TypeSwitchTest, ThePageShowsWhatItShowedBefore) {
   EXPECT_EQ(Pattern(), "");
   EXPECT_EQ(Checks(), "000");
   EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));
-  // What the page shows is what the next save writes.
+  // The next save writes what the page shows.
   Type(IDC_FORM2_TEXT8, "*.txt");
   PressKey(IDC_FORM2_DIR1, VK_RETURN);
   Press(IDC_FORM2_COMMAND15);

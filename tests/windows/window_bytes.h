@@ -5,17 +5,17 @@
 
 #include <string>
 
-// The texts of windows as a program of the system's ANSI code page is given them.
+// The texts of windows in the system's ANSI code page.
 
 inline std::string WindowBytes(HWND window) {
   std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)), '\0');
-  // The length asked for above may count more than there is.
+  // GetWindowTextLengthA() may return more than the length of the text.
   text.resize(static_cast<std::size_t>(
       GetWindowTextA(window, text.data(), static_cast<int>(text.size()) + 1)));
   return text;
 }
 
-// Of a list box row (0-based); empty when there is none.
+// The text of a list box row (0-based); empty if there is no such row.
 inline std::string RowBytes(HWND list, int row) {
   const LRESULT length = SendMessageA(list, LB_GETTEXTLEN, static_cast<WPARAM>(row), 0);
   std::string text(static_cast<std::size_t>(length == LB_ERR ? 0 : length), '\0');

@@ -57,7 +57,7 @@ std::vector<HWND> WindowTour::Shown(HWND window) {
       shown.push_back(control);
     }
   }
-  // About has the fewest; a test over no controls would find nothing wrong.
+  // About has the fewest. A test of no controls would always pass.
   EXPECT_GE(shown.size(), 4U);
   return shown;
 }

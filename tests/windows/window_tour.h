@@ -9,21 +9,20 @@
 
 #include "tests/windows/form2_test_base.h"
 
-// Comes to every page of every window, for tests of what is alike in all of
-// them.
+// Visits every page of every window, for tests that apply to all of them.
 class WindowTour : public Form2Test {
  protected:
-  // Called with the page's name and its window, again and again.
+  // Called for each page, with its name and its window.
   using Visit = std::function<void(const std::string& page, HWND window)>;
   void VisitAll(const Visit& visit);
 
-  // The controls that the page shows, in z-order, from the front.
+  // The visible controls of the page in z-order, the top one first.
   static std::vector<HWND> Shown(HWND window);
   static std::string Class(HWND control);
   static bool IsFrame(HWND control);
-  // Within its window.
+  // The place of a control in its window's client area.
   static RECT Place(HWND control);
-  // The window that this thread has open; nullptr when there is none.
+  // The open window of this thread with that class; nullptr if there is none.
   static HWND Find(const std::string& windowClass);
 
  private:

@@ -1,4 +1,4 @@
-// Files of Windows as the rewrite reads and writes them: block by block.
+// Tests WindowsFileSystem.
 #include "editor/windows_files.h"
 
 #include <algorithm>

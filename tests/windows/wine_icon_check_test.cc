@@ -15,8 +15,8 @@ using win32::MayExtractIcon;
 
 namespace {
 
-// Where things stand in files of testing_icons.
-constexpr std::size_t kFileEntry = 6;                // of an icon file's first image
+// Offsets in files of testing_icons, in bytes.
+constexpr std::size_t kFileEntry = 6;                // the entry of an icon file's first image
 constexpr std::size_t kFileImage = kFileEntry + 16;  // that image
 constexpr std::size_t kDosHeader = 64;
 constexpr std::size_t kFileHeader = kDosHeader + sizeof(DWORD);
@@ -49,13 +49,13 @@ class WineIconCheckTest : public IconTest {
     return browser.CountIcons().icons;
   }
 
-  // A file that ends with a page, beyond which a read cannot go.
+  // A file that ends at the end of a page, so that a read beyond it crashes.
   static std::string EndingWithAPage(std::string bytes) {
     bytes.resize((bytes.size() + kPage - 1) / kPage * kPage);
     return bytes;
   }
 
-  // An icon file whose one image is those bytes, at the end of the last page.
+  // An icon file whose one image has these bytes, at the end of the last page.
   static std::string IconFileOf(const std::string& image) {
     std::string file = IconFile(RGB(1, 2, 3));
     file.resize((kFileImage + image.size() + kPage - 1) / kPage * kPage - image.size());
@@ -64,8 +64,8 @@ class WineIconCheckTest : public IconTest {
     return file + image;
   }
 
-  // A 16-bit library with one icon, of whose size the file has not the last
-  // bytes, which only round it up.
+  // A 16-bit library with one icon. The last bytes of its size are missing in the file,
+  // because they are only padding.
   static std::string OldLibrary() {
     constexpr int kShift = 4;
     std::string file(0x200, '\0');
@@ -75,11 +75,11 @@ class WineIconCheckTest : public IconTest {
     Put(file, 0, dos);
     Put(file, kDosHeader, WORD{IMAGE_OS2_SIGNATURE});
     Put(file, kDosHeader + 0x24, WORD{0x40});  // the table of resources
-    Put(file, kDosHeader + 0x26, WORD{0x80});  // what comes after it
+    Put(file, kDosHeader + 0x26, WORD{0x80});  // the table after it
     const std::string icon = IconFile(RGB(9, 8, 7));
     const std::string image = icon.substr(kFileImage);
     const WORD table[] = {kShift,
-                          // One icon: offset, size, flags, id, and two more.
+                          // One icon: offset, size, flags, id, and two reserved words.
                           0x8003, 1, 0, 0, 0x20, WORD((image.size() >> kShift) + 1), 0, 0x8001, 0,
                           0,
                           // One group.
@@ -97,7 +97,7 @@ class WineIconCheckTest : public IconTest {
 
 TEST_F(WineIconCheckTest, WineRunsTheseTests) { ASSERT_TRUE(win32::IsWine()); }
 
-// Each made Wine read on beyond the end.
+// With each of these, Wine read beyond the end.
 TEST_F(WineIconCheckTest, RefusesAnImageWithoutSizeAtTheEnd) { EXPECT_FALSE(May(IconFileOf(""))); }
 
 TEST_F(WineIconCheckTest, RefusesAnAnimatedImage) {
@@ -131,7 +131,7 @@ TEST_F(WineIconCheckTest, RefusesSectionsThatOverlap) {
   std::string library = EndingWithAPage(Library(colours));
   const auto section = Get<IMAGE_SECTION_HEADER>(library, kSections);
   IMAGE_SECTION_HEADER first = section;
-  first.SizeOfRawData = 16;  // holds the beginning of the resources, somewhere else
+  first.SizeOfRawData = 16;  // contains the first bytes of the resources at another offset
   first.PointerToRawData = static_cast<DWORD>(library.size() - 4);
   Put(library, kFileHeader + offsetof(IMAGE_FILE_HEADER, NumberOfSections), WORD{2});
   Put(library, kSections, first);
@@ -149,7 +149,7 @@ TEST_F(WineIconCheckTest, RefusesAnOldHeaderThatEndsTooEarly) {
   EXPECT_FALSE(May(file));
 }
 
-// Windows reads these, and so does Wine.
+// Windows and Wine read these.
 TEST_F(WineIconCheckTest, ReadsAnIconFileWhoseLastImageIsCutShort) {
   std::string file = IconFile(colours[0]);
   std::string small = file.substr(kFileEntry, 16);
@@ -164,7 +164,7 @@ TEST_F(WineIconCheckTest, ReadsAnIconFileWhoseLastImageIsCutShort) {
 TEST_F(WineIconCheckTest, ReadsAPackedProgramWhoseSecondIconIsElsewhere) {
   std::string library = Library(colours, 2);
   const auto section = Get<IMAGE_SECTION_HEADER>(library, kSections);
-  // The last but one of the entries that tell where data are is the first group's.
+  // The last data entry but one is that of the first group.
   const std::size_t leaves =
       library.find(std::string("\x00\x00\x00\x00", 4), section.PointerToRawData);
   ASSERT_NE(leaves, std::string::npos);
@@ -185,7 +185,7 @@ TEST_F(WineIconCheckTest, ReadsAPackedProgramWhoseSecondIconIsElsewhere) {
 TEST_F(WineIconCheckTest, ReadsAnOldLibraryThatIsNotPadded) { EXPECT_EQ(Count(OldLibrary()), 1); }
 
 TEST_F(WineIconCheckTest, JudgesTheIconThatIsAskedFor) {
-  // The images stand one after the other, at the end.
+  // The images are the last bytes of the file.
   const std::string library = Library(colours);
   const std::size_t imageSize = IconFile(colours[0]).size() - kFileImage;
   const std::size_t at = library.find(IconFile(colours[7]).substr(kFileImage));
@@ -204,7 +204,7 @@ TEST_F(WineIconCheckTest, JudgesTheIconThatIsAskedFor) {
 TEST_F(WineIconCheckTest, KeepsItsVerdictForAFileThatHasNotChanged) {
   const std::string path = Write("kept.ico", IconFile(colours[0]));
   EXPECT_TRUE(MayExtractIcon(path, 0));
-  // Nobody can open it now; the verdict on a file that cannot be opened is yes.
+  // Nobody can open the file now. For a file that cannot be opened, the answer is true.
   WriteBytes(path, IconFile(colours[0]).substr(0, 500));
   EXPECT_FALSE(MayExtractIcon(path, 0));
   const HANDLE lock =
@@ -216,7 +216,7 @@ TEST_F(WineIconCheckTest, KeepsItsVerdictForAFileThatHasNotChanged) {
   EXPECT_TRUE(MayExtractIcon(path, 0));
 }
 
-// Wherever a file ends: nothing is read that is not there, or the test ends.
+// A read beyond the end of the file would crash the test.
 TEST_F(WineIconCheckTest, FilesThatEndWithAPageDoNoHarm) {
   const std::string library = EndingWithAPage(Library(colours));
   const std::string beginning = library.substr(0, kPage);

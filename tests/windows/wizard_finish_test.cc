@@ -62,7 +62,7 @@ TEST_F(WizardFinishTest, AddTouchesNoOtherByte) {
   WriteBytes(MenuPath(), menu);
   OpenAdd();
   Finish("news:x", "X");
-  // The last line of another writer may lack its end: two on one line would be none.
+  // Another writer may have left the last line unended. It gets a line end first.
   EXPECT_EQ(MenuBytes(), menu + "\r\n" + ItemLine("X", "news:x"));
 }
 
@@ -83,7 +83,7 @@ TEST_F(WizardFinishTest, EditKeepsTheIconOfTheRecord) {
   ExpectSettled(
       {kB, ItemLine("New name", "ftp://example.org", "new arguments", "D:\\", "C:\\x.ico", "3"),
        kSeparatorLine});
-  // The tag still names the old target, and the new one has no icon.
+  // The tag is still the old target, and the new one has no icon.
   EXPECT_EQ(State(), (std::vector<RowState>{{"Beta", "0", "C:\\b.exe"},
                                             {"New name", "0", "C:\\a.exe"},
                                             {kSeparatorRow, "0", ""}}));
@@ -166,7 +166,7 @@ TEST_F(WizardFinishTest, DoubleQuotesAreWrittenAndCrashNothing) {
     Finish(texts[0], texts[1], texts[2], texts[3]);
     ExpectSettled({kA, kB, kC, ItemLine(texts[1], texts[0], texts[2], texts[3])});
     EXPECT_EQ(Rows()[3], texts[1]);
-    // Every operation on what the file has become, with no crash.
+    // No operation on this file crashes.
     for (const int button : {IDC_FORM2_COMMAND4, IDC_FORM2_COMMAND8, IDC_FORM2_COMMAND7}) {
       SelectRow(2);
       Press(button);

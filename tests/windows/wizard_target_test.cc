@@ -10,7 +10,7 @@ constexpr int kTarget = IDC_FORM3_TEXT1;
 
 }  // namespace
 
-// What the first page accepts, and its Browse button.
+// Tests which targets the first page accepts, and its Browse button.
 class WizardTargetTest : public WizardTestBase {
  protected:
   void SetUp() override {
@@ -68,7 +68,7 @@ TEST_F(WizardTargetTest, OtherPrefixesAreFiles) {
   }
 }
 
-TEST_F(WizardTargetTest, FilesAndFoldersWhateverTheirAttributes) {
+TEST_F(WizardTargetTest, AcceptsFilesAndFoldersWithAnyAttribute) {
   WriteBytes(PathOf("plain.txt"), "");
   ExpectAccepted(PathOf("plain.txt"));
   ExpectAccepted("plain.txt");  // in the current directory
@@ -98,7 +98,7 @@ TEST_F(WizardTargetTest, FilesAndFoldersWhateverTheirAttributes) {
   ExpectAccepted(PathOf("empty"));
 }
 
-TEST_F(WizardTargetTest, PatternsThatMatchSomething) {
+TEST_F(WizardTargetTest, AcceptsPatternsThatMatch) {
   WriteBytes(PathOf("one.exe"), "");
   ExpectAccepted(PathOf("*.exe"));
   ExpectAccepted(PathOf("o?e.exe"));
@@ -110,7 +110,7 @@ TEST_F(WizardTargetTest, PatternsThatMatchSomething) {
   ExpectRefused("C:\\*\\notepad.exe");
 }
 
-TEST_F(WizardTargetTest, WhatIsNotThere) {
+TEST_F(WizardTargetTest, RefusesWhatDoesNotExist) {
   ExpectRefused(PathOf("missing.txt"));
   ExpectRefused(PathOf("missing") + "\\file.txt");
   ExpectRefused(PathOf("missing") + "\\");
@@ -123,7 +123,7 @@ TEST_F(WizardTargetTest, WhatIsNotThere) {
   ExpectRefused("\"" + PathOf("plain.txt") + "\"");
 }
 
-TEST_F(WizardTargetTest, CharactersThatNoFileCanHave) {
+TEST_F(WizardTargetTest, RefusesCharactersThatNoFileCanHave) {
   WriteBytes(PathOf("plain.txt"), "");
   for (const char* name : {"plain<", "plain>txt", "plain\"txt", "a|b", "plain.txt|", "a:b:c",
                            "::", "\x01", "tab\there", "<", ">", "|", "plain.\"*"}) {
@@ -132,8 +132,8 @@ TEST_F(WizardTargetTest, CharactersThatNoFileCanHave) {
   }
 }
 
-TEST_F(WizardTargetTest, PathsThatAreTooLong) {
-  // The longest one that Windows takes has 259 bytes.
+TEST_F(WizardTargetTest, RefusesPathsThatAreTooLong) {
+  // The longest path that Windows accepts has 259 characters.
   std::string longest = folder();
   while (longest.size() + 101 < 259) {
     longest += "\\" + std::string(99, 'd');
@@ -193,7 +193,7 @@ TEST_F(WizardTargetTest, BrowseInAnotherFolderKeepsTheCurrentDirectory) {
   EXPECT_EQ(CurrentFolder(), before);
 }
 
-// The dialog makes the folder that the user enters the current one.
+// The dialog changes the current directory to the folder that the user enters.
 TEST_F(WizardTargetTest, EnteringAFolderInBrowseKeepsTheCurrentDirectory) {
   ASSERT_TRUE(CreateDirectoryA(PathOf("inside").c_str(), nullptr));
   WriteBytes(PathOf("inside\\chosen.exe"), "");
@@ -206,7 +206,7 @@ TEST_F(WizardTargetTest, EnteringAFolderInBrowseKeepsTheCurrentDirectory) {
       SetWindowTextA(name, PathOf("inside").c_str());
       SendMessageA(dialog, WM_COMMAND, IDOK, 0);
       entered = IsWindow(dialog) != FALSE;  // it stays open, on that folder
-      // As the dialog of Windows does at once, Wine's at its end.
+      // Windows' dialog does this at once, Wine's when it closes.
       SetCurrentDirectoryA(PathOf("inside").c_str());
       SetWindowTextA(name, "chosen.exe");
       PostMessageA(dialog, WM_COMMAND, button, 0);
@@ -223,8 +223,8 @@ TEST_F(WizardTargetTest, ABrowseDialogThatFailsChangesNothing) {
   TypeWizard(kTarget, "C:\\windows\\notepad.exe");
   const std::string before = CurrentFolder();
   answers.OnDialog([](HWND dialog) {
-    // What the library of the dialogs says of its last call is asked for when this
-    // one has gone: the printing dialog fails without its record.
+    // The program asks for the error of the last dialog after this one has closed. A
+    // printing dialog without its record makes that an error.
     using PrintDialog = BOOL WINAPI(void*);
     const auto print = reinterpret_cast<PrintDialog*>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("comdlg32.dll"), "PrintDlgA")));

@@ -48,7 +48,7 @@ TEST_F(WizardTest, OpensEmptyOnItsFirstPage) {
   EXPECT_FALSE(IsWindowEnabled(form().window()));
 }
 
-TEST_F(WizardTest, Captions) {
+TEST_F(WizardTest, HasItsCaptions) {
   OpenAdd();
   EXPECT_EQ(WizardText(IDC_FORM3_COMMAND3), "Browse...");
   EXPECT_EQ(WizardText(IDC_FORM3_LABEL2), "Additional Command Line Arguments");
@@ -85,7 +85,7 @@ TEST_F(WizardTest, NextIsEnabledWhileThereIsATarget) {
   EXPECT_TRUE(IsWizardEnabled(kNext));
   TypeWizard(kTarget, "");
   EXPECT_FALSE(IsWizardEnabled(kNext));
-  // A real key, as the first character.
+  // Type the first character with a real key.
   SendMessageA(WizardControl(kTarget), WM_CHAR, 'q', 1);
   EXPECT_TRUE(IsWizardEnabled(kNext));
   EXPECT_EQ(DefaultButton(), kNext);
@@ -124,13 +124,13 @@ TEST_F(WizardTest, BackKeepsTheTextsAndHasNoDefaultButton) {
   EXPECT_EQ(WizardText(kArguments), "two");
   EXPECT_EQ(WizardText(kStartIn), "three");
   EXPECT_EQ(WizardText(kName), "four");
-  // Nor does it get one by typing or by moving the focus to a box.
+  // Typing, or moving the focus to a box, does not make a default button either.
   TypeWizard(kTarget, "news:other");
   SendMessageA(Wizard(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(WizardControl(kStartIn)), TRUE);
   EXPECT_EQ(DefaultButton(), 0);
   Key(WizardControl(kStartIn), VK_RETURN);
   ExpectTargetPage(0);
-  // And forth again.
+  // Next works again.
   PressWizard(kNext);
   ExpectNamePage();
   EXPECT_EQ(DrawnAsDefault(), std::vector<int>{kFinish});
@@ -204,7 +204,7 @@ TEST_F(WizardTest, EveryWayOutGivesTheEditorBackAndWritesNothing) {
   }
 }
 
-// Else Windows would activate some other program's window when the wizard goes.
+// Otherwise Windows would activate another program's window when the wizard closes.
 TEST_F(WizardTest, TheEditorIsEnabledBeforeTheWizardGoes) {
   OpenAdd();
   struct Seen {
@@ -254,7 +254,7 @@ TEST_F(WizardTest, EachOpeningStartsAnew) {
     EXPECT_EQ(WizardText(box), "");
   }
   Finish("news:new", "New");
-  // Not an edit of entry 0.
+  // It is not an edit of entry 0.
   ExpectSettled({kA, kSeparatorLine, ItemLine("New", "news:new")});
 }
 
@@ -277,7 +277,7 @@ TEST_F(WizardTest, NoNameOfTheShellLeavesTheBoxEmpty) {
   PressWizard(kNext);
   EXPECT_EQ(WizardText(kName), "");
   EXPECT_FALSE(IsWizardEnabled(kFinish));
-  // Also in place of one that was typed.
+  // A typed name is replaced, too.
   TypeWizard(kName, "Typed");
   PressWizard(kBack);
   PressWizard(kNext);
@@ -311,7 +311,7 @@ TEST_F(WizardTest, EditOfASeparatorIsEmpty) {
     EXPECT_EQ(WizardText(box), "");
   }
   EXPECT_FALSE(IsWizardEnabled(kNext));
-  // A name is asked for as for any other entry.
+  // The wizard asks for a name, as for every other entry.
   TypeWizard(kTarget, "news:x");
   PressWizard(kNext);
   ExpectNamePage();
@@ -325,7 +325,7 @@ TEST_F(WizardTest, EditWithoutASelectionDoesNothing) {
   EXPECT_TRUE(answers.Shown().empty());
 }
 
-TEST_F(WizardTest, TheEditorsEndTakesItAlong) {
+TEST_F(WizardTest, ClosingTheEditorClosesTheWizard) {
   OpenAdd();
   SendMessageA(form().window(), WM_CLOSE, 0, 0);
   EXPECT_EQ(Wizard(), nullptr);

@@ -22,7 +22,7 @@ BOOL CALLBACK TakeWizard(HWND window, LPARAM found) {
 
 }  // namespace
 
-// Other processes may have one open too.
+// Other processes may have a wizard open, too.
 HWND WizardTestBase::Wizard() {
   HWND wizard = nullptr;
   EnumThreadWindows(GetCurrentThreadId(), TakeWizard, reinterpret_cast<LPARAM>(&wizard));
@@ -115,7 +115,7 @@ void WizardTestBase::ExpectClosed() {
   ExpectFront(form().window());
 }
 
-// The window manager may let go of the front for a moment.
+// Under a window manager, no window may be in front for a moment.
 void WizardTestBase::ExpectFront(HWND window) {
   const ULONGLONG end = GetTickCount64() + 10000;
   while (GetForegroundWindow() != window && GetTickCount64() < end) {

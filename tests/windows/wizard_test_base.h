@@ -8,18 +8,18 @@
 
 #include "tests/windows/list_test_base.h"
 
-// Opens the wizard from the editor window and uses it.
+// Opens the wizard from the editor window.
 class WizardTestBase : public ListTest {
  protected:
   void OpenAdd();
   void OpenEdit(int row);
-  // nullptr when it is not open.
+  // The wizard; nullptr if it is not open.
   static HWND Wizard();
   static HWND WizardControl(int id) { return GetDlgItem(Wizard(), id); }
 
   void PressWizard(int buttonId);
   void TypeWizard(int editId, const std::string& text);
-  // A key that is pressed in a control and goes through the message loop.
+  // Presses a key in a control, through the message loop.
   void Key(HWND control, int key);
 
   static std::string WizardText(int id);
@@ -28,16 +28,16 @@ class WizardTestBase : public ListTest {
   // The buttons that are drawn as the default one.
   static std::vector<int> DrawnAsDefault();
 
-  // The wizard is on that page, with all that belongs to it.
+  // Expects that page of the wizard, with its controls, prompt and default button.
   static void ExpectTargetPage(int defaultButton);
   static void ExpectNamePage(int defaultButton = IDC_FORM3_COMMAND5);
-  // It has gone, and the editor window is back.
+  // Expects that the wizard is closed and the editor window is enabled and in front.
   void ExpectClosed();
 
-  // The window is in front, or comes there.
+  // Waits until the window is in front.
   static void ExpectFront(HWND window);
 
-  // Goes from the opening to the second page and presses Finish.
+  // Fills both pages of a wizard that has just opened and presses Finish.
   void Finish(const std::string& target, const std::string& name, const std::string& arguments = "",
               const std::string& startIn = "");
 

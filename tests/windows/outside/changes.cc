@@ -11,11 +11,11 @@ namespace {
 using testing_menus::Entry;
 using testing_menus::KnownMenu;
 
-// Longer ones are there to make writing take its time; a text box would too.
+// Longer texts only make writing slow; they would make a text box slow, too.
 constexpr std::size_t kShort = 1000;
 
-// The rows of the entries that can be edited as any other: with a target (that
-// one, if it is given), and short.
+// The rows of the entries with short texts and with a target, or with just that target if
+// it is given.
 std::vector<std::size_t> ShortEntries(const KnownMenu& menu, const std::string& target = "") {
   std::vector<std::size_t> rows;
   for (std::size_t row = 0; row < menu.entries.size(); ++row) {
@@ -108,7 +108,7 @@ std::optional<PreparedChange> Changes::Prepare(ChangeKind kind, const KnownMenu&
       return PreparedChange{std::move(after), form2_, IDC_FORM2_COMMAND8, nullptr};
     }
     case ChangeKind::Delete: {
-      // One of the short ones: the menu is to stay large.
+      // Delete a short entry, so that the menu stays large.
       const std::size_t row = RandomEntry(menu);
       select(row);
       after.entries.erase(after.entries.begin() + static_cast<std::ptrdiff_t>(row));
@@ -141,7 +141,7 @@ std::optional<PreparedChange> Changes::Prepare(ChangeKind kind, const KnownMenu&
     case ChangeKind::ToList:
       after.isDirectory = false;
       after.directory.clear();
-      // With an empty path, as a menu may have it, there would be no question.
+      // With an empty path there would be no question.
       Type(form2_, IDC_FORM2_TEXT7, "C:\\");
       return PrepareSwitch(std::move(after), IDC_FORM2_COMMAND14);
   }
@@ -205,8 +205,8 @@ std::optional<PreparedChange> Changes::PrepareChangeIcon(KnownMenu menu) {
   }
   const HWND bar = GetDlgItem(form4, IDC_FORM4_HSCROLL1);
   const int index = static_cast<int>(Below(12));
-  // An activation that comes late from the window manager puts the bar back, so it has
-  // to be seen in its place several times.
+  // A late activation by the window manager moves the bar back, so it has to be seen in its
+  // place several times.
   int seen = -1;
   const bool isSet = WaitUntil([&] {
     if (seen < 0 || GetForegroundWindow() != form4 ||
@@ -261,7 +261,7 @@ std::optional<PreparedChange> Changes::PrepareSwitch(KnownMenu after, int button
     return std::nullopt;
   }
   return PreparedChange{std::move(after), box, IDYES, [this] {
-                          // The box goes before the program writes.
+                          // The box closes before the program writes.
                           return program_.WaitUntilGone("#32770") && WaitUntilUsable();
                         }};
 }

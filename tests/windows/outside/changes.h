@@ -30,17 +30,16 @@ enum class ChangeKind {
 
 const char* NameOf(ChangeKind kind);
 
-// A change to the menu, made with the program's windows but for the last press
-// of a button, which makes the program write.
+// A change that is ready but for the last press of a button, which makes the program
+// write.
 struct PreparedChange {
-  testing_menus::KnownMenu after;  // what the menu file holds once it is made
-  HWND window;                     // which has that button
+  testing_menus::KnownMenu after;  // the menu after the change
+  HWND window;                     // the window with the button
   int button;
-  // What is left to do then, until the main window can be used again; false
-  // when it cannot. Absent where there is nothing but the button.
+  // Does what is left after the press, until the main window can be used again. Returns
+  // false if it cannot. Absent if nothing is left.
   std::function<bool()> end;
-  // Present where it is the mouse that makes the program write. Calls its argument
-  // just before that.
+  // Present if the mouse makes the program write. Calls its argument right before that.
   std::function<void(const std::function<void()>&)> drag = {};
 
   void Begin(const std::function<void()>& before = [] {}) const {
@@ -60,18 +59,18 @@ struct PreparedChange {
   }
 };
 
-// Makes changes of any kind in a running editor whose menu is known. What a
-// change needs besides the kind is drawn at random.
+// Makes changes of any kind in a running editor whose menu is known. Everything but the
+// kind is random.
 class Changes {
  public:
-  // `iconLibrary` is a file with twelve icons. Entries whose target it is are
-  // those that get other icons. It is what is dropped, too.
+  // `iconLibrary` is a file with twelve icons. Only entries whose target it is get other
+  // icons. It is what is dropped, too.
   Changes(const Program& program, HWND form2, std::mt19937_64& random, std::string iconLibrary);
 
-  // Whether the menu has what such a change needs.
+  // True if such a change of the menu is possible.
   bool IsPossible(ChangeKind kind, const testing_menus::KnownMenu& menu) const;
 
-  // Nothing when a window does not do what it should.
+  // Returns nothing if a window does not do what it should.
   std::optional<PreparedChange> Prepare(ChangeKind kind, const testing_menus::KnownMenu& menu);
 
  private:
@@ -81,7 +80,7 @@ class Changes {
   std::optional<PreparedChange> PrepareChangeIcon(testing_menus::KnownMenu menu);
   std::optional<PreparedChange> PrepareSaveAppearance(testing_menus::KnownMenu menu);
   std::optional<PreparedChange> PrepareSaveDirectory(testing_menus::KnownMenu menu);
-  // Both switches of the menu type ask before.
+  // Both switches of the menu type ask a question first.
   std::optional<PreparedChange> PrepareSwitch(testing_menus::KnownMenu after, int button);
 
   // One of ShortEntries().

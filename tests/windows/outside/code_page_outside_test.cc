@@ -18,10 +18,10 @@ std::wstring WideText(HWND window) {
 
 }  // namespace
 
-// The finished program in each of the code pages (tools/code_page.sh).
+// Tests the finished program in each of the code pages (tools/code_page.sh).
 class CodePageOutsideTest : public OutsideTest {
  protected:
-  // By keys; what the code page does not have is typed before and stays out.
+  // Types a character that the code page does not have, which is refused, and the text.
   void TypeByKeys(HWND box, const std::wstring& text) {
     outside::TypeCharacters(page.other + text);
     EXPECT_TRUE(WaitUntil([&] { return WideText(box) == text; }));
@@ -55,10 +55,10 @@ TEST_F(CodePageOutsideTest, AnEntryIsTypedByKeysAndRead) {
   ExpectCleanEnd();
 }
 
-// To and from a program that knows bytes alone, as Windows converts its messages.
+// Texts to and from an ANSI program, whose messages Windows converts.
 TEST_F(CodePageOutsideTest, BytesComeInAndGoOut) {
   std::string bytes = page.bytes;
-  // Not where some are marks over letters: Wine's edit control crashes on stray ones.
+  // Not in pages with combining marks: Wine's edit control crashes on a lone one.
   if (page.number == 1251 || page.number == 1252) {
     bytes.clear();
     for (int byte = 0x80; byte < 0x100; ++byte) {
@@ -84,7 +84,7 @@ TEST_F(CodePageOutsideTest, BytesComeInAndGoOut) {
   ExpectCleanEnd();
 }
 
-TEST_F(CodePageOutsideTest, StartsOnNoOtherFile) {
+TEST_F(CodePageOutsideTest, DoesNotOpenAFileWithASimilarName) {
   for (const char* name : {"eb.menu", "Lb.menu", "xb.menu", "b.menu"}) {
     WriteBytes(PathOf(name), UserDefinedMenu({}));
   }

@@ -8,16 +8,16 @@
 namespace outside {
 namespace {
 
-constexpr DWORD kTry = 400;  // milliseconds, after which the mouse is used again
+constexpr DWORD kTry = 400;  // milliseconds until the next try with the mouse
 
-// What the window that the drag begins in works with.
+// The state of the window in which the drag begins.
 struct Source {
   DragData* data;
   HWND target;
   DWORD thread;
   const std::function<void()>& letsGo;
   DragResult result;
-  std::atomic<int> looks = 0;  // how often the drag has told what a drop would do
+  std::atomic<int> looks = 0;  // the number of calls of GiveFeedback()
   std::atomic<bool> begun = false;
   std::atomic<bool> ended = false;
 };
@@ -48,19 +48,19 @@ POINT Middle(HWND window) {
   return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
 }
 
-// Moves what is dragged, and waits until the drag has seen that.
+// Moves the mouse, and waits until the drag has noticed that.
 void Drag(Source& source, POINT place) {
   WaitUntil([&] {
     const int before = source.looks;
     SetCursorPos(place.x, place.y);
-    // SetCursorPos() alone tells no one of the movement.
+    // SetCursorPos() alone sends no mouse message.
     mouse_event(MOUSEEVENTF_MOVE, 0, 0, 0, 0);
     return WaitUntil([&] { return source.ended || source.looks != before; }, kTry);
   });
 }
 
-// The pointer's place is told to Windows by several parties under Wine, so that
-// it may jump back once after a movement: it has to be seen there several times.
+// Under Wine, several sources set the place of the pointer, so it may jump back once after
+// a movement. It has to be seen in its place several times.
 void PutMouseAt(POINT place) {
   int seen = -1;
   WaitUntil([&] {
@@ -74,8 +74,8 @@ void PutMouseAt(POINT place) {
   });
 }
 
-// The hand that holds the mouse: a thread of its own, for DoDragDrop() returns
-// only when the button is let go.
+// Moves the mouse in a thread of its own, because DoDragDrop() returns only after the
+// button is released.
 DWORD WINAPI Hand(void* window) {
   const HWND source = static_cast<HWND>(window);
   auto& what = *reinterpret_cast<Source*>(GetWindowLongPtrA(source, GWLP_USERDATA));
@@ -106,8 +106,8 @@ DWORD WINAPI Hand(void* window) {
   what.result.letGo =
       1e6 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
   mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
-  // The message of it may have gone to a window that came to the front just
-  // then; any other makes OLE look at the button again.
+  // The message may have gone to a window that just came to the front. Any other message
+  // makes OLE check the button again.
   WaitUntil([&] {
     return !what.begun || what.ended || !PostThreadMessageA(what.thread, WM_MOUSEMOVE, 0, 0);
   });
@@ -121,8 +121,8 @@ void RunMessages() {
   }
 }
 
-// A window that has just appeared may take the front once more, so this one has to be
-// seen there several times.
+// A window that has just opened may come to the front again, so this one has to be seen
+// there several times.
 void WaitForFront(HWND window) {
   int seen = 0;
   WaitUntil([&] {
@@ -160,7 +160,7 @@ DragResult DragTo(HWND target, DragData* data, const std::function<void()>& lets
 
   WaitForFront(GetLastActivePopup(GetAncestor(target, GA_ROOT)));
   Source source{data, target, GetCurrentThreadId(), letsGo, {}};
-  // In a corner, where it covers nothing.
+  // A corner, where the window covers nothing.
   const HWND window = CreateWindowExA(WS_EX_TOPMOST, "DragSource", "", WS_POPUP | WS_VISIBLE, 0, 0,
                                       80, 60, nullptr, nullptr, windowClass.hInstance, nullptr);
   SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&source));

@@ -12,20 +12,20 @@
 
 namespace outside {
 
-// How a drag ended.
+// The result of a drag.
 struct DragResult {
-  bool begun = false;    // the mouse button reached the source
-  bool dropped = false;  // and not cancelled
+  bool begun = false;    // true if the mouse button reached the source
+  bool dropped = false;  // true if the drag was not cancelled
   DWORD effect = DROPEFFECT_NONE;
-  // When the button was let go, in microseconds of the performance counter.
+  // The time at which the button was released, in microseconds of the performance counter.
   double letGo = 0;
   // The effect that the target showed while the pointer was above it.
   DWORD shownEffect = DROPEFFECT_NONE;
 };
 
-// Drags the data with the mouse from a window of this process to the middle of
-// `target`, which may be of any process, and lets go. The data is released. Calls
-// `letsGo` just before, on another thread.
+// Drags the data with the mouse from a window of this process to the middle of `target`,
+// a window of any process, and drops it. Releases the data. Calls `letsGo` right before the
+// drop, on another thread.
 DragResult DragTo(
     HWND target, DragData* data, const std::function<void()>& letsGo = [] {});
 

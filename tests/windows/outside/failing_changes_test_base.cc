@@ -28,8 +28,7 @@ std::string FailingChangesTest::ScratchName(ChangeKind kind) {
 
 void FailingChangesTest::ExpectFailureIsShown(ChangeKind kind,
                                               const outside::PreparedChange& change) {
-  // Nothing is to be seen of a wizard's failure but that its button has done its
-  // work.
+  // A failure of the wizard shows nothing, so wait until its button has done its work.
   if (!change.end || IsWizard(kind)) {
     EXPECT_TRUE(outside::Press(change.window, change.button));
   } else {
@@ -43,7 +42,7 @@ void FailingChangesTest::ExpectFailureIsShown(ChangeKind kind,
     return;
   }
   if (IsSwitch(kind)) {
-    // The question, which had to be answered before.
+    // Answer the question first.
     EXPECT_TRUE(program().WaitUntilGone("#32770"));
   }
   if (IsWizard(kind)) {

@@ -8,7 +8,7 @@
 #include "tests/windows/outside/options.h"
 #include "tests/windows/outside/outside_test_base.h"
 
-// For changes that cannot write a file.
+// The base of the tests of changes that cannot write a file.
 class FailingChangesTest : public OutsideTest {
  protected:
   using ChangeKind = outside::ChangeKind;
@@ -22,18 +22,18 @@ class FailingChangesTest : public OutsideTest {
 
   FailingChangesTest();
 
-  // Changes to a directory pointer; the others are to a list.
+  // True for changes to a directory pointer; the others are to a list.
   static bool IsOfDirectory(ChangeKind kind);
   static bool IsSwitch(ChangeKind kind);
   static bool IsWizard(ChangeKind kind);
-  // The scratch file that it uses.
+  // The scratch file of a change.
   static std::string ScratchName(ChangeKind kind);
 
-  // Begins the change and looks at what the user sees of its failure.
+  // Makes the change and expects what the user sees of its failure.
   void ExpectFailureIsShown(ChangeKind kind, const outside::PreparedChange& change);
   void ExpectNoDialog() { EXPECT_EQ(program().Find("#32770"), nullptr); }
 
-  // With twelve icons.
+  // A library with twelve icons.
   const std::string library_ = PathOf("twelve.dll");
   std::mt19937_64 random_{outside::TestOptions().seed};
 };

@@ -1,6 +1,6 @@
-// Changes to a menu when the disk is full: the menu file's, that of the current
-// directory, or both. Run by tests/tools/full_disk_test.sh, which has a small
-// file system made for it.
+// Tests changes to a menu on a full disk: that of the menu file, that of the current
+// directory, or both. tests/tools/full_disk_test.sh runs them and makes a small file
+// system for them.
 #include <windows.h>
 
 #include "tests/windows/outside/drag.h"
@@ -18,13 +18,13 @@ using testing_menus::KnownMenu;
 
 namespace {
 
-// The file system gives room to files in blocks.
+// The block size of the file system, in bytes.
 constexpr std::size_t kBlock = 4096;
 
 const std::string kUpgradeQuestion =
     "The menu file is invalid or a previous version.\rWould you like to update the file?";
 
-// Menus that fill their last block: whatever makes them longer needs another.
+// Menus that fill their last block, so that a longer menu needs another one.
 KnownMenu ListMenu(const std::string& library) {
   KnownMenu menu;
   menu.entries = {{"a", "news:a", "", "", "", "0"},
@@ -65,7 +65,7 @@ class FullDiskTest : public FailingChangesTest {
     ASSERT_NE(small_, "") << "there is no small file system: --small-disk=FOLDER";
   }
 
-  // Where the menu file and the scratch file are.
+  // The folders of the menu file and the scratch file.
   void Place(bool menuIsOnSmallDisk, bool scratchIsOnSmallDisk) {
     menuPath_ = (menuIsOnSmallDisk ? small_ : folder()) + "\\small.menu";
     current_ = scratchIsOnSmallDisk ? small_ : folder();
@@ -107,7 +107,7 @@ class FullDiskTest : public FailingChangesTest {
     FillDisk();
   }
 
-  // Makes the change on the full disk; then there is room again.
+  // Makes the change on the full disk, and then frees space.
   void Try(ChangeKind kind) {
     SCOPED_TRACE(NameOf(kind));
     const KnownMenu before = IsOfDirectory(kind) ? DirectoryMenu() : ListMenu(library_);
@@ -126,7 +126,7 @@ class FullDiskTest : public FailingChangesTest {
     }
     ExpectFailureIsShown(kind, *change);
     ++failures_;
-    // That there is no room is known before the menu file is emptied.
+    // The program sees that the disk is full before it empties the menu file.
     ExpectMenu(before.Bytes());
     FreeDisk();
     GoOn(kind, changes, *change, before);
@@ -162,7 +162,7 @@ class FullDiskTest : public FailingChangesTest {
     }
   }
 
-  // Yes changes nothing and the question comes again, until there is room.
+  // Until there is space, Yes changes nothing and the question comes again.
   void TryUpgrade() {
     KnownMenu menu = ListMenu(library_);
     menu.picture = BytesOf(outside::BuildFolder() + "\\..\\resources\\default_menu.ico");
@@ -181,7 +181,7 @@ class FullDiskTest : public FailingChangesTest {
     ExpectMenu(menu.Bytes());
   }
 
-  // Whatever comes then.
+  // Answers Yes to the question. The caller handles what follows.
   void AnswerYes(const std::string& text) {
     const HWND question = WaitForDialog("Query?");
     ASSERT_NE(question, nullptr);
@@ -201,13 +201,13 @@ class FullDiskTest : public FailingChangesTest {
 TEST_F(FullDiskTest, TheScratchFiles) {
   Place(false, true);
   TryAll();
-  EXPECT_EQ(failures_, 10);  // all but the wizard's add, which needs none
+  EXPECT_EQ(failures_, 10);  // all but adding, which needs no scratch file
 }
 
 TEST_F(FullDiskTest, TheMenuFiles) {
   Place(true, false);
   TryAll();
-  EXPECT_EQ(failures_, 6);  // those that make the menu longer
+  EXPECT_EQ(failures_, 6);  // the changes that make the menu longer
 }
 
 TEST_F(FullDiskTest, TheOneOfBoth) {
@@ -228,7 +228,7 @@ TEST_F(FullDiskTest, AnUpgrade) {
   }
 }
 
-// What fits is kept; half a line would make the whole menu unreadable.
+// No half line stays, because it would make the menu unreadable.
 TEST_F(FullDiskTest, ADrop) {
   Place(true, false);
   const KnownMenu before = ListMenu(library_);

@@ -14,14 +14,13 @@ namespace outside {
 std::string BuildFolder() {
   char own[MAX_PATH] = "";
   GetModuleFileNameA(nullptr, own, MAX_PATH);
-  // This program stands in windows\tests\windows\outside of it.
+  // This program is in its folder windows\tests\windows\outside.
   char folder[MAX_PATH] = "";
   GetFullPathNameA((std::string(own) + "\\..\\..\\..\\..\\..").c_str(), MAX_PATH, folder, nullptr);
   return folder;
 }
 
-// Wine runs programs of the system below it, too; their processes cannot be
-// waited for.
+// Wine can start programs of the host, but not wait for them.
 bool StartOnHost(const std::string& commandLine, const std::string& folder) {
   std::string line = commandLine;
   STARTUPINFOA startup{};
@@ -60,7 +59,7 @@ int HostProcess(const std::string& argument) {
 
 bool IsHostProcessAtWork(int number) {
   const std::filesystem::path process = "Z:\\proc\\" + std::to_string(number);
-  // Without memory it has no command line, and of its threads but one is listed.
+  // A process that has ended has no memory, so it has no command line, and only one thread.
   std::ifstream file(process / "cmdline", std::ios::binary);
   if (file.get() != std::char_traits<char>::eof()) {
     return true;
@@ -79,7 +78,7 @@ bool TakeScreenshot(const std::string& name) {
                    picture.parent_path().string())) {
     return false;
   }
-  // An image that is being written has no end yet.
+  // A picture that is being written has no end yet.
   return WaitUntil([&] {
     std::ifstream file(picture, std::ios::binary);
     const std::string bytes(std::istreambuf_iterator<char>(file), {});

@@ -3,25 +3,24 @@
 
 #include <string>
 
-// The system that Wine runs on: what a test needs of it and Windows cannot do.
+// Functions of the system that Wine runs on, for what Windows cannot do.
 namespace outside {
 
-// The folder build/ of the project, as a program under Wine sees it.
+// The Windows path of the project's folder build/.
 std::string BuildFolder();
 
-// Starts a command of the host, and does not wait for it. Nothing tells how it
-// ends.
+// Starts a command of the host without waiting for it. Returns true if it was started; its
+// exit code is not known.
 bool StartOnHost(const std::string& commandLine, const std::string& folder);
 
-// The host's own number of the process whose command line holds this argument;
-// 0 when there is none.
+// The host's id of the process whose command line has this argument; 0 if there is none.
 int HostProcess(const std::string& argument);
-// Whether the process of that number still does anything. When it is over, the
-// host may list it for seconds yet.
+
+// True if the process still runs. The host may list it for seconds after its end.
 bool IsHostProcessAtWork(int number);
 
-// Saves a picture of the whole screen as build/screenshots/NAME.png; a folder
-// may stand before the name ("story/01_opened").
+// Saves a picture of the whole screen as build/screenshots/NAME.png. NAME may have a folder
+// ("story/01_opened").
 bool TakeScreenshot(const std::string& name);
 
 }  // namespace outside

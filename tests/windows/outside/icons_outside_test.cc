@@ -56,7 +56,7 @@ TEST_F(IconsOutsideTest, ChangesAnEntrysIcon) {
   ChooseFile(form4, IDC_FORM4_COMMAND2, kIconFileTitle, twelve);
   EXPECT_TRUE(WaitForText(form4, IDC_FORM4_LABEL1, "12 Icons"));
   ScrollTo(form4, IDC_FORM4_HSCROLL1, 9);
-  // Nothing may bring the old file back once the focus has come back.
+  // The old file must not come back with the focus.
   EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == form4; }));
   EXPECT_EQ(outside::Text(form4, IDC_FORM4_LABEL1), "12 Icons");
   EXPECT_EQ(SendMessageA(GetDlgItem(form4, IDC_FORM4_HSCROLL1), SBM_GETPOS, 0, 0), 9);

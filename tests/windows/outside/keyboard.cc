@@ -10,7 +10,7 @@ INPUT KeyInput(WORD key, DWORD flags) {
   input.type = INPUT_KEYBOARD;
   input.ki.wVk = key;
   input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, MAPVK_VK_TO_VSC));
-  // The keys between letters and numbers; those of the number pad have the same codes.
+  // The navigation keys. Those of the number pad have the same codes without this flag.
   const bool isApart = key >= VK_PRIOR && key <= VK_DOWN;
   input.ki.dwFlags = flags | (isApart ? KEYEVENTF_EXTENDEDKEY : 0U);
   return input;

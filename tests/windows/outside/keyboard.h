@@ -8,19 +8,21 @@
 
 namespace outside {
 
-// Presses keys as a keyboard does: they go to whatever window is in front.
-//
-// A virtual key, with others held down meanwhile.
+// These functions press keys like a keyboard: the keys go to the window in front.
+
+// Presses a virtual key; `held` are keys that are held down meanwhile.
 void PressKey(WORD key, const std::vector<WORD>& held = {});
-// What an American keyboard has keys for.
+
+// Types characters of an American keyboard.
 void TypeText(const std::string& text);
-// Characters that no key has, as a screen keyboard sends them.
+
+// Types characters that no key has, like a screen keyboard.
 void TypeCharacters(const std::wstring& text);
 
-// The control of another program's window that has the focus.
+// The focused control in a window of another process.
 HWND FocusIn(HWND window);
 
-// Waits until the window is in front, and takes keys.
+// Waits until the window is in front and accepts keys.
 bool WaitForFront(HWND window);
 
 }  // namespace outside

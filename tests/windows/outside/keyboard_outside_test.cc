@@ -18,12 +18,12 @@ using testing_menus::ItemLine;
 using testing_menus::kSeparatorLine;
 using testing_menus::UserDefinedMenu;
 
-// One pass over all windows of the program in which nothing but keys is sent.
+// Goes through all windows of the program with keys alone.
 class KeyboardOutsideTest : public OutsideTest {
  protected:
   KeyboardOutsideTest() { WriteBytes(library, Library(colours)); }
 
-  // The window in front from here on, to which the keys go.
+  // Waits until the window is in front: the keys go to it from here on.
   void Use(HWND window) {
     ASSERT_NE(window, nullptr);
     window_ = window;
@@ -48,7 +48,7 @@ class KeyboardOutsideTest : public OutsideTest {
     return WaitUntil([=, this] { return outside::FocusIn(window_) == GetDlgItem(window_, id); });
   }
 
-  // Tab, or with Shift, until the control has the focus or the round is complete.
+  // Presses Tab, or Shift+Tab, until the control has the focus or the round is complete.
   void TabTo(int id, bool back = false) {
     LookAround();
     std::set<HWND> passed;
@@ -81,7 +81,7 @@ class KeyboardOutsideTest : public OutsideTest {
   void SelectFirstRow() {
     TabTo(IDC_FORM2_LIST1);
     PressKey(VK_HOME);
-    // Where no row is selected, any key selects the one at which the list is.
+    // If no row is selected, any key selects the list's current one.
     PressKey(VK_HOME);
     EXPECT_TRUE(WaitUntil([this] { return outside::SelectedRow(List()) == 0; }));
   }
@@ -98,7 +98,7 @@ class KeyboardOutsideTest : public OutsideTest {
   void ChangeTheAppearance();
   void PointToAFolder();
 
-  // Every control that Tab ought to stop at, and those where it did.
+  // The controls with WS_TABSTOP, and those that Tab has reached.
   std::set<int> stops_;
   std::set<int> reached_;
 
@@ -113,7 +113,7 @@ class KeyboardOutsideTest : public OutsideTest {
     char name[16] = "";
     GetClassNameA(window_, name, sizeof name);
     if (std::string(name) == "#32770") {
-      return;  // Windows' own
+      return;  // a dialog of Windows
     }
     reached_.insert(GetDlgCtrlID(outside::FocusIn(window_)));
     for (HWND control = RelatedWindow(window_, GW_CHILD); control != nullptr;
@@ -144,7 +144,7 @@ void KeyboardOutsideTest::AddAnEntry() {
   ASSERT_TRUE(HasFocus(IDC_FORM3_TEXT1));
   ASSERT_NO_FATAL_FAILURE(Push(IDC_FORM3_COMMAND1));
   ASSERT_TRUE(HasFocus(IDC_FORM3_TEXT4));
-  TypeText("Third");  // in place of the name that is proposed, all of it selected
+  TypeText("Third");  // replaces the proposed name, which is selected
   ExpectText(IDC_FORM3_TEXT4, "Third");
   ASSERT_NO_FATAL_FAILURE(TabTo(IDC_FORM3_COMMAND5));
   ASSERT_NO_FATAL_FAILURE(TabTo(IDC_FORM3_TEXT4, true));
@@ -245,7 +245,7 @@ void KeyboardOutsideTest::ChangeTheAppearance() {
   PressKey(VK_END);
   PressKey(VK_LEFT);
   ASSERT_NO_FATAL_FAILURE(TabTo(IDC_FORM2_PICTURE1, true));
-  PressKey(VK_SPACE);  // the desktop's colour behind the icon
+  PressKey(VK_SPACE);  // the icon on the colour of the desktop
   ASSERT_NO_FATAL_FAILURE(Push(IDC_FORM2_CHECK1));
   ASSERT_NO_FATAL_FAILURE(Push(IDC_FORM2_COMMAND12));
   ASSERT_NO_FATAL_FAILURE(UseDialog("Corvalis Edit"));
@@ -257,7 +257,7 @@ void KeyboardOutsideTest::ChangeTheAppearance() {
   EXPECT_EQ(menu.substr(marker),
             UserDefinedMenu({ItemLine("First", notepad, "", "", library, "2"), second},
                             "1,\"Tahoma\",8.25,0,0\r\n", ""));
-  // The picture is a bitmap whose pixels follow its headers, the bottom row first.
+  // The picture is a bitmap file. Its pixels come after the headers, the bottom row first.
   std::string pixels;
   for (int y = testing_icons::kIconSize - 1; y >= 0; --y) {
     for (int x = 0; x < testing_icons::kIconSize; ++x) {
@@ -289,7 +289,7 @@ void KeyboardOutsideTest::PointToAFolder() {
   PressKey(VK_RETURN);  // Yes
   ASSERT_NO_FATAL_FAILURE(UseForm2Again("#32770"));
   ExpectMenu(menu("\"C:\\\",\"*.*\",1,0,0\r\n"));
-  // The button that was pressed is hidden; the one in its place has the focus.
+  // The pressed button is hidden, and the one in its place has the focus.
   ASSERT_TRUE(HasFocus(IDC_FORM2_COMMAND14));
 
   ASSERT_NO_FATAL_FAILURE(TabTo(IDC_FORM2_DRIVE1));

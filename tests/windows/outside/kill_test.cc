@@ -1,6 +1,6 @@
-// The finished program is killed while it changes one of two menus in a folder. Each
-// time both must be there whole: as they were or as they were to be, in the menu file
-// or in a scratch file. What a kill leaves in the folder stays there.
+// Kills the finished program while it changes one of two menus in a folder. Each time,
+// the old or the new state of both must be complete, in the menu file or in a scratch
+// file. The files that a kill leaves stay in the folder.
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -32,24 +32,24 @@ constexpr std::array kListChanges = {
 constexpr std::array kDirectoryChanges = {ChangeKind::SaveDirectory, ChangeKind::SaveDirectory,
                                           ChangeKind::ToList};
 
-// Large enough that writing it takes some time, and with few rows, so that the
-// program starts quickly all the same.
+// A menu large enough that writing it takes some time. It has few rows, so that the
+// program starts quickly.
 constexpr std::size_t kPictureSize = 6 << 20;
 constexpr std::size_t kArgumentsSize = 400 << 10;
 constexpr int kLongEntries = 15;
 
-// How many kills more there may be until each thing that counts has happened.
+// The most kills in addition, until each of the counted cases has happened.
 constexpr int kMostMore = 60;
 
-// What else is interrupted, besides the changes.
+// Actions that are interrupted besides the changes.
 constexpr const char* kUpgrade = "upgrade";
 constexpr const char* kRestore = "finish after a kill";
 
 struct Counts {
   int kills = 0;
-  int left = 0;   // times that there was a scratch file afterwards
-  int cut = 0;    // the menu file was neither the old nor the new one
-  int asked = 0;  // the next start asked whether to finish the change
+  int left = 0;   // kills that left a scratch file
+  int cut = 0;    // kills that left neither the old nor the new menu file
+  int asked = 0;  // starts that asked whether to finish the change
   int lost = 0;
 };
 
@@ -64,9 +64,9 @@ class KillTest : public OutsideTest {
   struct Subject {
     std::string path;
     KnownMenu menu;
-    // What the last change was to make of it, if that was interrupted.
+    // The menu after the last change, if that was interrupted.
     KnownMenu after;
-    // How many changes this menu is still good for.
+    // The number of changes that this menu is still good for.
     int left = 0;
 
     std::string Bytes() const { return BytesOf(path); }
@@ -99,15 +99,14 @@ class KillTest : public OutsideTest {
     first_ = program_->WaitForFirst();
   }
 
-  // How long after the press that starts the writing it is best to kill, in
-  // milliseconds.
+  // The best time for a kill, in milliseconds after the press that starts the writing.
   double& AimAt(const std::string& what) {
     return aim_.try_emplace(what + (byHost_ ? ", by the host" : ""), 50.0).first->second;
   }
 
-  // Kills the program while it does what `begin` makes it do; that calls its argument
-  // just before. Half of the kills are Windows' own, which let a call end that has
-  // begun; half are of the host, which does not wait for anything.
+  // Kills the program while it does what `begin` starts. `begin` calls its argument right
+  // before. Half of the kills are by Windows, which lets the present call end, and half by
+  // the host, which waits for nothing.
   using Begin = std::function<void(const std::function<void()>& before)>;
   void KillDuring(const std::string& what, const Subject& subject, const Begin& begin,
                   bool onlyByHost = false) {
@@ -121,7 +120,7 @@ class KillTest : public OutsideTest {
       char command[100] = "";
       std::snprintf(command, sizeof command, "Z:\\bin\\bash -c \"sleep %.4f; kill -9 %d\"",
                     delay / 1000, process);
-      // Until the command runs; some kills come before the change, then.
+      // The command takes time to start, so some of these kills come before the change.
       const auto start = static_cast<DWORD>(random_() % 30);
       bool isStarted = false;
       begin([&] {
@@ -137,7 +136,7 @@ class KillTest : public OutsideTest {
       QueryPerformanceFrequency(&frequency);
       QueryPerformanceCounter(&from);
       Sleep(static_cast<DWORD>(delay));
-      // The rest of the millisecond.
+      // Wait for the rest of the millisecond.
       for (LARGE_INTEGER now = from; static_cast<double>(now.QuadPart - from.QuadPart) * 1000 <
                                      delay * static_cast<double>(frequency.QuadPart);
            QueryPerformanceCounter(&now)) {
@@ -145,14 +144,14 @@ class KillTest : public OutsideTest {
       program_->Kill();
     }
     program_.reset();
-    // For Windows a process has ended before its last write has.
+    // Windows reports the end of a process before its last write has ended.
     ASSERT_TRUE(outside::WaitUntil([&] { return !outside::IsHostProcessAtWork(process); }));
     ++counts_.kills;
     ++byKind_[what].kills;
   }
 
-  // The menu that a scratch file with a journal says, whatever that has for a
-  // checksum; empty for one without.
+  // The menu that the journal of a scratch file describes, without a look at its checksum.
+  // Empty if the file has no journal.
   static std::string FinishedBy(const std::string& scratch, const std::string& menu) {
     constexpr std::size_t kFooter = 72;
     if (scratch.size() < kFooter ||
@@ -171,8 +170,8 @@ class KillTest : public OutsideTest {
            scratch.substr(0, description);
   }
 
-  // The menu file is as it was or as it was to be, or a scratch file says how it gets
-  // to be that.
+  // Expects the old or the new menu in the menu file, or the journal of the new one in a
+  // scratch file.
   bool IsWhole(const Subject& subject, const std::string& before, const std::string& after) const {
     const std::string menu = subject.Bytes();
     if (menu == before || menu == after) {
@@ -186,7 +185,7 @@ class KillTest : public OutsideTest {
     return false;
   }
 
-  // All that begin with the name of one: a journal may have been put aside.
+  // The files whose names begin like a scratch file's: a journal may have been put aside.
   std::vector<std::string> ScratchFiles() const {
     std::vector<std::string> names;
     for (const char* pattern : {"temporaryfile*", "zoltempfileoktodelete*"}) {
@@ -222,8 +221,7 @@ class KillTest : public OutsideTest {
                       << after.size() << " after the change";
       }
     }
-    // The next kills of this kind come nearer to the moment at which the menu file
-    // is neither.
+    // Move the time of the next kills towards the moment at which the menu file is neither.
     double& aim = AimAt(what);
     aim *= menu == after ? 0.93 : menu == before ? 1.07 : 1;
     aim = std::clamp(aim, 2.0, 2000.0);
@@ -234,8 +232,8 @@ class KillTest : public OutsideTest {
            outside::Text(first_, outside::kMessageTextId).starts_with(sentence);
   }
 
-  // Starts the program. It asks, or the menu file is whole; in the end the menu file
-  // is as it was or as the last change was to leave it.
+  // Starts the program. It asks, or the menu file is complete. In the end the menu file has
+  // the old menu or the new one.
   void StartAgain(Subject& subject) {
     const std::string before = subject.menu.Bytes();
     const std::string after = subject.after.Bytes();
@@ -279,13 +277,13 @@ class KillTest : public OutsideTest {
       outside::Click(first_, IDYES);
     });
     ExpectWhole(kUpgrade, subject, old, subject.menu.Bytes());
-    // A start asks again, if nothing was done.
+    // After a No without a change, the next start asks again.
     if (subject.Bytes() == old) {
       WriteBytes(subject.path, subject.menu.Bytes());
     }
   }
 
-  // Puts a new menu in the place of one that has been changed often enough.
+  // Replaces a menu that has been changed often enough by a new one.
   void Renew(Subject& subject) {
     subject.left = 8;
     subject.menu = NewMenu();
@@ -305,8 +303,8 @@ class KillTest : public OutsideTest {
       const ChangeKind kind = menu.isDirectory
                                   ? kDirectoryChanges[random_() % kDirectoryChanges.size()]
                                   : kListChanges[random_() % kListChanges.size()];
-      // The icon change writes over a scratch file that is there, and what is longer
-      // of that becomes a part of the menu.
+      // The icon change overwrites an old scratch file from its front, and the rest of a
+      // longer one becomes a part of the menu.
       const bool wouldTakeOver =
           kind == ChangeKind::ChangeIcon && Exists(PathOf("zoltempfileoktodelete"));
       if (!wouldTakeOver && changes.IsPossible(kind, menu)) {
@@ -315,7 +313,7 @@ class KillTest : public OutsideTest {
     }
   }
 
-  // A menu is changed some times and then once more, until the program is killed.
+  // Changes a menu some times, and then once more, during which the program is killed.
   void ChangeAndKill(Subject& subject) {
     Changes changes(*program_, first_, random_, library_);
     for (auto whole = random_() % 3; whole > 0; --whole) {
@@ -359,7 +357,7 @@ class KillTest : public OutsideTest {
       {{PathOf("one.menu"), {}, {}}, {PathOf("another.menu"), {}, {}}}};
   std::unique_ptr<Program> program_;
   HWND first_ = nullptr;
-  bool byHost_ = false;  // the last kill
+  bool byHost_ = false;  // true if the host made the last kill
   std::map<std::string, double> aim_;
   Counts counts_;
   std::map<std::string, Counts> byKind_;
@@ -372,7 +370,7 @@ TEST_F(KillTest, BothMenusAreWholeAfterEachKill) {
     WriteBytes(subject.path, subject.menu.Bytes());
   }
   const int kills = outside::TestOptions().kills;
-  // Kills that never interrupt the writing would prove nothing.
+  // Without a kill that interrupts a write, the test would prove nothing.
   while ((counts_.kills < kills || (!HasSeenAll() && counts_.kills < kills + kMostMore)) &&
          !HasFailure()) {
     Subject& subject = subjects_[random_() % subjects_.size()];

@@ -50,8 +50,8 @@ std::string Difference(const std::string& actual, const std::string& expected) {
 
 std::string BitmapFile(const std::vector<COLORREF>& pixels) {
   constexpr int kSide = testing_icons::kIconSize;
-  // A file of 3126 bytes, of which 54 are headers; a picture of 32 by 32, one
-  // plane, 24 bits, not compressed, 3072 bytes.
+  // The file has 3126 bytes, 54 of them headers. The picture has 32 by 32 pixels, one
+  // plane, 24 bits, no compression, and 3072 bytes.
   std::string file(
       "BM\x36\x0C\0\0\0\0\0\0\x36\0\0\0"
       "\x28\0\0\0\x20\0\0\0\x20\0\0\0\x01\0\x18\0\0\0\0\0\0\x0C\0\0"

@@ -10,7 +10,7 @@
 
 namespace testing_menus {
 
-// An entry as the test knows it; without texts it is a separator.
+// An entry that the test expects. Without texts it is a separator.
 struct Entry {
   std::string caption;
   std::string target;
@@ -24,30 +24,28 @@ struct Entry {
 
 Entry Separator();
 
-// What a menu file is to hold, kept by the test beside the program and changed
-// by it as the program is asked to change the file.
+// The menu that a test expects in the file. The test changes it together with the program.
 struct KnownMenu {
   std::string picture = kPicture;
   bool isDirectory = false;
   std::string appearance = kAppearance;
-  std::vector<Entry> entries;  // of a user-defined list
+  std::vector<Entry> entries;  // the entries of a user-defined list
   std::string directory;       // the line of a directory pointer
 
   std::string Bytes() const;
-  // Without picture, marker line and type line, as a previous version wrote it.
+  // The menu in the format of the previous version, without picture, marker and type line.
   std::string PreviousVersionBytes() const;
 };
 
-// Where two files begin to differ, in words; empty when they are equal. Menus of
-// some megabytes are no use in a message.
+// A message with the first difference of two files; empty if they are equal. (A whole menu
+// may have some megabytes.)
 std::string Difference(const std::string& actual, const std::string& expected);
 
-// The bitmap file that the Appearance page saves: 24 bits for each pixel,
-// bottom row first. The pixels are given from the top left one, row by row, and
-// are as many as an icon has.
+// The bitmap file that the Appearance page saves: 24 bits for each pixel, the bottom row
+// first. `pixels` are those of an icon, row by row from the top left.
 std::string BitmapFile(const std::vector<COLORREF>& pixels);
 
-// The same, where no icon was chosen: the bare background of the box.
+// The same without an icon: the background of the box.
 std::string EmptyPreview();
 
 }  // namespace testing_menus

@@ -6,19 +6,19 @@
 
 namespace outside {
 
-// What the command line of the tests says besides googletest's own arguments.
+// The arguments of the tests besides those of googletest.
 struct Options {
-  // --seed=N: what the random tests draw from; another one each time without.
+  // --seed=N: the seed of the random tests; by default a new one for each run.
   std::uint64_t seed = 0;
   int kills = 20;         // --kills=N: how often the editor is killed
   int menus = 20;         // --menus=N: how many random menu files are opened
-  std::string smallDisk;  // --small-disk=FOLDER: on a small file system of its own
+  std::string smallDisk;  // --small-disk=FOLDER: a folder on a small file system
 };
 
 const Options& TestOptions();
 
-// Called once, with what googletest has left of the arguments; false when
-// there is one that is none of the above.
+// To be called once, with the arguments that googletest has left. Returns false if one is
+// unknown.
 bool ReadOptions(int argc, char** argv);
 
 }  // namespace outside

@@ -68,7 +68,7 @@ void OutsideTest::ChooseFile(HWND window, int buttonId, const std::string& title
   outside::Click(window, buttonId);
   const HWND dialog = WaitForDialog(title);
   ASSERT_NE(dialog, nullptr);
-  // The name is in a list of earlier ones, if there is one.
+  // The name box may be inside a list of earlier names.
   outside::Type(dialog, GetDlgItem(dialog, cmb13) != nullptr ? cmb13 : edt1, path);
   outside::Click(dialog, IDOK);
   EXPECT_TRUE(program_->WaitUntilGone("#32770"));

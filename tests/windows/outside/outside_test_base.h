@@ -11,18 +11,17 @@
 #include "tests/windows/menu_bytes.h"
 #include "tests/windows/outside/program.h"
 
-// Starts the program on a menu file in a temporary folder, which is also its
-// current directory.
+// Starts the program with a menu file in a temporary folder, which is also its current
+// directory.
 class OutsideTest : public ::testing::Test {
  protected:
   OutsideTest();
   ~OutsideTest() override;
 
-  // Starts the program on the menu file as it stands, and waits for its window
-  // or for a question.
+  // Starts the program with the present menu file, and waits for its window or a question.
   void StartAsItStands() { StartOn(MenuPath(), folder_); }
   void StartOn(const std::string& menuPath, const std::string& currentFolder);
-  // Writes the menu file and waits for the window on it.
+  // Writes the menu file, starts the program and waits for its window.
   void Start(const std::string& menuBytes);
   outside::Program& program() { return *program_; }
   HWND form2() const { return form2_; }
@@ -31,16 +30,16 @@ class OutsideTest : public ::testing::Test {
   HWND List() const { return Control(IDC_FORM2_LIST1); }
   std::vector<std::string> Rows() const { return outside::ListRows(List()); }
 
-  // Presses a button of Form2 and waits until it has done its work. Not for
-  // those that open a dialog box.
+  // Presses a button of Form2 and waits until it has done its work. Not for buttons that
+  // open a dialog box.
   void Press(int buttonId);
 
-  // The dialog box with that title; nullptr when there is none.
+  // Waits for the dialog box with that title. Returns nullptr if none opens.
   HWND WaitForDialog(const std::string& title);
   // Presses a button of a message box.
   void Answer(const std::string& title, const std::string& text, int buttonId);
   void Confirm(const std::string& title, const std::string& text) { Answer(title, text, IDOK); }
-  // In the file dialog that a button of the window opens.
+  // Presses a button of the window and chooses the file in the dialog that it opens.
   void ChooseFile(HWND window, int buttonId, const std::string& title, const std::string& path);
   static bool WaitForText(HWND window, int id, const std::string& text);
   static void ScrollTo(HWND window, int barId, int position);
@@ -55,12 +54,13 @@ class OutsideTest : public ::testing::Test {
   void ShowAppearancePage();
   void ClickPreview();
   HWND OpenFontDialog();
-  // By the rows of its lists. The texts of the styles are in the user's language.
+  // Selects rows of the font dialog's lists. The styles are rows, because their texts are
+  // in the user's language.
   static constexpr int kBold = 2;
   static constexpr int kBoldItalic = 3;
   void ChooseFont(HWND dialog, const char* name, int styleRow, const char* size);
 
-  // Closes the window; the program ends with exit code 0 and leaves nothing.
+  // Closes the window. Expects the exit code 0 and no scratch file.
   void ExpectCleanEnd();
 
   const std::string& folder() const { return folder_; }

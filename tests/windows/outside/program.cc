@@ -11,7 +11,7 @@ constexpr const char* kDialogClass = "#32770";
 
 struct Search {
   DWORD process;
-  std::string windowClass;  // empty: a window of the program, or a dialog box
+  std::string windowClass;  // empty: any form or dialog box
   HWND found;
 };
 
@@ -32,7 +32,7 @@ BOOL CALLBACK Look(HWND window, LPARAM data) {
   return TRUE;
 }
 
-// A window that hangs must not make the test hang.
+// With a timeout, so that a hanging window does not hang the test.
 LRESULT Send(HWND window, UINT message, WPARAM wide, LPARAM data) {
   DWORD_PTR result = 0;
   SendMessageTimeoutA(window, message, wide, data, SMTO_NORMAL, kPatience, &result);
@@ -145,7 +145,7 @@ std::string Text(HWND window) {
 
 std::string Text(HWND window, int id) { return Text(GetDlgItem(window, id)); }
 
-// The text of a row comes from another process only by the wide function.
+// Only the wide function reads the text of a row from another process.
 std::vector<std::string> ListRows(HWND list) {
   std::vector<std::string> rows;
   const LRESULT count = Send(list, LB_GETCOUNT, 0, 0);

@@ -8,33 +8,31 @@
 #include <string>
 #include <vector>
 
-// The finished program, used from another process as its user does. All that
-// waits gives up in the end: what is waited for is then missing in the result.
+// Uses the finished program from another process, like a user. Every function that waits
+// gives up after kPatience; its result shows that.
 namespace outside {
-
 inline constexpr DWORD kPatience = 20000;  // in milliseconds
 
-// Polls until the condition holds; false when it does not in time.
+// Polls until the condition is true. Returns false if it is not true in time.
 bool WaitUntil(const std::function<bool()>& condition, DWORD milliseconds = kPatience);
 
-// What a start of the editor is asked for, as it stands: `name` is what the
-// command line calls the program, its path in quotes if nothing else; `copy` is a
-// copy of it to start instead, if it is given.
+// The command line of a start. `name` is the program's name in it, by default its path in
+// quotes. `copy` is a copy of the program to start instead.
 struct CommandLine {
   std::string arguments;
   std::string name = {};
   std::string copy = {};
 };
 
-// The finished program, as the build made it.
+// The path of the finished program.
 std::string EditorPath();
 
-// A running editor. It is ended with this object, if not before.
+// A running editor. The destructor ends it.
 class Program {
  public:
-  // Starts it with `folder` as its current directory.
+  // Starts the editor with `folder` as its current directory.
   Program(const CommandLine& line, const std::string& folder);
-  // The same on a menu file.
+  // The same with a menu file.
   Program(const std::string& menuPath, const std::string& folder)
       : Program(CommandLine{'"' + menuPath + '"'}, folder) {}
   Program(const std::wstring& menuPath, const std::wstring& folder);
@@ -44,21 +42,23 @@ class Program {
 
   bool Started() const { return process_.hProcess != nullptr; }
 
-  // A visible window of the program of that class ("Form2", or "#32770" for
-  // dialogs and message boxes); nullptr when there is none.
+  // A visible window of the program with that class ("Form2", or "#32770" for dialogs and
+  // message boxes); nullptr if there is none.
   HWND Find(const std::string& windowClass) const;
   HWND WaitFor(const std::string& windowClass) const;
   bool WaitUntilGone(const std::string& windowClass) const;
 
-  // The first that it shows, its window or a dialog box; nullptr when it ends
-  // without a word.
+  // The first window that the program shows, a form or a dialog box; nullptr if it ends
+  // without one.
   HWND WaitForFirst() const;
-  // Whether the window is a dialog box, and not one of the program's own.
+
+  // True for a dialog or message box, false for a form.
   static bool IsDialog(HWND window);
 
-  // Nothing when it goes on running.
+  // The exit code; nothing if the program still runs.
   std::optional<DWORD> WaitForExit(DWORD milliseconds = kPatience) const;
-  // Ends it at once, whatever it is doing, and waits until it is gone.
+
+  // Kills the program and waits until it has ended.
   void Kill();
 
  private:
@@ -67,8 +67,8 @@ class Program {
 
 std::string ClassOf(HWND window);
 
-// Works on windows of other processes. Click() returns at once, so that what it
-// opens can be dealt with; the others return when the window has done it.
+// These functions work with windows of other processes. Click() returns at once, so that
+// the caller can handle a dialog that it opens. The others wait for the window.
 void Click(HWND window, int buttonId);
 bool Press(HWND window, int buttonId);
 void Type(HWND window, int editId, const std::string& text);
@@ -76,14 +76,16 @@ std::string Text(HWND window);
 std::string Text(HWND window, int id);
 std::vector<std::string> ListRows(HWND list);
 int SelectedRow(HWND list);
-// As by a click on the row.
+// Selects a row, as a click does.
 void SelectRow(HWND list, int row);
-// Waits until the window has done what was asked of it before.
+
+// Waits until the window has handled the messages that were sent to it.
 bool WaitUntilIdle(HWND window);
-// Asks the window to close, as its close box does.
+
+// Sends WM_CLOSE, as the close box does.
 void CloseWindow(HWND window);
 
-// The id that message boxes give the Static control with their text.
+// The id of the Static control with the text of a message box.
 inline constexpr int kMessageTextId = 0xFFFF;
 
 }  // namespace outside

@@ -11,13 +11,13 @@ using testing_menus::UserDefinedMenu;
 
 namespace {
 
-// The finished program: how it starts and how it ends.
+// Tests how the finished program starts and ends.
 class ProgramTest : public OutsideTest {
  protected:
   std::string Quoted() const { return "\"" + MenuPath() + "\""; }
 
-  // Starts it with these arguments and expects one message box, with OK, that
-  // names `name`, and an exit code that tells of a failure.
+  // Starts the program with these arguments. Expects one message box that contains `name`,
+  // and then an exit code other than 0.
   std::string ExpectFailure(const std::string& arguments, const std::string& name) {
     const Program editor(CommandLine{arguments}, folder());
     const HWND box = editor.WaitForFirst();
@@ -66,7 +66,7 @@ TEST_F(ProgramTest, EscapeDoesNotEndIt) {
   const HWND list = GetDlgItem(window, IDC_FORM2_LIST1);
   PostMessageA(list, WM_KEYDOWN, VK_ESCAPE, 1);
   PostMessageA(list, WM_KEYUP, VK_ESCAPE, 1);
-  SendMessageA(window, WM_COMMAND, IDCANCEL, 0);  // what Escape is to a dialog box
+  SendMessageA(window, WM_COMMAND, IDCANCEL, 0);  // Escape sends this to a dialog box
   EXPECT_EQ(SendMessageA(list, LB_GETCOUNT, 0, 0), 1);
   EXPECT_TRUE(IsWindowVisible(window));
   PostMessageA(window, WM_CLOSE, 0, 0);
@@ -83,7 +83,7 @@ TEST_F(ProgramTest, WhateverStandsAroundThePathIsDropped) {
   }
 }
 
-// As a shell starts it that was given no more than that.
+// A shell starts the program so after the user has typed just its name.
 TEST_F(ProgramTest, TheProgramsNameMayStandWithoutQuotes) {
   WriteBytes(MenuPath(), menu);
   for (const char* name :
@@ -93,7 +93,7 @@ TEST_F(ProgramTest, TheProgramsNameMayStandWithoutQuotes) {
   }
 }
 
-// A library beside the program, or in its current folder, may be anybody's.
+// Anybody may have put a library beside the program or into its current folder.
 TEST_F(ProgramTest, LibrariesComeFromTheSystemAlone) {
   WriteBytes(MenuPath(), menu);
   const std::string copy = PathOf("CorvalisEdit.exe");
@@ -116,12 +116,12 @@ TEST_F(ProgramTest, ARelativePathIsOneInTheCurrentDirectory) {
   EXPECT_EQ(outside::ClassOf(editor.WaitForFirst()), "Form2");
 }
 
-// As from a shortcut that has a folder of the system's under "Start in".
+// A shortcut may have a folder of the system under "Start in".
 TEST_F(ProgramTest, ChangesItsMenuFromAFolderThatTakesNoFile) {
   const std::string a = ItemLine("A", "news:a");
   const std::string b = ItemLine("B", "news:b");
   WriteBytes(MenuPath(), UserDefinedMenu({a, b}));
-  // The folder in which Linux shows its processes takes none, whoever the user is.
+  // /proc takes no file, not even from root.
   const Program editor(MenuPath(), "Z:\\proc");
   const HWND window = editor.WaitForFirst();
   ASSERT_EQ(outside::ClassOf(window), "Form2");
@@ -176,7 +176,7 @@ TEST_F(ProgramTest, WithoutTheQuotesTheMessageAsksForThem) {
                                        "x " + Quoted(), "\"" + MenuPath()}) {
     ExpectFailure(arguments, "has to stand in double quotes");
   }
-  // With them it is something else that is wrong.
+  // With the quotes, the message does not mention them.
   const std::string message = ExpectFailure("\"" + PathOf("none") + "\"", PathOf("none"));
   EXPECT_EQ(message.find("quotes"), std::string::npos);
 }

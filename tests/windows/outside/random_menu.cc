@@ -42,7 +42,7 @@ class Generator {
     return bytes;
   }
 
-  // Flips, puts in, takes out and doubles some bytes.
+  // Flips, inserts, removes and repeats some bytes.
   std::string Damaged(std::string bytes) {
     for (std::size_t i = 1 + Below(20); i > 0 && !bytes.empty(); --i) {
       const std::size_t at = Below(bytes.size());
@@ -73,7 +73,7 @@ class Generator {
     return texts[Below(N)];
   }
 
-  // Anything but a double quote, which no field can hold.
+  // Any byte but a double quote, which no field can hold.
   std::string Text() {
     if (Chance(4)) {
       return "";

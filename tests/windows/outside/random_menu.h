@@ -6,18 +6,18 @@
 
 namespace outside {
 
-// Something that may stand where a menu file is expected.
+// A file to open, which need not be a menu.
 struct RandomMenu {
   std::string kind;
   std::string bytes;
 };
 
-// Valid menus and previous versions, odd ones, and ones that were damaged; all
-// of it depends on `random` alone. Their entries' icons come from Windows' own
-// files, and from files in `folder` that WriteIconFiles() made there.
+// Makes a valid menu, a previous version, an odd file or a damaged one. It depends on
+// `random` alone. The icons of its entries are in files of Windows, and in the files that
+// WriteIconFiles() has written into `folder`.
 RandomMenu MakeRandomMenu(std::mt19937_64& random, const std::string& folder);
 
-// Icon files and libraries, whole and damaged.
+// Writes icon files and libraries, valid and damaged.
 void WriteIconFiles(std::mt19937_64& random, const std::string& folder);
 
 }  // namespace outside

@@ -1,5 +1,5 @@
-// Random menu files opened by the finished program: it shows its window, asks,
-// or says what is wrong and ends. It neither crashes nor hangs.
+// Opens random menu files with the finished program. It has to show its window, ask a
+// question, or show an error and end. It must neither crash nor hang.
 #include <windows.h>
 
 #include <atomic>
@@ -19,13 +19,12 @@ using outside::WaitUntil;
 
 namespace {
 
-// A start takes some tenths of a second; far longer is a hang.
+// A start takes some tenths of a second. After this time it counts as a hang.
 constexpr DWORD kLongest = 30000;
-// As many as a machine of two processors runs well.
+// A machine with two processors runs this many well.
 constexpr int kAtATime = 2;
 
-// What the program has done with a menu: in `shown`, or in `fault` if that was
-// wrong.
+// The result of opening a menu: `shown`, or `fault` if it was wrong.
 struct Outcome {
   std::string shown;
   std::string fault;
@@ -37,7 +36,7 @@ class Opening {
       : random_(random), program_(menuPath, folder) {}
 
   Outcome Watch() {
-    // An upgraded file may be no better; a second question would be one too many.
+    // A converted file may still fail to load, but there must be no second question.
     for (int asked = 0; asked < 2; ++asked) {
       const HWND first = WaitForNext();
       if (first == nullptr) {
@@ -74,7 +73,7 @@ class Opening {
     return window;
   }
 
-  // Selecting rows asks the shell for icons of what may be no path at all.
+  // Selecting a row asks the shell for the icon of its target, which may be no path.
   Outcome UseAndClose(HWND form2) {
     const HWND list = GetDlgItem(form2, IDC_FORM2_LIST1);
     const int count = static_cast<int>(SendMessageA(list, LB_GETCOUNT, 0, 0));
@@ -115,11 +114,11 @@ class RandomMenusTest : public OutsideTest {
     return 0;
   }
 
-  // What one of the workers does: it takes numbers until there are none left.
+  // A worker takes numbers until none is left.
   void OpenMenus() {
     const std::string own = PathOf(std::to_string(++workers_));
     for (int i; (i = next_++) < outside::TestOptions().menus;) {
-      // Each by its own number, so that it can be made again alone.
+      // Each menu has a seed of its own, so that it can be made again alone.
       std::mt19937_64 random(outside::TestOptions().seed + static_cast<std::uint64_t>(i));
       std::filesystem::create_directory(own);
       outside::WriteIconFiles(random, own);
@@ -168,7 +167,7 @@ TEST_F(RandomMenusTest, NoneCrashesOrHangsTheProgram) {
   std::fflush(stdout);
   EXPECT_EQ(count, outside::TestOptions().menus);
   EXPECT_EQ(faults_, "");
-  // About a third of them show a list. A program that refuses whatever it is
-  // given would neither crash nor hang.
+  // About a third of the menus show a list. Without this check, a program that refuses
+  // every file would pass.
   EXPECT_GE(shown_["list"], count / 20);
 }

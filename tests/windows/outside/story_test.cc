@@ -1,7 +1,6 @@
-// One menu from its previous version to a directory pointer and back, with all
-// that a user can do to it in between. After each step the menu file is compared
-// byte by byte with what the test puts together itself, and the screen is saved
-// below build/screenshots/story.
+// Takes one menu from its previous version to a directory pointer and back, with every
+// change that a user can make. After each step, the test compares the menu file byte by
+// byte with the expected one, and saves the screen below build/screenshots/story.
 #include <functional>
 #include <utility>
 
@@ -39,7 +38,7 @@ class StoryTest : public OutsideTest {
                      {"Registry, edited", "C:\\windows\\regedit.exe", "/x, y", "", "", "0"}};
   }
 
-  // What every step ends with.
+  // Ends a step: compares the file and saves the screen.
   void ExpectMenu(const std::string& step) {
     EXPECT_EQ(Difference(MenuBytes(), menu_.Bytes()), "") << step;
     std::vector<std::string> rows;
@@ -140,7 +139,7 @@ class StoryTest : public OutsideTest {
   }
 
   void ChangeAnIcon() {
-    // Another entry's, which has no icons of its own.
+    // The target of another entry, which has no icons.
     outside::SelectRow(List(), 4);
     EXPECT_EQ(menu_.entries[4].caption, "dropped file.txt");
     outside::Click(form2(), IDC_FORM2_COMMAND11);
@@ -169,7 +168,7 @@ class StoryTest : public OutsideTest {
     ScrollTo(form2(), IDC_FORM2_HSCROLL1, 5);
     ClickPreview();
     Press(IDC_FORM2_CHECK1);
-    ExpectMenu("appearance_chosen");  // nothing of it is in the file yet
+    ExpectMenu("appearance_chosen");  // the file is still unchanged
 
     outside::Click(form2(), IDC_FORM2_COMMAND12);
     ASSERT_NE(WaitForDialog("Corvalis Edit"), nullptr);
@@ -238,7 +237,7 @@ TEST_F(StoryTest, AMenuFromItsPreviousVersionOn) {
                                          [this] { OpenItAgain(); }};
   for (const auto& step : steps) {
     step();
-    // What follows builds on it.
+    // The next steps need this one.
     ASSERT_FALSE(HasFailure());
   }
   ExpectCleanEnd();

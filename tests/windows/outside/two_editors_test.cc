@@ -1,5 +1,5 @@
-// Two editors at work in one folder, and on one menu: none crashes, and the menu
-// files stay what the changes of one after the other make of them.
+// Runs two editors in one folder, and on one menu. Neither may crash, and the menu files
+// have to be as if one change had come after the other.
 #include <windows.h>
 
 #include <algorithm>
@@ -19,7 +19,7 @@ using testing_menus::UserDefinedMenu;
 
 namespace {
 
-// The presses of one round fall together often enough.
+// With this many rounds, some presses happen at the same time.
 constexpr int kRounds = 40;
 constexpr std::size_t kPictureSize = 3 << 20;
 
@@ -32,10 +32,10 @@ struct Editor {
 // A change that is ready but for the press of a button.
 struct Ready {
   HWND button = nullptr;
-  std::function<void(KnownMenu&)> apply;  // what it makes of the menu file
+  std::function<void(KnownMenu&)> apply;  // makes the change in the expected menu
 };
 
-// A press of a button, and when the editor was at work because of it.
+// A press of a button, and the time in which the editor worked after it.
 struct Pressing {
   HWND button = nullptr;
   bool isDone = false;
@@ -53,8 +53,8 @@ DWORD WINAPI Press(void* data) {
   return 0;
 }
 
-// Answers Yes to an editor that has seen the menu while the other one wrote it.
-// True when there was such a question.
+// Answers Yes if an editor asks because it has read the menu while the other one wrote it.
+// Returns true if there was such a question.
 bool AnswerYes(const Editor& editor) {
   const HWND box = editor.program->Find("#32770");
   if (box == nullptr || outside::Text(box) != "Query?") {
@@ -66,11 +66,11 @@ bool AnswerYes(const Editor& editor) {
 
 struct Pressed {
   bool hangs = false;
-  int asked = 0;        // how often an editor asked something
-  bool atOnce = false;  // both were at work at one time
+  int asked = 0;        // the number of questions
+  bool atOnce = false;  // true if both worked at the same time
 };
 
-// Presses both at once, as nearly as can be.
+// Presses both buttons at nearly the same time.
 Pressed PressBoth(const Editor (&editors)[2], HWND one, HWND other) {
   Pressing presses[] = {{one}, {other}};
   const HANDLE threads[] = {CreateThread(nullptr, 0, Press, &presses[0], 0, nullptr),
@@ -110,8 +110,8 @@ class TwoEditorsTest : public FailingChangesTest {
 
   std::size_t Below(std::size_t count) { return random_() % count; }
 
-  // The rows of a list may be fewer than the entries in the file, which another
-  // editor may have added; never more. There are none after a reload that failed.
+  // A list may have fewer rows than the file has entries, because the other editor may have
+  // added some, but never more. After a failed reload it has none.
   Ready Prepare(const Editor& editor) {
     const HWND list = GetDlgItem(editor.form2, IDC_FORM2_LIST1);
     const auto rows = static_cast<std::size_t>(SendMessageA(list, LB_GETCOUNT, 0, 0));
@@ -165,7 +165,7 @@ class TwoEditorsTest : public FailingChangesTest {
             }};
   }
 
-  // A wizard that could not write stays open; it is left.
+  // A wizard that could not write stays open: close it.
   void LeaveWizard(const Editor& editor) {
     const HWND wizard = editor.program->Find("Form3");
     if (wizard != nullptr) {
@@ -188,8 +188,8 @@ class TwoEditorsTest : public FailingChangesTest {
     }
   }
 
-  // The menu after none of the two changes, after one of them, and after both in
-  // either order.
+  // The menus after neither of the two changes, after one of them, and after both in either
+  // order.
   static std::vector<KnownMenu> After(const KnownMenu& menu, const Ready& one, const Ready& other) {
     std::vector<KnownMenu> menus(5, menu);
     one.apply(menus[1]);
@@ -258,8 +258,8 @@ TEST_F(TwoEditorsTest, OnOneMenu) {
     atOnce += pressed.atOnce;
     const std::vector<KnownMenu> possible = After(menu, one, other);
     const std::string bytes = MenuBytes();
-    // Exchanging two separators makes the same menu: the most that can have been
-    // done is looked for first.
+    // Exchanging two separators does not change the menu, so look for the most changes
+    // first.
     const auto found = std::find_if(possible.rbegin(), possible.rend(),
                                     [&](const KnownMenu& is) { return is.Bytes() == bytes; });
     ASSERT_NE(found, possible.rend())
@@ -280,8 +280,8 @@ TEST_F(TwoEditorsTest, OnOneMenu) {
   CloseBoth(editors[0], editors[1]);
 }
 
-// The other one was at work only when this one looked: by the time of the answer
-// the menu is whole, and may have been changed since.
+// The other editor worked only while this one read the menu. At the time of the answer, the
+// menu is complete and may have been changed.
 TEST_F(TwoEditorsTest, AQuestionThatIsOutOfDateWhenItIsAnswered) {
   const std::string whole = UserDefinedMenu({ItemLine("A", "news:a")});
   const std::string changed = UserDefinedMenu({ItemLine("B", "news:b"), ItemLine("A", "news:a")});
@@ -298,7 +298,7 @@ TEST_F(TwoEditorsTest, AQuestionThatIsOutOfDateWhenItIsAnswered) {
   EXPECT_EQ(Rows(), (std::vector<std::string>{"B", "A"}));
 }
 
-// What the other editor holds while it writes.
+// The files that the other editor has open while it writes.
 TEST_F(TwoEditorsTest, AChangeWhileTheOtherWrites) {
   for (const ChangeKind kind : kEveryChange) {
     for (const bool menuIsHeld : {true, false}) {
