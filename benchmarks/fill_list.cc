@@ -32,14 +32,14 @@ std::string ReadFileWhole(const std::string& path) {
 // The rows are the lines after the type line and the appearance line.
 void FillList(HWND list) {
   const std::string bytes = ReadFileWhole(FilePath());
-  const auto behindLine = [&bytes](std::size_t from) { return bytes.find("\r\n", from) + 2; };
+  const auto afterLine = [&bytes](std::size_t from) { return bytes.find("\r\n", from) + 2; };
   std::size_t begin = bytes.find("\r\n<START ZOL>\r\n") + 2;
   for (int skipped = 0; skipped < 3; ++skipped) {
-    begin = behindLine(begin);
+    begin = afterLine(begin);
   }
   SendMessageA(list, WM_SETREDRAW, FALSE, 0);
   while (begin < bytes.size()) {
-    const std::size_t end = behindLine(begin);
+    const std::size_t end = afterLine(begin);
     const std::string line = bytes.substr(begin, end - 2 - begin);
     SendMessageA(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
     begin = end;
