@@ -296,20 +296,14 @@ void InjectAmongLeftovers(Scenario scenario) {
 class EveryRewrite : public testing::TestWithParam<Kind> {};
 
 TEST_P(EveryRewrite, LosesNothing) {
-  const bool ofPointer =
-      GetParam() == Kind::SaveDirectory || GetParam() == Kind::SwitchToUserDefined;
   Scenario scenario;
-  scenario.oldMenu = ofPointer ? DirectoryMenu() : UserMenu(4);
+  scenario.oldMenu = MenuFor(GetParam());
   scenario.change = ChangeStep(GetParam(), 1);
   scenario.scratchFile = ScratchFileOf(GetParam());
   InjectAmongLeftovers(scenario);
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, EveryRewrite,
-                         testing::Values(Kind::MoveUp, Kind::MoveDown, Kind::Delete,
-                                         Kind::Separator, Kind::Edit, Kind::ChangeIcon,
-                                         Kind::SaveAppearance, Kind::SaveDirectory,
-                                         Kind::SwitchToDirectory, Kind::SwitchToUserDefined),
+INSTANTIATE_TEST_SUITE_P(Of, EveryRewrite, testing::ValuesIn(kEditorKinds),
                          [](const auto& info) { return NameOf(info.param); });
 
 TEST(Conversion, LosesNothing) {

@@ -35,54 +35,41 @@ std::optional<std::string> AroundMarker(std::string_view bytes) {
   return std::string(bytes.substr(0, *marker)) + '|' + std::string(bytes.substr(reader.offset()));
 }
 
-TEST(MarkerLine, IsFoundAfterThePicture) {
-  EXPECT_EQ("\"USERDEF\"", AfterMarkerLine("picture\r\n<START ZOL>\r\n\"USERDEF\""));
+TEST(MarkerLine, IsAWholeLineWithExactlyTheMarker) {
+  const struct {
+    const char* rule;
+    std::string bytes;
+    std::optional<std::string> rest;
+  } kFiles[] = {
+      {"comes after the picture", "picture\r\n<START ZOL>\r\n\"USERDEF\"", "\"USERDEF\""},
+      {"may be the first line", "<START ZOL>\r\nrest", "rest"},
+      {"may be the first line", "\r\n<START ZOL>\r\nrest", "rest"},
+      {"may end with the file", "x\r\n<START ZOL>", ""},
+      {"may end with the file", "x\r\n<START ZOL>\r", ""},
+      {"may end with the file", "x\r\n<START ZOL>\r\n", ""},
+      {"a lone CR ends a line", "x\r<START ZOL>\rrest", "rest"},
+      {"a lone CR ends a line", "x\r\r<START ZOL>\r\rrest", "\rrest"},
+      {"a lone LF ends no line", "x\n<START ZOL>\r\n", std::nullopt},
+      {"a lone LF ends no line", "\n<START ZOL>\r\n", std::nullopt},
+      {"a lone LF ends no line", "x\r\n\n<START ZOL>\r\n", std::nullopt},
+      {"a lone LF ends no line", "x\r\n<START ZOL>\n", std::nullopt},
+      {"a lone LF ends no line", "x\r\n<START ZOL>\n\r\n", std::nullopt},
+      {"has nothing before it", "x\r\n <START ZOL>\r\n", std::nullopt},
+      {"has nothing after it", "x\r\n<START ZOL> \r\n", std::nullopt},
+      {"has no quotes", "x\r\n\"<START ZOL>\"\r\n", std::nullopt},
+      {"has no NUL before it", "x\r\n\0<START ZOL>\r\n"s, std::nullopt},
+      {"is in this case", "\r\n<start zol>\r\n", std::nullopt},
+      {"is in this case", "\r\n<Start Zol>\r\n", std::nullopt},
+      {"the first one counts", "a\r\n<START ZOL>\r\n<START ZOL>\r\n", "<START ZOL>\r\n"},
+      {"the first one counts", "x<START ZOL>\r\n<START ZOL>x\r\n<START ZOL>\r\n2", "2"},
+      {"is missing in an empty file", "", std::nullopt},
+  };
+  for (const auto& file : kFiles) {
+    EXPECT_EQ(file.rest, AfterMarkerLine(file.bytes)) << file.rule;
+  }
 }
 
-TEST(MarkerLine, MayBeTheFirstLine) {
-  EXPECT_EQ("rest", AfterMarkerLine("<START ZOL>\r\nrest"));
-  EXPECT_EQ("rest", AfterMarkerLine("\r\n<START ZOL>\r\nrest"));
-}
-
-TEST(MarkerLine, MayEndWithTheFile) {
-  EXPECT_EQ("", AfterMarkerLine("x\r\n<START ZOL>"));
-  EXPECT_EQ("", AfterMarkerLine("x\r\n<START ZOL>\r"));
-  EXPECT_EQ("", AfterMarkerLine("x\r\n<START ZOL>\r\n"));
-}
-
-TEST(MarkerLine, ALoneCrEndsALine) {
-  EXPECT_EQ("rest", AfterMarkerLine("x\r<START ZOL>\rrest"));
-  EXPECT_EQ("\rrest", AfterMarkerLine("x\r\r<START ZOL>\r\rrest"));
-}
-
-TEST(MarkerLine, ALoneLfEndsNoLine) {
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("x\n<START ZOL>\r\n"));
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("\n<START ZOL>\r\n"));
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("x\r\n\n<START ZOL>\r\n"));
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("x\r\n<START ZOL>\n"));
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("x\r\n<START ZOL>\n\r\n"));
-}
-
-TEST(MarkerLine, HasNothingBeforeOrAfterIt) {
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("x\r\n <START ZOL>\r\n"));
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("x\r\n<START ZOL> \r\n"));
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("x\r\n\"<START ZOL>\"\r\n"));
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("x\r\n\0<START ZOL>\r\n"s));
-}
-
-TEST(MarkerLine, IsInThisCase) {
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("\r\n<start zol>\r\n"));
-  EXPECT_EQ(std::nullopt, AfterMarkerLine("\r\n<Start Zol>\r\n"));
-}
-
-TEST(MarkerLine, TheFirstOneCounts) {
-  EXPECT_EQ("<START ZOL>\r\n", AfterMarkerLine("a\r\n<START ZOL>\r\n<START ZOL>\r\n"));
-  EXPECT_EQ("2", AfterMarkerLine("x<START ZOL>\r\n<START ZOL>x\r\n<START ZOL>\r\n2"));
-}
-
-TEST(MarkerLine, IsMissingInAnEmptyFile) { EXPECT_EQ(std::nullopt, AfterMarkerLine("")); }
-
-TEST(MarkerLine, IsMissingWhenCutShort) {
+TEST(MarkerLine, APrefixOfTheMarkerIsNone) {
   const std::string_view marker = "<START ZOL>";
   for (std::size_t size = 0; size < marker.size(); ++size) {
     EXPECT_EQ(std::nullopt, AfterMarkerLine("\r\n"s + std::string(marker.substr(0, size))));

@@ -20,22 +20,6 @@ std::string Tell(const Value& value) {
   return kKinds[static_cast<int>(value.kind())] + value.Text();
 }
 
-// Reads one field and returns its kind and value. `rest` gets the bytes after it.
-std::string ReadOne(std::string_view bytes, std::string* rest = nullptr) {
-  MenuReader reader(bytes, "a.menu");
-  const std::string told = Tell(reader.ReadTypeLine());
-  if (rest != nullptr) {
-    *rest = bytes.substr(reader.offset());
-  }
-  return told;
-}
-
-std::string RestAfterOne(std::string_view bytes) {
-  std::string rest;
-  ReadOne(bytes, &rest);
-  return rest;
-}
-
 std::vector<std::string> Tell(const MenuItemRecord& r) {
   return {Tell(r.caption), Tell(r.target),   Tell(r.arguments),
           Tell(r.startIn), Tell(r.iconFile), Tell(r.iconIndex)};
@@ -51,70 +35,52 @@ std::string MessageOf(MenuReader& reader, void (*read)(MenuReader&)) {
   return "read";
 }
 
-TEST(Field, SpacesBeforeItAreSkipped) {
-  EXPECT_EQ("text a", ReadOne("   \"a\"\r\n"));
-  EXPECT_EQ("number 7", ReadOne("  7\r\n"));
+TEST(Field, HasThisValueAndTheseBytesAfterIt) {
+  const struct {
+    const char* rule;
+    std::string bytes;
+    std::string value;
+    std::string rest;
+  } kFields[] = {
+      {"spaces before it are skipped", "   \"a\"\r\n", "text a", ""},
+      {"spaces before it are skipped", "  7\r\n", "number 7", ""},
+      {"a tab before it belongs to it", "\t7\r\n", "text \t7", ""},
+      {"a tab before it belongs to it", "\t\"a\"\r\n", "text \t\"a\"", ""},
+      {"quotes keep every byte", "\" a, b \r\n\0\xff \",x"s, "text  a, b \r\n\0\xff "s, "x"},
+      {"a quoted one may be empty", "\"\",x", "text ", "x"},
+      {"bytes after the closing quote are skipped", "\"a\" b \"c\",x", "text a", "x"},
+      {"bytes after the closing quote are skipped", "\"a\" b\r\nx", "text a", "x"},
+      {"bytes after the closing quote are skipped", "\"a\" b\nx", "text a", "x"},
+      {"bytes after the closing quote are skipped", "\"a\" b", "text a", ""},
+      {"a bare one ends at a comma", "a,x", "text a", "x"},
+      {"a bare one ends at CR", "a\rx", "text a", "x"},
+      {"a bare one ends at LF", "a\nx", "text a", "x"},
+      {"a bare one ends at CR LF", "a\r\nx", "text a", "x"},
+      {"LF CR are two ends", "a\n\rx", "text a", "\rx"},
+      {"a comma and CR LF are two ends", "a,\r\nx", "text a", "\r\nx"},
+      {"a bare one may end with the file", "a", "text a", ""},
+      {"a bare one may end with the file", "12", "number 12", ""},
+      {"spaces at the end of a bare one are skipped", " a b  ,x", "text a b", "x"},
+      {"spaces at the end of a bare one are skipped", "7   \r\n", "number 7", ""},
+      {"a bare one of spaces is empty", "   ,x", "empty", "x"},
+      {"a bare one keeps quotes in its middle", "a\"b\",x", "text a\"b\"", "x"},
+      {"a bare one without characters is empty", ",x", "empty", "x"},
+      {"a bare one without characters is empty", "\r\nx", "empty", "x"},
+      {"a bare one may hold NUL and high bytes", "\0\x80\xff,"s, "text \0\x80\xff"s, ""},
+  };
+  for (const auto& field : kFields) {
+    MenuReader reader(field.bytes, "a.menu");
+    EXPECT_EQ(field.value, Tell(reader.ReadTypeLine())) << field.rule;
+    EXPECT_EQ(field.rest, field.bytes.substr(reader.offset())) << field.rule;
+  }
 }
 
-TEST(Field, TabsBeforeItBelongToIt) {
-  EXPECT_EQ("text \t7", ReadOne("\t7\r\n"));
-  EXPECT_EQ("text \t\"a\"", ReadOne("\t\"a\"\r\n"));
-}
-
-TEST(Field, QuotedKeepsEveryByteBetweenTheQuotes) {
-  EXPECT_EQ("text  a, b \r\n\0\xff "s, ReadOne("\" a, b \r\n\0\xff \",x"s));
-}
-
-TEST(Field, QuotedMayBeEmpty) {
-  EXPECT_EQ("text ", ReadOne("\"\",x"));
-  EXPECT_EQ("x", RestAfterOne("\"\",x"));
-}
-
-TEST(Field, BytesAfterTheClosingQuoteAreSkipped) {
-  EXPECT_EQ("text a", ReadOne("\"a\" b \"c\",x"));
-  EXPECT_EQ("x", RestAfterOne("\"a\" b \"c\",x"));
-  EXPECT_EQ("x", RestAfterOne("\"a\" b\r\nx"));
-  EXPECT_EQ("x", RestAfterOne("\"a\" b\nx"));
-  EXPECT_EQ("", RestAfterOne("\"a\" b"));
-}
-
-TEST(Field, ThereIsNoEscapeForAQuote) {
+TEST(Field, HasNoEscapeForAQuote) {
   MenuReader reader("\"say \"hi, you\"\",2,3,4,5,6\r\n", "a.menu");
   EXPECT_EQ((std::vector<std::string>{"text say ", "text you\"\"", "number 2", "number 3",
                                       "number 4", "number 5"}),
             Tell(reader.ReadItem()));
 }
-
-TEST(Field, BareEndsAtCommaCrOrLf) {
-  EXPECT_EQ("text a", ReadOne("a,x"));
-  EXPECT_EQ("x", RestAfterOne("a,x"));
-  EXPECT_EQ("x", RestAfterOne("a\rx"));
-  EXPECT_EQ("x", RestAfterOne("a\nx"));
-  EXPECT_EQ("x", RestAfterOne("a\r\nx"));
-  EXPECT_EQ("\rx", RestAfterOne("a\n\rx"));
-  EXPECT_EQ("\r\nx", RestAfterOne("a,\r\nx"));
-}
-
-TEST(Field, BareMayEndWithTheFile) {
-  EXPECT_EQ("text a", ReadOne("a"));
-  EXPECT_EQ("number 12", ReadOne("12"));
-}
-
-TEST(Field, BareLosesSpacesAtItsEnd) {
-  EXPECT_EQ("text a b", ReadOne(" a b  ,x"));
-  EXPECT_EQ("number 7", ReadOne("7   \r\n"));
-  EXPECT_EQ("empty", ReadOne("   ,x"));
-}
-
-TEST(Field, BareKeepsQuotesInItsMiddle) { EXPECT_EQ("text a\"b\"", ReadOne("a\"b\",x")); }
-
-TEST(Field, BareWithoutCharactersIsEmpty) {
-  EXPECT_EQ("empty", ReadOne(",x"));
-  EXPECT_EQ("empty", ReadOne("\r\nx"));
-  EXPECT_EQ("x", RestAfterOne("\r\nx"));
-}
-
-TEST(Field, BareMayHoldNulAndHighBytes) { EXPECT_EQ("text \0\x80\xff"s, ReadOne("\0\x80\xff,"s)); }
 
 TEST(Records, AppearanceIsFiveFields) {
   MenuReader reader("1,\"Tahoma\",8.25,-1,0\r\nx", "a.menu");
@@ -210,20 +176,15 @@ TEST(PastTheEnd, EntriesAreCounted) {
       MessageOf(reader, [](MenuReader& r) { r.ReadItem(); }));
 }
 
-TEST(PastTheEnd, SpacesAloneAreNoField) {
-  MenuReader reader("   ", "C:\\a.menu");
-  EXPECT_EQ(
-      "Cannot read the type line, field menu type, of the file:\nC:\\a.menu\n\n"
-      "The file ends too early (at byte offset 3).",
-      MessageOf(reader, [](MenuReader& r) { r.ReadTypeLine(); }));
-}
-
-TEST(PastTheEnd, AnUnclosedQuoteIsAFailure) {
-  MenuReader reader("\"USER", "C:\\a.menu");
-  EXPECT_EQ(
-      "Cannot read the type line, field menu type, of the file:\nC:\\a.menu\n\n"
-      "The file ends too early (at byte offset 5).",
-      MessageOf(reader, [](MenuReader& r) { r.ReadTypeLine(); }));
+TEST(PastTheEnd, SpacesAndAnUnclosedQuoteAreNoField) {
+  for (const std::string bytes : {"   ", "\"USER"}) {
+    MenuReader reader(bytes, "C:\\a.menu");
+    EXPECT_EQ(
+        "Cannot read the type line, field menu type, of the file:\nC:\\a.menu\n\n"
+        "The file ends too early (at byte offset " +
+            std::to_string(bytes.size()) + ").",
+        MessageOf(reader, [](MenuReader& r) { r.ReadTypeLine(); }));
+  }
 }
 
 TEST(PastTheEnd, LeavesValuesEmptyWhereAsked) {

@@ -70,8 +70,7 @@ struct Cut {
 
 TEST(CutShort, EveryChangeIsFinishedByTheNextStart) {
   for (const Kind kind : kEditorKinds) {
-    const bool isPointer = kind == Kind::SaveDirectory || kind == Kind::SwitchToUserDefined;
-    Cut cut(kind, isPointer ? DirectoryMenu() : UserMenu(4));
+    Cut cut(kind, MenuFor(kind));
     EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next)) << NameOf(kind);
     EXPECT_EQ((MemoryFiles::Disk{{kMenuPath, cut.finished}}), cut.next->Everything());
   }
@@ -521,8 +520,7 @@ TEST(Replace, LeavesTheDescriptionInAScratchFileThatStays) {
 TEST(Replace, TakesNothingFromAMenuThatStaysInTheScratchFile) {
   for (const Kind kind : kEditorKinds) {
     MemoryFiles clean;
-    const bool isPointer = kind == Kind::SaveDirectory || kind == Kind::SwitchToUserDefined;
-    clean.Put(kMenuPath, isPointer ? DirectoryMenu() : UserMenu(4));
+    clean.Put(kMenuPath, MenuFor(kind));
     MemoryFiles files(clean.Everything());
     Make(clean, kMenuPath, SampleChange(kind, 1));
     files.Put(ScratchFileOf(kind), UserMenu(40));

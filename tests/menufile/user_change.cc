@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "tests/menufile/sample_menus.h"
+
 namespace menufile {
 namespace {
 
@@ -38,6 +40,11 @@ MenuChange ChangeFor(const UserChange& change, const std::string& path) {
 }
 
 }  // namespace
+
+std::string MenuFor(Kind kind) {
+  const bool ofPointer = kind == Kind::SaveDirectory || kind == Kind::SwitchToUserDefined;
+  return ofPointer ? DirectoryMenu() : UserMenu(4);
+}
 
 const char* NameOf(Kind kind) {
   static constexpr const char* kNames[kUserChanges] = {"Keep",

@@ -46,10 +46,13 @@ inline constexpr UserChange::Kind kEveryKind[] = {UserChange::Kind::Keep,
                                                   UserChange::Kind::SaveDirectory,
                                                   UserChange::Kind::SwitchToDirectory,
                                                   UserChange::Kind::SwitchToUserDefined};
-// Those that the editor has, too: all but Keep.
+// The kinds that the editor has: all but Keep.
 inline constexpr auto kEditorKinds = std::span(kEveryKind).subspan<1>();
 
 inline constexpr int kUserChanges = static_cast<int>(std::size(kEveryKind));
+
+// A menu of the type that such a change is made to.
+std::string MenuFor(UserChange::Kind kind);
 
 // The name for messages of tests, such as "MoveUp".
 const char* NameOf(UserChange::Kind kind);
