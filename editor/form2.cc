@@ -48,8 +48,8 @@ constexpr win32::Route<Form2> kRoutes[] = {
     {IDC_FORM2_COMMAND12, BN_CLICKED, &Form2::SaveAppearance},
 };
 
-// The tabs in their order, and the page of each but the first, whose page
-// depends on the type of the menu.
+// The captions of the tabs, and their pages. The page of the first tab depends on the
+// type of the menu: contents_.
 constexpr const wchar_t* kTabNames[] = {L"Contents", L"Appearance", L"About"};
 constexpr Page kTabPages[] = {kItemPage, kAppearancePage, kAboutPage};
 
@@ -227,7 +227,7 @@ bool Form2::OnKey(const MSG& message) {
   return true;
 }
 
-// The program ends at once, whatever else is open.
+// The program ends at once, even if a child window is open.
 void Form2::OnClose() {
   if (child_) {
     child_->Close();
