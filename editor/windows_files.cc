@@ -54,6 +54,7 @@ bool MayPass(DWORD error, const std::string& path) {
     case ERROR_LOCK_VIOLATION:
     case ERROR_DELETE_PENDING:
     case ERROR_USER_MAPPED_FILE:
+    case ERROR_FILE_EXISTS:  // says OpenMode::New alone
       return true;
     case ERROR_ACCESS_DENIED:
       return !IsDeniedForGood(path);
@@ -218,12 +219,14 @@ std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path,
     SetLastError(ERROR_ACCESS_DENIED);
     Fail(path, "write the file");
   }
+  const DWORD disposition = mode == OpenMode::New      ? CREATE_NEW
+                            : mode == OpenMode::Create ? OPEN_ALWAYS
+                                                       : OPEN_EXISTING;
   HANDLE handle = INVALID_HANDLE_VALUE;
   const auto open = [&] {
     handle = CreateFileW(win32::ToText(path).c_str(), GENERIC_READ | (reading ? 0 : GENERIC_WRITE),
                          FILE_SHARE_READ | (reading ? FILE_SHARE_WRITE | FILE_SHARE_DELETE : 0),
-                         nullptr, mode == OpenMode::Create ? OPEN_ALWAYS : OPEN_EXISTING,
-                         FILE_ATTRIBUTE_NORMAL, nullptr);
+                         nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
     return handle != INVALID_HANDLE_VALUE;
   };
   // A sharing violation with OpenMode::Create means that another editor uses its scratch

@@ -19,6 +19,8 @@ enum class OpenMode {
   // A file for reading and writing, made if there is none. It keeps the bytes that
   // it holds. No one else may write or delete it meanwhile.
   Create,
+  // As Create, but a file that is there already is a failure.
+  New,
 };
 
 // An open file. The destructor closes it. Offsets and sizes are in bytes; offsets

@@ -110,9 +110,20 @@ void MenuFile::FreeScratchFile(const char* name, bool deletes) {
   }
 }
 
-// Opens a scratch file after FreeScratchFile(). Its old bytes stay, unless they are a
-// menu.
-std::unique_ptr<File> MenuFile::OpenScratchFile(const char* name) {
+// Opens a scratch file after FreeScratchFile(). If that could not delete the file, its
+// old bytes stay, unless they are a menu.
+std::unique_ptr<File> MenuFile::OpenScratchFile(const ScratchUse& use) {
+  const char* const name = use.name;
+  if (use.deletesFirst || files_.OpenIfThere(name) == nullptr) {
+    try {
+      // Another editor in this folder may be about to delete its own.
+      return files_.Open(name, OpenMode::New);
+    } catch (const Failure&) {
+      if (files_.OpenIfThere(name) == nullptr) {
+        throw;
+      }
+    }
+  }
   std::unique_ptr<File> scratch = files_.Open(name, OpenMode::Create);
   if (scratch->Size() > 0) {
     // Another editor may have left it since the name was made free.
@@ -138,7 +149,7 @@ void MenuFile::Replace(const ScratchUse& use, std::string_view head,
                        const std::function<void(File& menu, BlockWriter& description)>& write) {
   FreeScratchFile(use.name, use.deletesFirst);
   const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
-  std::unique_ptr<File> scratch = OpenScratchFile(use.name);
+  std::unique_ptr<File> scratch = OpenScratchFile(use);
   try {
     BlockWriter out(*scratch, files_.BlockSize());
     try {
@@ -275,10 +286,7 @@ std::unique_ptr<File> MenuFile::OpenJournal(const std::string& name, const Journ
   }
   std::unique_ptr<File> scratch;
   try {
-    scratch = files_.Open(name, OpenMode::Create);
-    if (scratch->Size() > 0) {
-      return nullptr;  // another editor wrote it just now
-    }
+    scratch = files_.Open(name, OpenMode::New);
     WriteJournal(*scratch, name, journal, Checksum(), files_.BlockSize());
     return scratch;
   } catch (const Failure&) {

@@ -129,6 +129,7 @@ class MenuFile {
   bool Settle(const Found& found);
   bool Finish(const Found& found);
   void Retire(const Found& found);
+  std::unique_ptr<File> OpenIfStillThere(const std::string& scratchFile);
   void RetireCopies(std::uint64_t serial);
   std::string FreeName(const std::string& prefix);
   void PutAside(const std::string& scratchFile, const char* infix);
@@ -136,7 +137,7 @@ class MenuFile {
   bool TakeBackHalfLine();
 
   // menufile/menu_file.cc
-  std::unique_ptr<File> OpenScratchFile(const char* name);
+  std::unique_ptr<File> OpenScratchFile(const ScratchUse& use);
   void ReplaceBy(File& menu, const char* name, File& scratch, Journal journal,
                  const Checksum& description);
   void AddLines(File& menu, const char* name, const std::string& lines);

@@ -208,9 +208,25 @@ bool MenuFile::Settle(const Found& found) {
   return Finish(found);
 }
 
+// Returns nullptr if the file is gone: another editor has ended the change of its
+// journal meanwhile.
+std::unique_ptr<File> MenuFile::OpenIfStillThere(const std::string& scratchFile) {
+  try {
+    return files_.Open(scratchFile, OpenMode::Change);
+  } catch (const Failure&) {
+    if (files_.OpenIfThere(scratchFile) != nullptr) {
+      throw;
+    }
+    return nullptr;
+  }
+}
+
 bool MenuFile::Finish(const Found& found) {
   {
-    const std::unique_ptr<File> scratch = files_.Open(found.scratchFile, OpenMode::Change);
+    const std::unique_ptr<File> scratch = OpenIfStillThere(found.scratchFile);
+    if (scratch == nullptr) {
+      return false;
+    }
     // Another window may have finished it since it was found.
     const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
     if (!journal || journal->serial != found.journal.serial) {
@@ -244,7 +260,10 @@ void MenuFile::Retire(const Found& found) {
   // Without its journal, the menu file must be on the disk.
   files_.Open(path_, OpenMode::Change)->Flush();
   {
-    const std::unique_ptr<File> scratch = files_.Open(found.scratchFile, OpenMode::Change);
+    const std::unique_ptr<File> scratch = OpenIfStillThere(found.scratchFile);
+    if (scratch == nullptr) {
+      return;
+    }
     const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
     if (!journal || journal->serial != found.journal.serial) {
       return;
@@ -271,12 +290,15 @@ std::string MenuFile::FreeName(const std::string& prefix) {
 void MenuFile::PutAside(const std::string& scratchFile, const char* infix) {
   const std::string aside = FreeName(scratchFile + infix);
   {
-    const std::unique_ptr<File> scratch = files_.Open(scratchFile, OpenMode::Change);
+    const std::unique_ptr<File> scratch = OpenIfStillThere(scratchFile);
+    if (scratch == nullptr) {
+      return;
+    }
     const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
     if (!journal) {
       return;  // another editor has finished the change
     }
-    const std::unique_ptr<File> copy = files_.Open(aside, OpenMode::Create);
+    const std::unique_ptr<File> copy = files_.Open(aside, OpenMode::New);
     AppendFile(*scratch, *copy, files_.BlockSize());
     copy->Flush();
     if (!ReadJournal(*copy, files_.BlockSize())) {

@@ -161,6 +161,7 @@ std::unique_ptr<File> MemoryFiles::OpenStored(const std::string& path, OpenMode 
 std::unique_ptr<File> MemoryFiles::Open(const std::string& path, OpenMode mode) {
   const char* const purpose = mode == OpenMode::Read     ? "open to read"
                               : mode == OpenMode::Change ? "open to change"
+                              : mode == OpenMode::New    ? "make"
                                                          : "open or make";
   if (Begin(purpose, path) == Fault::Done::Nothing) {
     End(path);
@@ -168,12 +169,14 @@ std::unique_ptr<File> MemoryFiles::Open(const std::string& path, OpenMode mode) 
   const auto found = names_.find(Full(path));
   std::shared_ptr<Stored> stored = found == names_.end() ? nullptr : found->second;
   if (stored == nullptr) {
-    if (mode != OpenMode::Create || newFilesForbidden_) {
-      Refuse(path, "open the file",
-             mode == OpenMode::Create ? "Access is denied" : "There is no such file");
+    const bool makesFile = mode == OpenMode::Create || mode == OpenMode::New;
+    if (!makesFile || newFilesForbidden_) {
+      Refuse(path, "open the file", makesFile ? "Access is denied" : "There is no such file");
     }
     stored = std::make_shared<Stored>();
     names_[Full(path)] = stored;
+  } else if (mode == OpenMode::New) {
+    Refuse(path, "make the file", "The file exists");
   }
   return OpenStored(path, mode, std::move(stored));
 }

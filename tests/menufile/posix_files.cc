@@ -140,6 +140,7 @@ std::unique_ptr<File> PosixFiles::Open(const std::string& path, OpenMode mode) {
   }
   const int flags = mode == OpenMode::Read     ? O_RDONLY
                     : mode == OpenMode::Change ? O_RDWR
+                    : mode == OpenMode::New    ? O_RDWR | O_CREAT | O_EXCL
                                                : O_RDWR | O_CREAT;
   const int descriptor = open(Full(path).c_str(), flags | O_CLOEXEC, 0666);
   Require(descriptor >= 0, path, "open");

@@ -83,8 +83,14 @@ class BusyFilesTest : public ListTest {
     return [mapping] { CloseHandle(mapping); };
   }
 
+  // Another editor's scratch file, which it deletes in the end.
+  std::function<void()> HoldTheName() {
+    return [this] { DeleteFileA(path_.c_str()); };
+  }
+
   void OpenToChange() { windowsFiles.Open(path_, OpenMode::Change); }
   void Create() { windowsFiles.Open(path_, OpenMode::Create); }
+  void MakeNew() { windowsFiles.Open(path_, OpenMode::New); }
   void Empty() { windowsFiles.Open(path_, OpenMode::Change)->Truncate(0); }
   void Remove() { windowsFiles.Remove(path_); }
 
@@ -99,6 +105,7 @@ TEST_F(BusyFilesTest, AreTriedAgainForHalfASecond) {
     void (BusyFilesTest::*work)();
   } cases[] = {
       {"opening", &BusyFilesTest::HoldForReaders, &BusyFilesTest::OpenToChange},
+      {"making", &BusyFilesTest::HoldTheName, &BusyFilesTest::MakeNew},
       {"emptying", &BusyFilesTest::HoldAMapping, &BusyFilesTest::Empty},
       {"deleting", &BusyFilesTest::HoldForReaders, &BusyFilesTest::Remove},
       {"deleting what access is denied to", &BusyFilesTest::HoldAnImage, &BusyFilesTest::Remove},
