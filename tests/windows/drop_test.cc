@@ -5,6 +5,7 @@
 #include "tests/windows/code_pages.h"
 #include "tests/windows/drag_data.h"
 #include "tests/windows/faulty_files.h"
+#include "tests/windows/replaced_import.h"
 #include "tests/windows/wizard_test_base.h"
 #include "win32/text.h"
 
@@ -91,6 +92,19 @@ TEST_F(DropTest, AFileAndAFolderInTheirOrder) {
   Press(IDC_FORM2_COMMAND4);
   ExpectSettled(
       {kA, ItemLine("a folder", PathOf("a folder")), ItemLine("z file.txt", PathOf("z file.txt"))});
+}
+
+TEST_F(DropTest, GivesBackTheMemoryThatTheSourceGave) {
+  static int released;
+  released = 0;
+  const ReplacedImport release(
+      "ReleaseStgMedium", +[](STGMEDIUM* medium) {
+        GlobalFree(medium->hGlobal);
+        ++released;
+      });
+  ASSERT_TRUE(OpenLines({kA}));
+  EXPECT_EQ(DragFiles({"C:\\windows\\notepad.exe"}), kCopied);
+  EXPECT_EQ(released, 1);
 }
 
 // The source waits for the end of the drop, so the drop only stores the paths.

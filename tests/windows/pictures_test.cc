@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/windows/form2_test_base.h"
+#include "tests/windows/icon_files.h"
 #include "win32/scaled_bitmap.h"
 #include "win32/text.h"
 
@@ -96,6 +97,33 @@ TEST_F(PicturesTest, EachWindowHasTheProgramsIcon) {
   };
   child(L"Form3", IDC_FORM2_COMMAND3);
   child(L"Form4", IDC_FORM2_COMMAND11);
+}
+
+// The box may be on a monitor of another DPI than when its picture was made.
+TEST_F(PicturesTest, APreviewShowsAllOfItsPictureInABoxOfAnySize) {
+  ASSERT_TRUE(Open(UserDefinedMenu({})));
+  constexpr COLORREF kColour = RGB(10, 60, 200);
+  WriteBytes(PathOf("a.ico"), testing_icons::IconFile(kColour));
+  const win32::UniqueIcon icon(static_cast<HICON>(
+      LoadImageA(nullptr, PathOf("a.ico").c_str(), IMAGE_ICON, 0, 0, LR_LOADFROMFILE)));
+  form().iconic1().Draw(icon.get());
+  for (const LONG side : {16L, 40L, 64L}) {
+    const Pixels pixels = Drawn({side, side}, [&](HDC dc) {
+      DRAWITEMSTRUCT item{};
+      item.hwndItem = Control(IDC_FORM2_ICONIC1);
+      item.hDC = dc;
+      item.rcItem = {0, 0, side, side};
+      SendMessageW(form().window(), WM_DRAWITEM, IDC_FORM2_ICONIC1,
+                   reinterpret_cast<LPARAM>(&item));
+    });
+    // At an eighth of the way from one corner to the other, in the middle, and before the end.
+    const auto at = [&](LONG eighths) {
+      return pixels[static_cast<std::size_t>(side * eighths / 8 * (side + 1))];
+    };
+    EXPECT_EQ(at(1), testing_icons::kWhite) << side;
+    EXPECT_EQ(at(4), kColour) << side;
+    EXPECT_EQ(at(7), PageColour()) << side;
+  }
 }
 
 // At half its size, each pixel is near the mean of the four pixels that it stands for.
