@@ -32,8 +32,7 @@ TEST_F(FolderListTest, ShowsTheFoldersInsideSorted) {
   SetFileAttributesA(PathOf("system").c_str(), FILE_ATTRIBUTE_SYSTEM);
   ASSERT_TRUE(SetPath(folder()));
   EXPECT_EQ(RowsBelow(folder()), (Names{"a", "b", "B2", "C", "hidden", "system"}));
-  EXPECT_EQ(ListRows()[static_cast<std::size_t>(Selected())],
-            folder().substr(folder().rfind('\\') + 1));
+  EXPECT_EQ(ListRows()[static_cast<std::size_t>(Selected())], RowsDownTo(folder()).back());
 }
 
 TEST_F(FolderListTest, LeavesOutHiddenFoldersOfTheSystemButOnTheWayToOne) {
@@ -265,7 +264,7 @@ TEST_F(FolderListTest, TheWayUpIsOpenWhenTheCurrentFolderIsGone) {
   RemoveDirectoryA(PathOf("gone").c_str());
   EXPECT_FALSE(folders.OpenSelected());
   EXPECT_EQ(Path(), PathOf("gone"));
-  Select(folder().substr(folder().rfind('\\') + 1));
+  Select(RowsDownTo(folder()).back());
   EXPECT_TRUE(folders.OpenSelected());
   EXPECT_EQ(Path(), folder());
   EXPECT_EQ(RowsBelow(folder()), Names{});
@@ -307,7 +306,7 @@ TEST_F(FolderListTest, ANameOutsideTheCodePageIsShownAndOpened) {
 
 TEST_F(FolderListTest, GoesDownAsFarAsPathsMayBeLong) {
   const std::string name(60, 'd');
-  std::wstring wide = L"\\\\?\\" + std::wstring(folder().begin(), folder().end());
+  std::wstring wide = L"\\\\?\\" + win32::ToText(folder());
   for (int depth = 0; depth < 10; ++depth) {
     wide += L"\\" + std::wstring(name.begin(), name.end());
     ASSERT_TRUE(CreateDirectoryW(wide.c_str(), nullptr));
@@ -328,7 +327,7 @@ TEST_F(FolderListTest, GoesDownAsFarAsPathsMayBeLong) {
   // The list still works.
   ASSERT_TRUE(SetPath(folder()));
   EXPECT_EQ(RowsBelow(folder()), Names{name});
-  while (wide.size() > folder().size() + 4) {
+  while (wide.size() > win32::ToText(folder()).size() + 4) {
     RemoveDirectoryW(wide.c_str());
     wide.resize(wide.size() - name.size() - 1);
   }

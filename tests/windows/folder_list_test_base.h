@@ -58,10 +58,11 @@ class FolderListTest : public Form2Test {
   // The rows of the folders down to `path`: the parts of the path.
   static Names RowsDownTo(const std::string& path) {
     Names rows{path.substr(0, 3)};
+    const std::wstring text = win32::ToText(path);
     std::size_t from = 3;
-    while (from < path.size()) {
-      const std::size_t end = std::min(path.find('\\', from), path.size());
-      rows.push_back(path.substr(from, end - from));
+    while (from < text.size()) {
+      const std::size_t end = std::min(text.find(L'\\', from), text.size());
+      rows.push_back(win32::ToBytes(text.substr(from, end - from)).value());
       from = end + 1;
     }
     return rows;

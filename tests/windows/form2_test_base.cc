@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "tests/windows/code_pages.h"
 #include "win32/text.h"
 
 Form2Test::Form2Test() {
@@ -15,7 +16,7 @@ Form2Test::Form2Test() {
   GetTempPathA(MAX_PATH, path);
   static int count = 0;
   folder_ = std::string(path) + "corvalis " + std::to_string(GetCurrentProcessId()) + "-" +
-            std::to_string(++count);
+            std::to_string(++count) + " " + testing_pages::ThisPage().bytes;
   CreateDirectoryA(folder_.c_str(), nullptr);
   SetCurrentDirectoryA(folder_.c_str());
 }
@@ -25,7 +26,7 @@ Form2Test::~Form2Test() {
   RunMessages();
   SetCurrentDirectoryA(formerFolder_.c_str());
   std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
+  std::filesystem::remove_all(win32::ToText(folder_), ignored);
 }
 
 bool Form2Test::Open(const std::string& menuBytes) {

@@ -4,14 +4,13 @@
 
 #include "tests/windows/list_test_base.h"
 #include "win32/current_folder.h"
+#include "win32/text.h"
 
 namespace {
 
 // A folder that takes no file, not even from root: /proc, on Wine's drive for the files
 // of Linux.
 constexpr const char* kTakesNoFile = "Z:\\proc";
-
-std::wstring Wide(const std::string& text) { return {text.begin(), text.end()}; }
 
 }  // namespace
 
@@ -21,7 +20,7 @@ class StartFolderTest : public ListTest {
   // `menuPath`.
   std::wstring FolderFor(const std::string& current, const std::string& menuPath) {
     EXPECT_TRUE(SetCurrentDirectoryA(current.c_str()));
-    editor::LeaveFolderThatTakesNoFile(Wide(menuPath));
+    editor::LeaveFolderThatTakesNoFile(win32::ToText(menuPath));
     const std::wstring folder = win32::CurrentFolder();
     SetCurrentDirectoryA(StartFolderTest::folder().c_str());
     return folder;
@@ -38,16 +37,16 @@ TEST_F(StartFolderTest, IsLeftOnlyWhereItTakesNoFile) {
     std::string menu;
     std::wstring folder;
   } cases[] = {
-      {folder(), PathOf("other\\a.menu"), Wide(folder())},
-      {kTakesNoFile, PathOf("other\\a.menu"), Wide(PathOf("other"))},
-      {kTakesNoFile, PathOf("other/a.menu"), Wide(PathOf("other"))},
+      {folder(), PathOf("other\\a.menu"), win32::ToText(folder())},
+      {kTakesNoFile, PathOf("other\\a.menu"), win32::ToText(PathOf("other"))},
+      {kTakesNoFile, PathOf("other/a.menu"), win32::ToText(PathOf("other"))},
       {kTakesNoFile, "Z:\\proc\\version", temporaryFolder},
       {kTakesNoFile, PathOf("none\\a.menu"), temporaryFolder},
       // From there, these paths would mean other files.
-      {kTakesNoFile, "a.menu", Wide(kTakesNoFile)},
-      {kTakesNoFile, "C:a.menu", Wide(kTakesNoFile)},
-      {kTakesNoFile, "\\proc\\version", Wide(kTakesNoFile)},
-      {kTakesNoFile, "", Wide(kTakesNoFile)},
+      {kTakesNoFile, "a.menu", win32::ToText(kTakesNoFile)},
+      {kTakesNoFile, "C:a.menu", win32::ToText(kTakesNoFile)},
+      {kTakesNoFile, "\\proc\\version", win32::ToText(kTakesNoFile)},
+      {kTakesNoFile, "", win32::ToText(kTakesNoFile)},
   };
   for (const auto& [current, menu, expected] : cases) {
     EXPECT_EQ(FolderFor(current, menu), expected) << current << ", " << menu;
