@@ -75,11 +75,13 @@ std::uint64_t WriteMenu(File& menu, File& scratch, const std::string& path, cons
   return sum.value();
 }
 
-void DropJournal(File& scratch, const Journal& journal) {
+bool DropJournal(File& scratch, const Journal& journal) {
   try {
     scratch.Truncate(journal.descriptionSize);
     scratch.Flush();
+    return true;
   } catch (const Failure&) {
+    return false;
   }
 }
 
@@ -242,10 +244,15 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
   const std::string place = PlaceForJournal(name);
   std::unique_ptr<File> scratch = OpenJournal(place, journal);
   const bool hasJournal = scratch != nullptr;
-  const auto closeJournal = [&] {
-    if (hasJournal) {
-      DropJournal(*scratch, journal);
-      scratch.reset();
+  const auto closeJournal = [&](bool isMade) {
+    if (!hasJournal) {
+      return;
+    }
+    const bool isDropped = DropJournal(*scratch, journal);
+    scratch.reset();
+    // A power cut may bring a deleted file back, with the journal that it had on the
+    // disk. One that is left says that the menu is as it should be.
+    if (isDropped || !isMade) {
       RemoveScratchFile(files_, place);
     }
   };
@@ -256,7 +263,7 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
     menu.Flush();
   } catch (const std::exception&) {
     if (TakeBackLines(menu, oldSize)) {
-      closeJournal();
+      closeJournal(false);
       declined_ = std::max(declined_, journal.serial);
     } else if (hasJournal) {
       unfinished_ = journal.serial;
@@ -266,7 +273,7 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
     throw;
   }
   left_.reset();
-  closeJournal();
+  closeJournal(true);
 }
 
 // Returns the scratch file's own name; if it is taken, another name that

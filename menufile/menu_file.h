@@ -162,8 +162,8 @@ class MenuFile {
 std::uint64_t WriteMenu(File& menu, File& scratch, const std::string& path, const Journal& journal,
                         std::size_t blockSize);
 
-// Cuts the journal off the scratch file and flushes it. A failure is ignored.
-void DropJournal(File& scratch, const Journal& journal);
+// Cuts the journal off the scratch file and flushes it. Returns false if that failed.
+bool DropJournal(File& scratch, const Journal& journal);
 
 }  // namespace menufile
 

@@ -7,6 +7,7 @@
 #include "menufile/failure.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"
+#include "tests/menufile/user_change.h"
 
 namespace menufile {
 namespace {
@@ -105,6 +106,36 @@ TEST(AddEntries, HasItsJournalBesideAnOldScratchFile) {
                                {"C:\\current\\zoltempfileoktodelete", "old"},
                                {"C:\\current\\zoltempfileoktodelete-1", "older"}}),
             next.Everything());
+}
+
+// A power cut may bring a deleted file back: without its journal, even if that could
+// not be cut off at first.
+TEST(AddEntries, DoesNotDeleteAJournalThatMayComeBack) {
+  for (const char* operation : {"truncate to 0", "flush"}) {
+    MemoryFiles clean;
+    clean.Put(kMenuPath, UserMenu(3));
+    clean.Put(kScratch, "old");
+    Add(clean, false);
+    // The last one of its kind.
+    std::size_t number = clean.log().size();
+    while (number > 0 && !(clean.log()[number - 1].starts_with(operation) &&
+                           clean.log()[number - 1].ends_with("zoltempfileoktodelete-1"))) {
+      --number;
+    }
+    ASSERT_NE(0u, number) << operation;
+    MemoryFiles files;
+    files.Put(kMenuPath, UserMenu(3));
+    files.Put(kScratch, "old");
+    files.SetFault({number, Fault::Kind::FailsOnce, Fault::Done::Nothing});
+    Add(files, false);
+    files.SetFault({});
+    MenuFile other(files, kMenuPath);
+    EXPECT_EQ(ChangeResult::Made, Make(other, SampleChange(UserChange::Kind::Delete, 1)));
+    for (PowerCut cut = 0; cut < 200; ++cut) {
+      MemoryFiles next(files.AfterPowerCut(cut));
+      EXPECT_FALSE(MenuFile(next, kMenuPath).WasCutShort()) << operation << cut;
+    }
+  }
 }
 
 TEST(AddEntries, NeedsNoScratchFile) {
