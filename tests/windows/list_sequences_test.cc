@@ -5,6 +5,7 @@
 #include "tests/windows/code_pages.h"
 #include "tests/windows/drag_data.h"
 #include "tests/windows/wizard_test_base.h"
+#include "win32/text.h"
 
 using testing_menus::ItemLine;
 
@@ -139,7 +140,7 @@ class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInte
       const std::string name = "file" + std::to_string(Random(5));
       WriteBytes(PathOf(name), "");
       const std::string path = PathOf(name);
-      paths.emplace_back(path.begin(), path.end());
+      paths.push_back(win32::ToText(path));
       model_.push_back({{name, path, "", "", "", "0"}, path});
     }
     DragData* const data = DragData::Files(paths);
