@@ -120,6 +120,7 @@ class MenuFile {
   // menufile/restore.cc
   std::string MenuName();
   std::vector<std::string> PlacesToLook();
+  std::vector<std::string> FilesToLookAt(bool mayFail);
   // All journals of this menu, the latest first. Journals with the same serial are
   // copies. If `mayFail` is true, files that cannot be read are skipped.
   std::vector<Found> FindJournals(bool mayFail);

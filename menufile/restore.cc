@@ -63,36 +63,42 @@ std::vector<std::string> MenuFile::PlacesToLook() {
   return paths;
 }
 
-std::vector<MenuFile::Found> MenuFile::FindJournals(bool mayFail) {
-  std::vector<Found> found;
-  // A file has two paths here if the menu stands in the current directory.
-  std::set<std::string> names;
+// All files that may hold a journal which somebody may want to finish.
+std::vector<std::string> MenuFile::FilesToLookAt(bool mayFail) {
+  std::vector<std::string> paths;
   for (const std::string& prefix : PlacesToLook()) {
-    std::vector<std::string> paths;
     try {
-      paths = files_.FilesThatBeginWith(prefix);
+      for (std::string& path : files_.FilesThatBeginWith(prefix)) {
+        if (path.find(kDeclined, prefix.size()) == std::string::npos) {
+          paths.push_back(std::move(path));
+        }
+      }
     } catch (const Failure&) {
       if (!mayFail) {
         throw;
       }
     }
-    for (const std::string& path : paths) {
-      if (path.find(kDeclined, prefix.size()) != std::string::npos) {
+  }
+  return paths;
+}
+
+std::vector<MenuFile::Found> MenuFile::FindJournals(bool mayFail) {
+  std::vector<Found> found;
+  // A file has two paths here if the menu stands in the current directory.
+  std::set<std::string> names;
+  for (const std::string& path : FilesToLookAt(mayFail)) {
+    try {
+      const std::unique_ptr<File> file = files_.OpenIfThere(path);
+      if (file == nullptr || !names.insert(file->FullName()).second) {
         continue;
       }
-      try {
-        const std::unique_ptr<File> file = files_.OpenIfThere(path);
-        if (file == nullptr || !names.insert(file->FullName()).second) {
-          continue;
-        }
-        std::optional<Journal> journal = ReadJournal(*file, files_.BlockSize());
-        if (journal && journal->menu == MenuName()) {
-          found.push_back({path, std::move(*journal)});
-        }
-      } catch (const Failure&) {
-        if (!mayFail) {
-          throw;
-        }
+      std::optional<Journal> journal = ReadJournal(*file, files_.BlockSize());
+      if (journal && journal->menu == MenuName()) {
+        found.push_back({path, std::move(*journal)});
+      }
+    } catch (const Failure&) {
+      if (!mayFail) {
+        throw;
       }
     }
   }
