@@ -31,7 +31,7 @@
 #include "benchmarks/running_program.h"
 #include "benchmarks/window_work.h"
 #include "editor/windows_files.h"
-#include "menufile/rewrite.h"
+#include "menufile/changes.h"
 #include "resources/resource.h"
 
 namespace {
@@ -57,19 +57,11 @@ void MeasureStart(int runs, const std::string& menu, LRESULT rows, char** progra
 }
 
 // Moves an entry in the middle of the menu: exchanges it with the one before.
-double TimeOfRewrite(const std::string& menu, std::size_t row) {
+double TimeOfRewrite(const std::string& path, std::size_t row) {
   editor::WindowsFileSystem files;
-  menufile::MenuChange change;
-  change.type = menufile::MenuType::UserDefined;
-  change.recordRule = [row](std::size_t counter, const menufile::MenuItemRecord& record,
-                            menufile::RecordStream& records) {
-    if (counter + 1 == row) {
-      records.Write(records.ReadNext());
-    }
-    records.Write(record);
-  };
+  menufile::MenuFile menu(files, path);
   const double start = Now();
-  if (menufile::RewriteMenuFile(files, menu, change) != menufile::RewriteResult::Done) {
+  if (RewriteMenuFile(menu, menufile::MoveUp(row)) != menufile::ChangeResult::Made) {
     throw std::runtime_error("the menu was not rewritten");
   }
   return Now() - start;
