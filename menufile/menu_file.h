@@ -131,6 +131,7 @@ class MenuFile {
   bool Finish(const Found& found);
   void Retire(const Found& found);
   std::unique_ptr<File> OpenIfStillThere(const std::string& scratchFile);
+  std::unique_ptr<File> OpenWithItsJournal(const Found& found);
   void RetireCopies(std::uint64_t serial);
   std::string FreeName(const std::string& prefix);
   void PutAside(const std::string& scratchFile, const char* infix);

@@ -148,7 +148,7 @@ void MenuFile::AnswerYes() {
   bool isFinished = false;
   for (const Found& found : FindJournals(false)) {
     if (files_.OpenIfThere(found.scratchFile) == nullptr) {
-      continue;  // deleted with its copy, or found by another path before
+      continue;  // it was a copy, and was deleted with the other one
     }
     if (isFinished) {
       PutAside(found.scratchFile, kDeclined);  // an earlier change, overtaken by now
@@ -227,20 +227,26 @@ std::unique_ptr<File> MenuFile::OpenIfStillThere(const std::string& scratchFile)
   }
 }
 
+// Returns nullptr if the journal is no longer there: another window may have ended its
+// change since it was found.
+std::unique_ptr<File> MenuFile::OpenWithItsJournal(const Found& found) {
+  std::unique_ptr<File> scratch = OpenIfStillThere(found.scratchFile);
+  if (scratch == nullptr) {
+    return nullptr;
+  }
+  const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
+  return journal && journal->serial == found.journal.serial ? std::move(scratch) : nullptr;
+}
+
 bool MenuFile::Finish(const Found& found) {
   {
-    const std::unique_ptr<File> scratch = OpenIfStillThere(found.scratchFile);
+    const std::unique_ptr<File> scratch = OpenWithItsJournal(found);
     if (scratch == nullptr) {
       return false;
     }
-    // Another window may have finished it since it was found.
-    const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
-    if (!journal || journal->serial != found.journal.serial) {
-      return false;
-    }
     const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
-    WriteMenu(*menu, *scratch, path_, *journal, files_.BlockSize());
-    DropJournal(*scratch, *journal);
+    WriteMenu(*menu, *scratch, path_, found.journal, files_.BlockSize());
+    DropJournal(*scratch, found.journal);
   }
   if (unfinished_ == found.journal.serial) {
     unfinished_.reset();
@@ -266,15 +272,11 @@ void MenuFile::Retire(const Found& found) {
   // Without its journal, the menu file must be on the disk.
   files_.Open(path_, OpenMode::Change)->Flush();
   {
-    const std::unique_ptr<File> scratch = OpenIfStillThere(found.scratchFile);
+    const std::unique_ptr<File> scratch = OpenWithItsJournal(found);
     if (scratch == nullptr) {
       return;
     }
-    const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
-    if (!journal || journal->serial != found.journal.serial) {
-      return;
-    }
-    scratch->Truncate(journal->descriptionSize);
+    scratch->Truncate(found.journal.descriptionSize);
     scratch->Flush();
   }
   RemoveScratchFile(files_, found.scratchFile);
