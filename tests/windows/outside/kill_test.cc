@@ -4,9 +4,9 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <map>
 
+#include "tests/menufile/plain_journal.h"
 #include "tests/windows/icon_files.h"
 #include "tests/windows/outside/changes.h"
 #include "tests/windows/outside/host.h"
@@ -150,26 +150,6 @@ class KillTest : public OutsideTest {
     ++byKind_[what].kills;
   }
 
-  // The menu that the journal of a scratch file describes, without a look at its checksum.
-  // Empty if the file has no journal.
-  static std::string FinishedBy(const std::string& scratch, const std::string& menu) {
-    constexpr std::size_t kFooter = 72;
-    if (scratch.size() < kFooter ||
-        scratch.compare(scratch.size() - kFooter, 16, "Corvalis journal") != 0) {
-      return {};
-    }
-    const auto number = [&](std::size_t index) {
-      std::uint64_t value = 0;
-      std::memcpy(&value, scratch.data() + scratch.size() - kFooter + 16 + 8 * index, sizeof value);
-      return static_cast<std::size_t>(value);
-    };
-    const std::size_t description = number(0);
-    const std::size_t head = number(1);
-    const std::size_t kept = number(3);
-    return menu.substr(0, kept) + scratch.substr(description, head) +
-           scratch.substr(0, description);
-  }
-
   // Expects the old or the new menu in the menu file, or the journal of the new one in a
   // scratch file.
   bool IsWhole(const Subject& subject, const std::string& before, const std::string& after) const {
@@ -178,7 +158,8 @@ class KillTest : public OutsideTest {
       return true;
     }
     for (const std::string& name : ScratchFiles()) {
-      if (FinishedBy(BytesOf(PathOf(name)), menu) == after) {
+      const auto journal = menufile::ReadPlainly(BytesOf(PathOf(name)));
+      if (journal && journal->FinishedFrom(menu) == after) {
         return true;
       }
     }
