@@ -33,10 +33,17 @@ COLORREF PageFace::Colour() {
 
 HBRUSH PageFace::Brush() {
   if (!brush_) {
-    colour_ = PaintedColour(tabs_);
-    brush_.reset(CreateSolidBrush(colour_));
+    // A themed tab control asks its parent for the background first, which calls this
+    // again. It gets the window's colour.
+    Use(GetSysColor(COLOR_BTNFACE));
+    Use(PaintedColour(tabs_));
   }
   return brush_.get();
+}
+
+void PageFace::Use(COLORREF colour) {
+  colour_ = colour;
+  brush_.reset(CreateSolidBrush(colour));
 }
 
 RECT PageFace::Place() const {

@@ -26,6 +26,8 @@ class PageFace {
   RECT Place() const;
 
  private:
+  void Use(COLORREF colour);
+
   HWND tabs_ = nullptr;
   COLORREF colour_ = 0;
   UniqueBrush brush_;
