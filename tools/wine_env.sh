@@ -32,11 +32,10 @@ use_wine_prefix() {
   if [ "$(locale charmap 2>/dev/null)" != UTF-8 ]; then
     export LC_ALL=C.UTF-8
   fi
-  # Wine links Desktop, Documents and so on to the user's folders. Tests must not use
-  # those.
-  # They run in English and code page 1252, until tools/code_page.sh, within their
-  # session, asks for another one.
-  if [ "$1" = test ]; then
+  # Only ./run is for the user. Everything else runs in English and code page 1252, until
+  # tools/code_page.sh, within the session, asks for another one. It has a home of its
+  # own, because Wine links Desktop, Documents and so on to the folders in the home.
+  if [ "$1" != run ]; then
     [ -n "${CORVALIS_WINE_SESSION:-}" ] || export LC_ALL=C.UTF-8
     export HOME=$build_dir/wine/home
     mkdir -p "$HOME"

@@ -15,7 +15,7 @@ for scheme in plain contrast; do
     echo "== $dpi DPI, $scheme"
     use_look "$dpi" "$scheme"
     CORVALIS_TEST_DPI=$dpi CORVALIS_TEST_SCHEME=$scheme "$project_root/tools/wine_run.sh" \
-      "$build_dir/windows/tests/windows/windows_tests.exe" --gtest_brief=1 \
+      "$build_dir/windows/tests/windows/windows_tests.exe" \
       --gtest_filter='ControlsTest.*:LayoutTest.*'
   done
 done

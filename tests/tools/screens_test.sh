@@ -14,7 +14,7 @@ fi
 echo "== $1"
 cd "$build_dir/windows/tests/windows"
 run=$project_root/tools/wine_run.sh
-"$run" ./windows_tests.exe --gtest_brief=1 \
-  --gtest_filter='LayoutTest.*:ScaleTest.*:ControlsTest.*:KeyboardTest.*:Wizard*:Form4Test.*'
-"$run" outside/outside_tests.exe --gtest_brief=1 \
+"$run" ./windows_tests.exe \
+  --gtest_filter='LayoutTest.*:ScaleTest.*:KeyboardTest.*:WizardTest.*'
+"$run" outside/outside_tests.exe \
   --gtest_filter='KeyboardOutsideTest.*:ListOutsideTest.*:IconsOutsideTest.*:StoryTest.*'
