@@ -1,5 +1,6 @@
 #include "menufile/checksum.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -10,40 +11,51 @@ namespace {
 // into many bits of the product, and two different words give different products.
 constexpr std::uint64_t kSpread = 0xD6E8FEB86659FD93;
 
-constexpr std::uint64_t Mix(std::uint64_t state, std::uint64_t word) {
-  state = (state ^ word) * kSpread;
-  return state ^ (state >> 32);
+constexpr std::uint64_t Mix(std::uint64_t sum, std::uint64_t word) {
+  sum = (sum ^ word) * kSpread;
+  return sum ^ (sum >> 32);
 }
 
 }  // namespace
 
-void Checksum::Add(std::string_view bytes) {
+void Checksum::AddBlock(Sums& sums, const char* bytes) {
   static_assert(std::endian::native == std::endian::little);
-  size_ += bytes.size();
-  const auto addByte = [this](char byte) {
-    word_ |= std::uint64_t{static_cast<unsigned char>(byte)} << (8 * filled_);
-    if (++filled_ == sizeof word_) {
-      state_ = Mix(state_, word_);
-      word_ = 0;
-      filled_ = 0;
-    }
-  };
-  while (filled_ > 0 && !bytes.empty()) {
-    addByte(bytes.front());
-    bytes.remove_prefix(1);
-  }
-  std::uint64_t state = state_;
-  for (; bytes.size() >= sizeof word_; bytes.remove_prefix(sizeof word_)) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes.data(), sizeof word);
-    state = Mix(state, word);
-  }
-  state_ = state;
-  for (const char byte : bytes) {
-    addByte(byte);
+  Sums words;
+  std::memcpy(words.data(), bytes, sizeof words);
+  for (std::size_t i = 0; i < sums.size(); ++i) {
+    sums[i] = Mix(sums[i], words[i]);
   }
 }
 
-std::uint64_t Checksum::value() const { return Mix(Mix(state_, word_), size_); }
+void Checksum::Add(std::string_view bytes) {
+  const std::size_t filled = size_ % rest_.size();
+  size_ += bytes.size();
+  if (filled > 0) {
+    const std::size_t taken = bytes.copy(rest_.data() + filled, rest_.size() - filled);
+    if (filled + taken < rest_.size()) {
+      return;
+    }
+    AddBlock(sums_, rest_.data());
+    bytes.remove_prefix(taken);
+  }
+  Sums sums = sums_;
+  for (; bytes.size() >= rest_.size(); bytes.remove_prefix(rest_.size())) {
+    AddBlock(sums, bytes.data());
+  }
+  sums_ = sums;
+  bytes.copy(rest_.data(), bytes.size());
+}
+
+std::uint64_t Checksum::value() const {
+  Sums sums = sums_;
+  Block last{};
+  std::copy_n(rest_.begin(), size_ % rest_.size(), last.begin());
+  AddBlock(sums, last.data());
+  std::uint64_t sum = size_;
+  for (const std::uint64_t part : sums) {
+    sum = Mix(sum, part);
+  }
+  return sum;
+}
 
 }  // namespace menufile

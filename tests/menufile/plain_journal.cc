@@ -1,5 +1,6 @@
 #include "tests/menufile/plain_journal.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -19,18 +20,22 @@ std::uint64_t NumberIn(std::string_view bytes) {
   return number;
 }
 
+// Word n of the bytes, with zeros after the last byte, goes to sum n modulo 4.
 std::uint64_t SumOf(std::string_view bytes) {
-  std::uint64_t sum = 0x9E3779B97F4A7C15;
-  const auto add = [&sum](std::uint64_t number) {
+  const auto add = [](std::uint64_t& sum, std::uint64_t number) {
     sum = (sum ^ number) * 0xD6E8FEB86659FD93;
     sum ^= sum >> 32;
   };
-  const std::size_t whole = bytes.size() / 8 * 8;
-  for (std::size_t at = 0; at < whole; at += 8) {
-    add(NumberIn(bytes.substr(at, 8)));
+  std::uint64_t sums[] = {0x9E3779B97F4A7C15, 0xBF58476D1CE4E5B9, 0x94D049BB133111EB,
+                          0x2545F4914F6CDD1D};
+  const std::size_t words = bytes.size() / 32 * 4 + 4;
+  for (std::size_t word = 0; word < words; ++word) {
+    add(sums[word % 4], NumberIn(bytes.substr(std::min(8 * word, bytes.size()), 8)));
   }
-  add(NumberIn(bytes.substr(whole)));
-  add(bytes.size());
+  std::uint64_t sum = bytes.size();
+  for (const std::uint64_t part : sums) {
+    add(sum, part);
+  }
   return sum;
 }
 
