@@ -50,29 +50,27 @@ bool TakeBackLines(File& menu, std::uint64_t oldSize) {
 
 }  // namespace
 
-std::uint64_t WriteMenu(File& menu, File& scratch, const std::string& path, const Journal& journal,
-                        std::size_t blockSize) {
+void WriteMenu(File& menu, File& scratch, const std::string& path, const Journal& journal,
+               std::size_t blockSize) {
   MakeRoom(menu, journal);
   menu.Seek(journal.keptSize);
-  if (!journal.head.empty()) {
-    menu.Write(journal.head);
-  }
-  Checksum sum;
-  sum.Add(journal.head);
-  std::uint64_t left = journal.descriptionSize;
-  FileWindow window(scratch, blockSize);
-  while (left > 0 && window.Advance(window.bytes().size())) {
+  // Whole blocks until the last part: a write that ends inside a page of the system's
+  // cache takes longer.
+  std::uint64_t left = journal.head.size() + journal.descriptionSize;
+  std::size_t written = 0;
+  FileWindow window(scratch, blockSize, journal.head);
+  while (left > 0) {
+    const bool hasMore = window.Advance(written);
     const std::string_view bytes = window.bytes().substr(
         0, static_cast<std::size_t>(std::min<std::uint64_t>(left, window.bytes().size())));
-    menu.Write(bytes);
-    sum.Add(bytes);
-    left -= bytes.size();
-  }
-  if (left > 0) {
-    throw Failure(path, "write the file", "The scratch file ends too early");
+    written = bytes.size() == left ? bytes.size() : bytes.size() - bytes.size() % blockSize;
+    if (written == 0 && !hasMore) {
+      throw Failure(path, "write the file", "The scratch file ends too early");
+    }
+    menu.Write(bytes.substr(0, written));
+    left -= written;
   }
   menu.Flush();
-  return sum.value();
 }
 
 bool DropJournal(File& scratch, const Journal& journal) {
@@ -207,9 +205,9 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
     }
     throw;
   }
-  const std::uint64_t finishedSum = WriteMenu(menu, scratch, path_, journal, files_.BlockSize());
+  WriteMenu(menu, scratch, path_, journal, files_.BlockSize());
   unfinished_.reset();
-  left_ = Left{name, journal.FinishedSize(), finishedSum};
+  left_ = Left{name, journal.head, journal.descriptionSize, description.value()};
   try {
     scratch.Truncate(journal.descriptionSize);
   } catch (const Failure&) {
@@ -335,9 +333,15 @@ void MenuFile::MakeDeletionsDurable(File& menu, const std::string& used) {
 bool MenuFile::IsAsLeft(File& menu, const std::string& scratchFile) const {
   constexpr std::uint64_t kMostBytes = std::uint64_t{1}
                                        << 20;  // reading more takes longer than a flush
-  return left_ && left_->scratchFile == scratchFile && left_->size <= kMostBytes &&
-         menu.Size() == left_->size &&
-         SumOfFirst(menu, left_->size, files_.BlockSize()) == left_->sum;
+  if (!left_ || left_->scratchFile != scratchFile || left_->descriptionSize > kMostBytes ||
+      menu.Size() != left_->head.size() + left_->descriptionSize) {
+    return false;
+  }
+  std::string head(left_->head.size(), '\0');
+  ReadToEnd(menu, 0, head);
+  Checksum description;
+  AddTo(description, menu, head.size(), files_.BlockSize());
+  return head == left_->head && description.value() == left_->descriptionSum;
 }
 
 }  // namespace menufile

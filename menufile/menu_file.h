@@ -107,8 +107,10 @@ class MenuFile {
   // The menu file after the last change of this object.
   struct Left {
     std::string scratchFile;  // the scratch file of the change
-    std::uint64_t size;
-    std::uint64_t sum;
+    // It begins with these bytes. The description follows.
+    std::string head;
+    std::uint64_t descriptionSize;
+    std::uint64_t descriptionSum;
   };
   // Lines that were written in part, without a journal, and could not be cut off.
   struct HalfLine {
@@ -159,10 +161,10 @@ class MenuFile {
   std::optional<Left> left_;
 };
 
-// Writes the menu file as the journal says and flushes it. Returns the checksum of the
-// bytes written. Throws Failure. `path` is what a Failure calls the menu file.
-std::uint64_t WriteMenu(File& menu, File& scratch, const std::string& path, const Journal& journal,
-                        std::size_t blockSize);
+// Writes the menu file as the journal says and flushes it. Throws Failure. `path` is
+// what a Failure calls the menu file.
+void WriteMenu(File& menu, File& scratch, const std::string& path, const Journal& journal,
+               std::size_t blockSize);
 
 // Cuts the journal off the scratch file and flushes it. Returns false if that failed.
 bool DropJournal(File& scratch, const Journal& journal);

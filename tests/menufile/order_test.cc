@@ -55,12 +55,12 @@ TEST(OrderOfWrites, OfAListChange) {
 }
 
 TEST(OrderOfWrites, OfANewPicture) {
-  EXPECT_EQ((Writes{"write N bytes to zoltempfileoktodelete",
-                    "write N bytes to zoltempfileoktodelete", "flush zoltempfileoktodelete",
-                    "truncate to N: C:\\menus\\a.menu", "write N bytes to C:\\menus\\a.menu",
-                    "write N bytes to C:\\menus\\a.menu", "flush C:\\menus\\a.menu",
-                    "truncate to N: zoltempfileoktodelete", "remove zoltempfileoktodelete"}),
-            WithoutSizes(WritesOf(Kind::SaveAppearance)));
+  EXPECT_EQ(
+      (Writes{"write N bytes to zoltempfileoktodelete", "write N bytes to zoltempfileoktodelete",
+              "flush zoltempfileoktodelete", "truncate to N: C:\\menus\\a.menu",
+              "write N bytes to C:\\menus\\a.menu", "flush C:\\menus\\a.menu",
+              "truncate to N: zoltempfileoktodelete", "remove zoltempfileoktodelete"}),
+      WithoutSizes(WritesOf(Kind::SaveAppearance)));
 }
 
 }  // namespace
