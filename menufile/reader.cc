@@ -73,9 +73,17 @@ inline PlainItem FindPlainItem(const char* at, const char* end) {
 MenuItemRecord RecordOf(const char* begin, const PlainItem& item) {
   const auto& [a, b, c, d, e] = item.quotes;
   constexpr int kBetween = 3;  // the length of `","`
-  return {Value::Quoted({begin + 1, a}),    Value::Quoted({a + kBetween, b}),
-          Value::Quoted({b + kBetween, c}), Value::Quoted({c + kBetween, d}),
-          Value::Quoted({d + kBetween, e}), Value::Bare({e + 2, item.lineEnd})};
+  const std::string_view index{e + 2, item.lineEnd};
+  // Other digits are written in a shorter form.
+  constexpr std::size_t kMostDigits = 9;
+  const bool isShortest = index.size() <= kMostDigits && (index.size() <= 1 || index[0] != '0');
+  return {Value::Quoted({begin + 1, a}),
+          Value::Quoted({a + kBetween, b}),
+          Value::Quoted({b + kBetween, c}),
+          Value::Quoted({c + kBetween, d}),
+          Value::Quoted({d + kBetween, e}),
+          Value::Bare(index),
+          isShortest ? std::string_view(begin, item.lineEnd + 2) : std::string_view()};
 }
 
 }  // namespace

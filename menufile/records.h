@@ -45,6 +45,9 @@ struct MenuItemRecord {
   Value startIn;    // working folder for the target
   Value iconFile;   // the file that holds the entry's icon; if empty, the target does
   Value iconIndex;  // the 0-based number of the icon in that file, or a negative resource id
+  // The line that the fields were read from, if AppendLine() would write the same bytes
+  // for them. Empty otherwise.
+  std::string_view line{};
 };
 
 // The folder of a directory-pointer menu. The flags stand here in the order of the

@@ -28,6 +28,9 @@ class Value {
 
   Kind kind() const;
 
+  // The characters of the field, without its quotes.
+  std::string_view characters() const { return characters_; }
+
   // True if the field has no characters, quoted or not.
   bool IsEmpty() const { return characters_.empty(); }
 

@@ -86,6 +86,30 @@ TEST(Lines, SpacesAtTheFrontGoAndThoseBeforeTheLineEndStay) {
       LineOf(MenuItemRecord{Value(), Value(), Value(), Value(), Value(), Value::Quoted("x  ")}));
 }
 
+TEST(Lines, AnEntryThatWasReadIsWrittenWithEachChangeOfAField) {
+  const std::string line = "\"a\",\"b\",\"c\",\"d\",\"e\",1\r\n";
+  MenuReader reader(line, "a.menu");
+  const MenuItemRecord read = reader.ReadItem();
+  EXPECT_EQ(line, LineOf(read));
+  Value MenuItemRecord::*const texts[] = {&MenuItemRecord::caption, &MenuItemRecord::target,
+                                          &MenuItemRecord::arguments, &MenuItemRecord::startIn,
+                                          &MenuItemRecord::iconFile};
+  std::size_t place = 1;
+  for (Value MenuItemRecord::*const text : texts) {
+    for (const char* changed : {"x", "longer", ""}) {
+      MenuItemRecord record = read;
+      record.*text = Value::Quoted(changed);
+      EXPECT_EQ(std::string(line).replace(place, 1, changed), LineOf(record));
+    }
+    place += 4;
+  }
+  for (const char* changed : {"2", "12", ""}) {
+    MenuItemRecord record = read;
+    record.iconIndex = Value::Bare(changed);
+    EXPECT_EQ(std::string(line).replace(place - 1, 1, changed), LineOf(record));
+  }
+}
+
 TEST(Lines, EveryByteButTheQuoteReadsBackInATextField) {
   std::string text;
   for (int byte = 0; byte < 256; ++byte) {

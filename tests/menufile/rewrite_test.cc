@@ -212,11 +212,13 @@ TEST(Rewrite, BringsFieldsIntoTheWritersForm) {
       "\r\n<START ZOL>\r\n USERDEF \r\n 01 , Tahoma , 8.250 , -1 , +0 \r\n"
       "a, \"b\" c , 007 , 1e3 ,, .5 \r\n"
       "\"x\",nan,1e999,-inf,\"\",2.50\n"
+      "\"usual\",\"\",\"\",\"\",\"\",007\r\n"
       "\"1,2\",\"\r\n\",,,,\"  q \"";
   EXPECT_EQ(
       "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Tahoma\",8.25,-1,0\r\n"
       "\"a\",\"b\",\"7\",\"1000\",\"\",0.5\r\n"
       "\"x\",\"nan\",\"1e999\",\"-inf\",\"\",2.5\r\n"
+      "\"usual\",\"\",\"\",\"\",\"\",7\r\n"
       "\"1,2\",\"\r\n\",\"\",\"\",\"\",  q \r\n",
       Rewritten(menu, Kind::Keep));
 }
