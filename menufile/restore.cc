@@ -194,6 +194,7 @@ bool MenuFile::Settle(const Found& found) {
   const MenuState state = StateBy(found);
   if (state == MenuState::Finished) {
     Retire(found);
+    declined_ = std::max(declined_, serial);  // with it, all earlier ones are overtaken
     const bool isOwn = unfinished_ == serial;
     if (isOwn) {
       unfinished_.reset();
@@ -245,12 +246,15 @@ bool MenuFile::Finish(const Found& found) {
       return false;
     }
     const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
+    // Whoever wrote the journal may have ended before its own flush.
+    scratch->Flush();
     WriteMenu(*menu, *scratch, path_, found.journal, files_.BlockSize());
     DropJournal(*scratch, found.journal);
   }
   if (unfinished_ == found.journal.serial) {
     unfinished_.reset();
   }
+  declined_ = std::max(declined_, found.journal.serial);  // all earlier ones are overtaken
   left_.reset();
   RemoveScratchFile(files_, found.scratchFile);
   RetireCopies(found.journal.serial);

@@ -322,6 +322,63 @@ TEST(Adding, LosesNothing) {
   }
 }
 
+// The 1-based number of an operation of the last step.
+std::size_t NumberOf(const std::string& operation, const TwoWindows& user) {
+  const auto found = std::find(user.log().begin(), user.log().end(), operation);
+  return static_cast<std::size_t>(found - user.log().begin()) + 1;
+}
+
+constexpr std::size_t kMostOperations = 80;
+
+// A process ended before it flushed its journal. Another process finishes the change,
+// and then the power fails.
+TEST(CutShort, IsFinishedFromAJournalThatIsOnTheDisk) {
+  const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
+  const Step move = ChangeStep(Kind::MoveUp, 1);
+  TwoWindows whole(disk, {});
+  whole.Start(Window::kFirst, true, true, {});
+  whole.Do(Window::kFirst, move, {});
+  const Fault beforeFlush{NumberOf("flush temporaryfile", whole), Fault::Kind::EndsProcess};
+  for (std::size_t number = 1; number < kMostOperations; ++number) {
+    for (PowerCut cut = 0; cut < 20; ++cut) {
+      TwoWindows user(disk, {});
+      user.Start(Window::kFirst, true, true, {});
+      user.Do(Window::kFirst, move, beforeFlush);
+      user.Start(Window::kSecond, true, true, {number, Fault::Kind::EndsProcess, Fault::Done::All});
+      user.CutPower(cut);
+      ASSERT_EQ("", user.complaint());
+    }
+  }
+}
+
+// A power cut brings back the journal of a change that was made, beside that of the
+// change after it. The disk fails while the later one is finished.
+TEST(CutShort, AsksForNoChangeBeforeTheFinishedOne) {
+  const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
+  const TwoWindows::Folder folder{1000, {"zoltempfileoktodelete"}};
+  const Step add = AddStep(false, 7);
+  const auto begin = [&](TwoWindows& user) {
+    user.Start(Window::kFirst, true, true, {});
+    user.Do(Window::kFirst, ChangeStep(Kind::Edit, 0), {});
+  };
+  TwoWindows whole(disk, folder);
+  begin(whole);
+  whole.Do(Window::kFirst, add, {});
+  const Fault afterFlush{NumberOf("flush zoltempfileoktodelete-1", whole), Fault::Kind::EndsProcess,
+                         Fault::Done::All};
+  for (std::size_t number = 1; number < kMostOperations; ++number) {
+    for (const Fault::Done done : {Fault::Done::Nothing, Fault::Done::All}) {
+      TwoWindows user(disk, folder);
+      begin(user);
+      user.Do(Window::kFirst, add, afterFlush);
+      user.CutPower(kEverythingLost);
+      user.Start(Window::kSecond, true, true, {number, Fault::Kind::FailsForGood, done});
+      user.Do(Window::kSecond, ChangeStep(Kind::Delete, 2), {});
+      ASSERT_EQ("", user.complaint());
+    }
+  }
+}
+
 // A power cut must not undo a change that was reported as made.
 TEST(AnyChange, ThatIsMadeIsOnTheDiskAndLosesNothing) {
   const auto expectOnDisk = [](const MemoryFiles& files) {
