@@ -119,6 +119,7 @@ bool Form2::AddEntries(const std::vector<menufile::EntryTexts>& entries, bool de
     ReadAgain();
     return false;
   }
+  const ItemList::Filling filling(items_);
   for (const menufile::EntryTexts& entry : entries) {
     items_.Append(entry.caption, entry.target);
   }

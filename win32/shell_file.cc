@@ -34,14 +34,17 @@ ShellFile::ShellFile(const std::string& path) {
 
 std::string ShellNameOf(const std::string& path) {
   std::string name = ShellFile(path).displayName;
+  // Most names are the file's own, with its extension or without. Any other name may have
+  // lost characters that are not in the code page, or its end: an ANSI record holds fewer
+  // characters of a long one.
+  const std::string own = LastPartOf(path);
+  if (!name.empty() && (own == name || own.starts_with(name + '.'))) {
+    return name;
+  }
   SHFILEINFOW info{};
   SHGetFileInfoW(ToText(path).c_str(), 0, &info, sizeof info, SHGFI_DISPLAYNAME);
   const std::optional<std::string> whole = ToBytes(info.szDisplayName);
-  if (whole == name) {
-    return name;
-  }
-  // The ANSI record may hold fewer characters of a long name.
-  return whole.value_or(LastPartOf(path));
+  return whole == name ? name : whole.value_or(own);
 }
 
 // Converted to text first: the second byte of a double-byte character may equal a
