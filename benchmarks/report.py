@@ -199,8 +199,10 @@ def add_core(table):
     add(in_memory, "Load", "Python's csv", "LoadScript")
     in_file = "Loading, file in cache"
     add(in_file, "LoadFromDisk", "reading, finding line ends", "FindLineEndsOnDisk")
-    for change, name in CHANGES.items():
-        add(WORK_OF[change], name, "two copies", "TwoCopies", 1.5)
+    for turn in ("", "First"):
+        for change, name in CHANGES.items():
+            work = WORK_OF[change] + (", first change" if turn else "")
+            add(work, turn + name, "two copies", "TwoCopies", 1.5)
     add(WORK_OF["move_up"], "MoveUp", "GLib's GKeyFile", "MoveUpKeyFile")
     add(WORK_OF["move_up"], "MoveUp", "Python's csv", "MoveUpScript")
     few, many = SIZES[1], SIZES[-1]
