@@ -29,21 +29,9 @@ ChangeResult Add(MemoryFiles& files, bool deletesScratchFile = true) {
   return AddEntries(menu, kEntries, deletesScratchFile);
 }
 
-// The 1-based number of the first operation in the log that begins like this.
-std::size_t NumberOf(const MemoryFiles& files, std::string_view beginning) {
-  for (std::size_t i = 0; i < files.log().size(); ++i) {
-    if (files.log()[i].starts_with(beginning)) {
-      return i + 1;
-    }
-  }
-  ADD_FAILURE() << beginning << " is not done";
-  return 0;
-}
-
 TEST(AddEntries, WritesAfterTheLastByte) {
   for (const std::string& old : {UserMenu(3), UserMenu(0), DirectoryMenu(), ""s}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, old);
+    MemoryFiles files(kMenuPath, old);
     EXPECT_EQ(ChangeResult::Made, Add(files));
     EXPECT_EQ(old + kLines, files.Get(kMenuPath));
     EXPECT_EQ(std::nullopt, files.Get(kScratch));
@@ -54,8 +42,7 @@ TEST(AddEntries, WritesAfterTheLastByte) {
 TEST(AddEntries, EndsALastLineThatHasNoEndFirst) {
   for (const char* end : {"\r\n", "\r", "\n", ""}) {
     const std::string old = UserMenu(1).substr(0, UserMenu(1).size() - 2) + end;
-    MemoryFiles files;
-    files.Put(kMenuPath, old);
+    MemoryFiles files(kMenuPath, old);
     Add(files);
     EXPECT_EQ(old + (*end == '\0' ? "\r\n" : "") + kLines, files.Get(kMenuPath));
     EXPECT_EQ(4u, Load(files).shown.size());
@@ -63,8 +50,7 @@ TEST(AddEntries, EndsALastLineThatHasNoEndFirst) {
 }
 
 TEST(AddEntries, IsOnTheDiskWhenItIsMade) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(3));
+  MemoryFiles files(kMenuPath, UserMenu(3));
   Add(files);
   for (PowerCut cut = 0; cut < 40; ++cut) {
     MemoryFiles next(files.AfterPowerCut(cut));
@@ -74,8 +60,7 @@ TEST(AddEntries, IsOnTheDiskWhenItIsMade) {
 }
 
 TEST(AddEntries, HasItsJournalOnTheDiskBeforeTheMenuIsTouched) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(3));
+  MemoryFiles files(kMenuPath, UserMenu(3));
   Add(files);
   const Writes writes = files.Writes();
   ASSERT_EQ(9u, writes.size());
@@ -89,15 +74,11 @@ TEST(AddEntries, HasItsJournalOnTheDiskBeforeTheMenuIsTouched) {
 // Adding dropped files does not delete an old scratch file: the journal goes into a file
 // beside it.
 TEST(AddEntries, HasItsJournalBesideAnOldScratchFile) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(3));
+  MemoryFiles files(kMenuPath, UserMenu(3));
   files.Put(kScratch, "old");
   files.Put(kScratch + "-1"s, "older");
-  Add(files, false);
-  const std::size_t write = NumberOf(files, kWriteLines);
-  files.Put(kMenuPath, UserMenu(3));
-  files.SetFault({write, Fault::Kind::EndsProcess, Fault::Done::Half});
-  EXPECT_THROW(Add(files, false), ProcessEnded);
+  EndProcessAt(files, "write", kMenuPath, Fault::Done::Half,
+               [](MemoryFiles& in) { Add(in, false); });
   MemoryFiles next(files.Everything());
   MenuFile menu(next, kMenuPath);
   ASSERT_TRUE(menu.WasCutShort());
@@ -112,21 +93,13 @@ TEST(AddEntries, HasItsJournalBesideAnOldScratchFile) {
 // not be cut off at first.
 TEST(AddEntries, DoesNotDeleteAJournalThatMayComeBack) {
   for (const char* operation : {"truncate to 0", "flush"}) {
-    MemoryFiles clean;
-    clean.Put(kMenuPath, UserMenu(3));
+    MemoryFiles clean(kMenuPath, UserMenu(3));
     clean.Put(kScratch, "old");
     Add(clean, false);
-    // The last one of its kind.
-    std::size_t number = clean.log().size();
-    while (number > 0 && !(clean.log()[number - 1].starts_with(operation) &&
-                           clean.log()[number - 1].ends_with("zoltempfileoktodelete-1"))) {
-      --number;
-    }
-    ASSERT_NE(0u, number) << operation;
-    MemoryFiles files;
-    files.Put(kMenuPath, UserMenu(3));
+    MemoryFiles files(kMenuPath, UserMenu(3));
     files.Put(kScratch, "old");
-    files.SetFault({number, Fault::Kind::FailsOnce, Fault::Done::Nothing});
+    files.SetFault({clean.LastOf(operation, "zoltempfileoktodelete-1"), Fault::Kind::FailsOnce,
+                    Fault::Done::Nothing});
     Add(files, false);
     files.SetFault({});
     MenuFile other(files, kMenuPath);
@@ -140,8 +113,7 @@ TEST(AddEntries, DoesNotDeleteAJournalThatMayComeBack) {
 
 TEST(AddEntries, NeedsNoScratchFile) {
   for (const bool folderTakesNone : {true, false}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, UserMenu(3));
+    MemoryFiles files(kMenuPath, UserMenu(3));
     if (folderTakesNone) {
       files.ForbidNewFiles();
     } else {
@@ -155,8 +127,7 @@ TEST(AddEntries, NeedsNoScratchFile) {
 
 TEST(AddEntries, DeletesAnOldScratchFileOnlyWhereItIsToldTo) {
   for (const bool deletes : {true, false}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, UserMenu(3));
+    MemoryFiles files(kMenuPath, UserMenu(3));
     files.Put(kScratch, "old");
     Add(files, deletes);
     EXPECT_EQ(deletes ? std::nullopt : std::optional("old"s), files.Get(kScratch));
@@ -165,19 +136,13 @@ TEST(AddEntries, DeletesAnOldScratchFileOnlyWhereItIsToldTo) {
 
 TEST(AddEntries, DoesNotMakeAMissingFile) {
   MemoryFiles files;
-  try {
-    Add(files);
-    ADD_FAILURE() << "no failure";
-  } catch (const Failure& failure) {
-    EXPECT_STREQ("Cannot open the file:\nC:\\menus\\a.menu\n\nThere is no such file.",
-                 failure.what());
-  }
+  EXPECT_EQ("Cannot open the file:\nC:\\menus\\a.menu\n\nThere is no such file.",
+            FailureOf([&] { Add(files); }));
   EXPECT_EQ(std::nullopt, files.Get(kMenuPath));
 }
 
 TEST(AddEntries, CannotChangeAFileThatAnotherProgramHolds) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(3));
+  MemoryFiles files(kMenuPath, UserMenu(3));
   files.HoldByOther(kMenuPath);
   EXPECT_THROW(Add(files), Failure);
   EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
@@ -185,8 +150,7 @@ TEST(AddEntries, CannotChangeAFileThatAnotherProgramHolds) {
 
 TEST(AddEntries, LeavesTheMenuWhenTheDiskIsFull) {
   for (const std::size_t left : {0u, 10u, 60u}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, UserMenu(3));
+    MemoryFiles files(kMenuPath, UserMenu(3));
     files.SetCapacity(UserMenu(3).size() + left);
     EXPECT_THROW(Add(files), Failure);
     EXPECT_EQ(UserMenu(3), files.Get(kMenuPath));
@@ -198,13 +162,12 @@ TEST(AddEntries, LeavesTheMenuWhenTheDiskIsFull) {
 // finishes them if there is a journal.
 TEST(AddEntries, DoesNotLeaveHalfALineBeforeTheNextChange) {
   for (const bool hasJournal : {true, false}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, UserMenu(3));
+    MemoryFiles files(kMenuPath, UserMenu(3));
     if (!hasJournal) {
       files.ForbidNewFiles();
     }
     Add(files);
-    const std::size_t write = NumberOf(files, kWriteLines);
+    const std::size_t write = files.LastOf(kWriteLines, "");
     files.Put(kMenuPath, UserMenu(3));
     files.SetFault({write, Fault::Kind::FailsForGood, Fault::Done::Half});
     MenuFile menu(files, kMenuPath);
@@ -212,11 +175,8 @@ TEST(AddEntries, DoesNotLeaveHalfALineBeforeTheNextChange) {
     EXPECT_EQ(UserMenu(3) + kLines.substr(0, kLines.size() / 2), files.Get(kMenuPath));
     EXPECT_TRUE(menu.HasUnfinished());
     files.SetFault({});
-    if (hasJournal) {
-      EXPECT_EQ(ChangeResult::EarlierFinished, AddEntries(menu, kEntries, true));
-    } else {
-      EXPECT_EQ(ChangeResult::Made, AddEntries(menu, kEntries, true));
-    }
+    EXPECT_EQ(hasJournal ? ChangeResult::EarlierFinished : ChangeResult::Made,
+              AddEntries(menu, kEntries, true));
     EXPECT_EQ(UserMenu(3) + kLines, files.Get(kMenuPath));
     EXPECT_FALSE(menu.HasUnfinished());
   }

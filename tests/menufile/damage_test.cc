@@ -81,10 +81,11 @@ std::string OutcomeOf(const LoadedMenu& menu) {
   return menu.message.substr(0, menu.message.find(" of the file"));
 }
 
-void ExpectOutcomes(const std::string& menu, const Outcomes& expected) {
+// Cuts the menu after `head`, and counts the length from there.
+void ExpectOutcomes(const std::string& head, const std::string& rest, const Outcomes& expected) {
   Outcomes outcomes;
-  for (std::size_t size = 0; size <= menu.size(); ++size) {
-    const std::string outcome = OutcomeOf(LoadBytes(menu.substr(0, size)));
+  for (std::size_t size = 0; size <= rest.size(); ++size) {
+    const std::string outcome = OutcomeOf(LoadBytes(head + rest.substr(0, size)));
     if (outcomes.empty() || outcomes.back().second != outcome) {
       outcomes.emplace_back(size, outcome);
     }
@@ -94,7 +95,7 @@ void ExpectOutcomes(const std::string& menu, const Outcomes& expected) {
 
 TEST(CutMenu, UserDefined) {
   // The marker line begins at 6, the type line at 19, the appearance at 30.
-  ExpectOutcomes("icon\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"T\",8.25,0,0\r\n",
+  ExpectOutcomes("", "icon\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"T\",8.25,0,0\r\n",
                  {{0, "question"},
                   {17, "Cannot read the type line, field menu type,"},
                   {28, "Cannot read the appearance line, field smallIcons,"},
@@ -108,31 +109,22 @@ TEST(CutMenu, UserDefined) {
 TEST(CutMenu, Entries) {
   const std::string head = "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"T\",8,0,0\r\n";
   ASSERT_EQ(39u, head.size());
-  const std::string menu =
-      head + "\"a\",\"b\",\"c\",\"d\",\"e\",12\r\n" + std::string(kSeparatorLine);
-  Outcomes outcomes;
-  for (std::size_t size = head.size(); size <= menu.size(); ++size) {
-    const std::string outcome = OutcomeOf(LoadBytes(menu.substr(0, size)));
-    if (outcomes.empty() || outcomes.back().second != outcome) {
-      outcomes.emplace_back(size - head.size(), outcome);
-    }
-  }
-  EXPECT_EQ((Outcomes{{0, "1 shown"},
-                      {1, "Cannot read entry 1, field caption,"},
-                      {3, "Cannot read entry 1, field target,"},
-                      {7, "Cannot read entry 1, field arguments,"},
-                      {11, "Cannot read entry 1, field startIn,"},
-                      {15, "Cannot read entry 1, field iconFile,"},
-                      {19, "Cannot read entry 1, field iconIndex,"},
-                      {21, "2 shown"},
-                      {25, "Cannot read entry 2, field caption,"},
-                      {26, "Cannot read entry 2, field target,"},
-                      {29, "Cannot read entry 2, field arguments,"},
-                      {32, "Cannot read entry 2, field startIn,"},
-                      {35, "Cannot read entry 2, field iconFile,"},
-                      {38, "Cannot read entry 2, field iconIndex,"},
-                      {40, "3 shown"}}),
-            outcomes);
+  ExpectOutcomes(head, "\"a\",\"b\",\"c\",\"d\",\"e\",12\r\n" + std::string(kSeparatorLine),
+                 {{0, "1 shown"},
+                  {1, "Cannot read entry 1, field caption,"},
+                  {3, "Cannot read entry 1, field target,"},
+                  {7, "Cannot read entry 1, field arguments,"},
+                  {11, "Cannot read entry 1, field startIn,"},
+                  {15, "Cannot read entry 1, field iconFile,"},
+                  {19, "Cannot read entry 1, field iconIndex,"},
+                  {21, "2 shown"},
+                  {25, "Cannot read entry 2, field caption,"},
+                  {26, "Cannot read entry 2, field target,"},
+                  {29, "Cannot read entry 2, field arguments,"},
+                  {32, "Cannot read entry 2, field startIn,"},
+                  {35, "Cannot read entry 2, field iconFile,"},
+                  {38, "Cannot read entry 2, field iconIndex,"},
+                  {40, "3 shown"}});
 }
 
 TEST(CutMenu, ANumberCutInTheMiddleReadsAsAnother) {
@@ -142,7 +134,8 @@ TEST(CutMenu, ANumberCutInTheMiddleReadsAsAnother) {
 }
 
 TEST(CutMenu, DirectoryPointer) {
-  ExpectOutcomes("\r\n<START ZOL>\r\n\"DIRPOINT\"\r\n1,\"T\",8,0,0\r\n\"C:\\\",\"*.*\",1,0,0\r\n",
+  ExpectOutcomes("",
+                 "\r\n<START ZOL>\r\n\"DIRPOINT\"\r\n1,\"T\",8,0,0\r\n\"C:\\\",\"*.*\",1,0,0\r\n",
                  {{0, "question"},
                   {13, "Cannot read the type line, field menu type,"},
                   {25, "Cannot read the appearance line, field smallIcons,"},

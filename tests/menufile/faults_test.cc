@@ -66,21 +66,11 @@ struct Leftover {
 
 // The scratch file of a process that ended after it had emptied the second menu.
 Leftover SecondMenusJournal() {
-  MemoryFiles whole;
-  whole.Put(kSecondMenu, SecondMenu());
-  Make(whole, kSecondMenu, SampleChange(Kind::MoveUp, 1));
-  const auto& log = whole.log();
-  const auto cut = std::find(log.begin(), log.end(), "truncate to 0: " + std::string(kSecondMenu));
-  MemoryFiles files;
-  files.Put(kSecondMenu, SecondMenu());
-  files.SetFault({static_cast<std::size_t>(cut - log.begin()) + 1, Fault::Kind::EndsProcess,
-                  Fault::Done::All});
-  try {
-    Make(files, kSecondMenu, SampleChange(Kind::MoveUp, 1));
-  } catch (const ProcessEnded&) {
-  }
-  return {"another menu's journal", files.Get("temporaryfile").value_or(""),
-          whole.Get(kSecondMenu).value_or("")};
+  MemoryFiles files(kSecondMenu, SecondMenu());
+  const MemoryFiles::Disk whole =
+      EndProcessAt(files, "truncate to 0:", kSecondMenu, Fault::Done::All,
+                   [](MemoryFiles& in) { Make(in, kSecondMenu, SampleChange(Kind::MoveUp, 1)); });
+  return {"another menu's journal", files.Get("temporaryfile").value_or(""), whole.at(kSecondMenu)};
 }
 
 const std::vector<Leftover>& Leftovers() {
@@ -388,8 +378,7 @@ TEST(AnyChange, ThatIsMadeIsOnTheDiskAndLosesNothing) {
   };
   for (const int items : {3, 250}) {
     for (int kind = 0; kind < kUserChanges; ++kind) {
-      MemoryFiles files;
-      files.Put(kMenuPath, UserMenu(items));
+      MemoryFiles files(kMenuPath, UserMenu(items));
       Make(files, kMenuPath, SampleChange(static_cast<Kind>(kind), 1));
       expectOnDisk(files);
       MenuFile menu(files, kMenuPath);

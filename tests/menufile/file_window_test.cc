@@ -113,15 +113,10 @@ TEST_F(FileWindowTest, AReaderTellsWhereTheFileEnds) {
   FileWindow window(*file, 4);
   MenuReader reader(window, "f");
   reader.ReadItem();
-  try {
-    reader.ReadItem();
-    ADD_FAILURE() << "no failure";
-  } catch (const Failure& failure) {
-    EXPECT_STREQ(
-        "Cannot read entry 2, field arguments, of the file:\nf\n\n"
-        "The file ends too early (at byte offset 21).",
-        failure.what());
-  }
+  EXPECT_EQ(
+      "Cannot read entry 2, field arguments, of the file:\nf\n\n"
+      "The file ends too early (at byte offset 21).",
+      FailureOf([&] { reader.ReadItem(); }));
 }
 
 TEST_F(FileWindowTest, AppendFileCopiesAnyNumberOfBlocks) {

@@ -10,38 +10,13 @@ namespace {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// True if the text is just a sign, digits with a point, and an exponent.
+// True if the text is just a sign, digits with a point, and an exponent: of what strtod()
+// reads, only words, hexadecimal numbers and spaces have other characters.
 bool LooksLikeNumber(const std::string& text) {
-  std::size_t at = 0;
-  if (at < text.size() && (text[at] == '+' || text[at] == '-')) {
-    ++at;
-  }
-  int digits = 0;
-  for (; at < text.size() && IsDigit(text[at]); ++at) {
-    ++digits;
-  }
-  if (at < text.size() && text[at] == '.') {
-    ++at;
-    for (; at < text.size() && IsDigit(text[at]); ++at) {
-      ++digits;
-    }
-  }
-  if (digits == 0) {
-    return false;
-  }
-  if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
-    ++at;
-    if (at < text.size() && (text[at] == '+' || text[at] == '-')) {
-      ++at;
-    }
-    const std::size_t exponent = at;
-    for (; at < text.size() && IsDigit(text[at]); ++at) {
-    }
-    if (at == exponent) {
-      return false;
-    }
-  }
-  return at == text.size();
+  char* end = nullptr;
+  std::strtod(text.c_str(), &end);
+  return !text.empty() && text.find_first_not_of("0123456789+-.eE") == std::string::npos &&
+         end == text.c_str() + text.size();
 }
 
 // Sets `shortest` to the shortest form of a number. Returns false if it is too large or

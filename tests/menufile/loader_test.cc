@@ -104,8 +104,7 @@ TEST(LoadMenuFile, AMissingFileIsAFailureAndIsNotMade) {
 }
 
 TEST(LoadMenuFile, ReadsTheFileOnceAndLeavesItAsItWas) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(5));
+  MemoryFiles files(kMenuPath, UserMenu(5));
   EXPECT_EQ(End::Menu, Load(files).end);
   EXPECT_EQ(UserMenu(5), files.Get(kMenuPath));
   EXPECT_EQ((std::vector<std::string>{"open to read C:\\menus\\a.menu", "read C:\\menus\\a.menu"}),
@@ -113,16 +112,14 @@ TEST(LoadMenuFile, ReadsTheFileOnceAndLeavesItAsItWas) {
 }
 
 TEST(LoadMenuFile, AFileThatAnotherProgramHoldsStillLoads) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(5));
+  MemoryFiles files(kMenuPath, UserMenu(5));
   files.HoldByOther(kMenuPath);
   EXPECT_EQ(LoadBytes(UserMenu(5)), Load(files));
 }
 
 TEST(LoadMenuFile, AFileThatCannotBeReadIsAFailure) {
   for (std::size_t operation : {1u, 2u}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, UserMenu(5));
+    MemoryFiles files(kMenuPath, UserMenu(5));
     files.SetFault({operation, Fault::Kind::FailsOnce, Fault::Done::Nothing});
     EXPECT_EQ((LoadedMenu{{},
                           End::Failed,
@@ -136,8 +133,7 @@ TEST(LoadMenuFile, AsksForAFileWithoutMarkerAndLeavesItOnNo) {
   for (const std::string& bytes :
        {""s, "x"s, PreviousVersionMenu(3), "\"USERDEF\"\r\n" + PreviousVersionMenu(1),
         SamplePicture(), "\r\n <START ZOL>\r\n"s}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, bytes);
+    MemoryFiles files(kMenuPath, bytes);
     EXPECT_EQ((LoadedMenu{{{"question", "no"}}, End::Declined, ""}), Load(files));
     EXPECT_EQ(bytes, files.Get(kMenuPath));
     EXPECT_EQ(2u, files.operations());
@@ -145,8 +141,7 @@ TEST(LoadMenuFile, AsksForAFileWithoutMarkerAndLeavesItOnNo) {
 }
 
 TEST(LoadMenuFile, ConvertsAPreviousVersionOnYesAndShowsIt) {
-  MemoryFiles files;
-  files.Put(kMenuPath, PreviousVersionMenu(4));
+  MemoryFiles files(kMenuPath, PreviousVersionMenu(4));
   LoadedMenu expected = LoadBytes(UserMenu(4));
   expected.shown.insert(expected.shown.begin(), {"question", "yes"});
   EXPECT_EQ(expected, Load(files, 1, SamplePicture()));
@@ -154,8 +149,7 @@ TEST(LoadMenuFile, ConvertsAPreviousVersionOnYesAndShowsIt) {
 }
 
 TEST(LoadMenuFile, AsksAgainWhileTheFileCannotBeWritten) {
-  MemoryFiles files;
-  files.Put(kMenuPath, PreviousVersionMenu(4));
+  MemoryFiles files(kMenuPath, PreviousVersionMenu(4));
   files.HoldByOther(kMenuPath);
   EXPECT_EQ((LoadedMenu{
                 {{"question", "yes"}, {"question", "yes"}, {"question", "no"}}, End::Declined, ""}),
@@ -164,8 +158,7 @@ TEST(LoadMenuFile, AsksAgainWhileTheFileCannotBeWritten) {
 }
 
 TEST(LoadMenuFile, AConvertedFileThatIsNoPreviousVersionFails) {
-  MemoryFiles files;
-  files.Put(kMenuPath, "");
+  MemoryFiles files(kMenuPath, "");
   EXPECT_EQ(Failed({{"question", "yes"}}, "the appearance line, field smallIcons,",
                    3 + kMarker.size() + 11),
             Load(files, 1, "ico"));
@@ -173,8 +166,7 @@ TEST(LoadMenuFile, AConvertedFileThatIsNoPreviousVersionFails) {
 }
 
 TEST(ReadMenuEntry, TakesTheEntryOfThatNumber) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(5));
+  MemoryFiles files(kMenuPath, UserMenu(5));
   MenuFile menu(files, kMenuPath);
   EXPECT_EQ("Caption 0", ReadMenuEntry(menu, 0)->caption);
   EXPECT_EQ("C:\\t.exe", ReadMenuEntry(menu, 1)->target);
@@ -185,19 +177,10 @@ TEST(ReadMenuEntry, TakesTheEntryOfThatNumber) {
 }
 
 TEST(ReadMenuEntry, OfANumberThatTheMenuDoesNotHaveIsAFailure) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(2));
+  MemoryFiles files(kMenuPath, UserMenu(2));
   MenuFile menu(files, kMenuPath);
-  try {
-    ReadMenuEntry(menu, 2);
-    ADD_FAILURE() << "no failure";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(
-        "Cannot read entry 3, field caption, of the file:\nC:\\menus\\a.menu\n\n"
-        "The file ends too early (at byte offset " +
-            std::to_string(UserMenu(2).size()) + ").",
-        std::string(failure.what()));
-  }
+  EXPECT_EQ(Failed({}, "entry 3, field caption,", UserMenu(2).size()).message,
+            FailureOf([&] { ReadMenuEntry(menu, 2); }));
 }
 
 }  // namespace

@@ -248,6 +248,15 @@ std::uint64_t MemoryFiles::Now() {
   return ++time;
 }
 
+std::size_t MemoryFiles::LastOf(std::string_view operation, std::string_view path) const {
+  for (std::size_t number = log_.size(); number > 0; --number) {
+    if (log_[number - 1].starts_with(operation) && log_[number - 1].ends_with(path)) {
+      return number;
+    }
+  }
+  throw std::logic_error("no such operation: " + std::string(operation));
+}
+
 std::vector<std::string> MemoryFiles::Writes() const {
   std::vector<std::string> writes;
   for (const std::string& operation : log_) {
@@ -338,6 +347,29 @@ void MemoryFiles::End(const std::string& path) {
 void MemoryFiles::Refuse(const std::string& path, const char* doing, const char* reason) {
   End(path);
   throw Failure(path, doing, reason);
+}
+
+MemoryFiles::Disk EndProcessAt(MemoryFiles& files, std::string_view operation,
+                               std::string_view path, Fault::Done done,
+                               const std::function<void(MemoryFiles&)>& change) {
+  MemoryFiles whole(files.Everything());
+  change(whole);
+  files.SetFault({whole.LastOf(operation, path), Fault::Kind::EndsProcess, done});
+  try {
+    change(files);
+  } catch (const ProcessEnded&) {
+    return whole.Everything();
+  }
+  throw std::logic_error("the process went on");
+}
+
+std::string FailureOf(const std::function<void()>& run) {
+  try {
+    run();
+  } catch (const Failure& failure) {
+    return failure.what();
+  }
+  return "no failure";
 }
 
 }  // namespace menufile

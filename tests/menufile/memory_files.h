@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <map>
 #include <memory>
@@ -52,8 +53,9 @@ class MemoryFiles final : public FileSystem {
   using Disk = std::map<std::string, std::string>;
 
   MemoryFiles() = default;
-  // Starts with these files, which are flushed.
+  // Starts with these files, or with one, which are flushed.
   explicit MemoryFiles(const Disk& disk);
+  MemoryFiles(const std::string& path, std::string_view bytes) { Put(path, bytes); }
 
   // Makes a file, which is flushed.
   void Put(const std::string& path, std::string_view bytes);
@@ -90,12 +92,13 @@ class MemoryFiles final : public FileSystem {
   // "truncate to 0: C:\\menus\\a.menu".
   std::size_t operations() const { return log_.size(); }
   const std::vector<std::string>& log() const { return log_; }
+  // The 1-based number of the last operation of this kind on the file. Throws if there is none.
+  std::size_t LastOf(std::string_view operation, std::string_view path) const;
   // The writes, truncations, flushes, deletions and renamings of the log.
   std::vector<std::string> Writes() const;
   // The number of operations that were called after the process had ended.
   std::size_t operationsAfterEnd() const { return operationsAfterEnd_; }
 
-  // All files after a power cut.
   // All files after a power cut.
   Disk AfterPowerCut(PowerCut cut) const;
 
@@ -146,6 +149,15 @@ class MemoryFiles final : public FileSystem {
   std::size_t operationsAfterEnd_ = 0;
   std::vector<std::string> log_;
 };
+
+// Makes the change on a copy of the files. Then makes it on the files, and ends the process
+// at the last operation of this kind on the file. Returns the files after the whole change.
+MemoryFiles::Disk EndProcessAt(MemoryFiles& files, std::string_view operation,
+                               std::string_view path, Fault::Done done,
+                               const std::function<void(MemoryFiles&)>& change);
+
+// The message of the Failure that `run` throws; "no failure" if it throws none.
+std::string FailureOf(const std::function<void()>& run);
 
 }  // namespace menufile
 

@@ -17,8 +17,7 @@ using namespace std::string_literals;
 using Kind = UserChange::Kind;
 
 std::string Rewritten(const std::string& menu, Kind kind, std::size_t row = 0) {
-  MemoryFiles files;
-  files.Put(kMenuPath, menu);
+  MemoryFiles files(kMenuPath, menu);
   const UserChange operation = SampleChange(kind, row);
   Make(files, kMenuPath, operation);
   return files.Get(kMenuPath).value_or("(none)");
@@ -82,8 +81,7 @@ TEST(Picture, KeepsTheBytesBeforeTheMarkerAndBringsItsLineEndInOrder) {
 
 TEST(NewPicture, MayHoldAnyBytes) {
   for (const std::string& picture : {""s, "<"s, "\r\n"s, "\0\xff\r<START"s, SamplePicture()}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, UserMenu(3));
+    MemoryFiles files(kMenuPath, UserMenu(3));
     UserChange operation = SampleChange(Kind::SaveAppearance);
     operation.appearance.picture = picture;
     Make(files, kMenuPath, operation);
@@ -119,19 +117,14 @@ TEST(NoMarker, TheResultIsAskedAboutAgain) {
 TEST(NoMarker, FailsOtherwiseAndTheMenuStays) {
   for (Kind kind : {Kind::Edit, Kind::ChangeIcon, Kind::SaveAppearance, Kind::SaveDirectory,
                     Kind::SwitchToDirectory, Kind::SwitchToUserDefined}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, PreviousVersionMenu(2));
+    MemoryFiles files(kMenuPath, PreviousVersionMenu(2));
     const UserChange operation = SampleChange(kind);
-    try {
-      Make(files, kMenuPath, operation);
-      ADD_FAILURE() << "no failure from " << NameOf(kind);
-    } catch (const Failure& failure) {
-      EXPECT_EQ(
-          "Cannot read the type line, field menu type, of the file:\nC:\\menus\\a.menu\n\n"
-          "The file ends too early (at byte offset " +
-              std::to_string(PreviousVersionMenu(2).size()) + ").",
-          std::string(failure.what()));
-    }
+    EXPECT_EQ(
+        "Cannot read the type line, field menu type, of the file:\nC:\\menus\\a.menu\n\n"
+        "The file ends too early (at byte offset " +
+            std::to_string(PreviousVersionMenu(2).size()) + ").",
+        FailureOf([&] { Make(files, kMenuPath, operation); }))
+        << NameOf(kind);
     EXPECT_EQ(PreviousVersionMenu(2), files.Get(kMenuPath));
   }
 }

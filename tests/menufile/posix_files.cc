@@ -41,7 +41,7 @@ class PosixFiles::OpenFile final : public File {
   std::string FullName() override { return path_; }
 
   std::uint64_t Size() override {
-    EndIfAsked();
+    files_.EndIfAsked();
     struct stat status;
     Require(fstat(descriptor_, &status) == 0, path_, "read");
     return static_cast<std::uint64_t>(status.st_size);
@@ -54,7 +54,7 @@ class PosixFiles::OpenFile final : public File {
   }
 
   std::size_t Read(std::uint64_t offset, std::span<char> bytes) override {
-    EndIfAsked();
+    files_.EndIfAsked();
     std::size_t done = 0;
     while (done < bytes.size()) {
       const ssize_t read = pread(descriptor_, bytes.data() + done, bytes.size() - done,
@@ -69,7 +69,7 @@ class PosixFiles::OpenFile final : public File {
   }
 
   void Truncate(std::uint64_t size) override {
-    EndIfAsked();
+    files_.EndIfAsked();
     Require(ftruncate(descriptor_, static_cast<off_t>(size)) == 0, path_, "cut");
     position_ = static_cast<off_t>(size);
   }
@@ -77,7 +77,7 @@ class PosixFiles::OpenFile final : public File {
   void Seek(std::uint64_t offset) override { position_ = static_cast<off_t>(offset); }
 
   void Write(std::string_view bytes) override {
-    if (files_.CountOperation()) {
+    if (files_.IsToEnd()) {
       WriteNow(bytes.substr(0, bytes.size() / 2));
       _exit(kExitCode);
     }
@@ -85,17 +85,11 @@ class PosixFiles::OpenFile final : public File {
   }
 
   void Flush() override {
-    EndIfAsked();
+    files_.EndIfAsked();
     Require(fsync(descriptor_) == 0, path_, "flush");
   }
 
  private:
-  void EndIfAsked() {
-    if (files_.CountOperation()) {
-      _exit(kExitCode);
-    }
-  }
-
   void WriteNow(std::string_view bytes) {
     while (!bytes.empty()) {
       const ssize_t written = pwrite(descriptor_, bytes.data(), bytes.size(), position_);
@@ -110,6 +104,12 @@ class PosixFiles::OpenFile final : public File {
   int descriptor_;
   off_t position_ = 0;
 };
+
+void PosixFiles::EndIfAsked() {
+  if (IsToEnd()) {
+    _exit(kExitCode);
+  }
+}
 
 PosixFiles::PosixFiles() {
   std::string pattern = (std::filesystem::temp_directory_path() / "menufile_XXXXXX").string();
@@ -135,9 +135,7 @@ std::optional<std::string> PosixFiles::Get(const std::string& path) const {
 }
 
 std::unique_ptr<File> PosixFiles::Open(const std::string& path, OpenMode mode) {
-  if (CountOperation()) {
-    _exit(kExitCode);
-  }
+  EndIfAsked();
   const int flags = mode == OpenMode::Read     ? O_RDONLY
                     : mode == OpenMode::Change ? O_RDWR
                     : mode == OpenMode::New    ? O_RDWR | O_CREAT | O_EXCL
@@ -156,16 +154,12 @@ std::unique_ptr<File> PosixFiles::OpenIfThere(const std::string& path) {
 }
 
 void PosixFiles::Remove(const std::string& path) {
-  if (CountOperation()) {
-    _exit(kExitCode);
-  }
+  EndIfAsked();
   Require(unlink(Full(path).c_str()) == 0, path, "delete");
 }
 
 void PosixFiles::Rename(const std::string& path, const std::string& newPath) {
-  if (CountOperation()) {
-    _exit(kExitCode);
-  }
+  EndIfAsked();
   Require(renameat2(AT_FDCWD, Full(path).c_str(), AT_FDCWD, Full(newPath).c_str(),
                     RENAME_NOREPLACE) == 0,
           path, "rename");

@@ -43,7 +43,8 @@ class PosixFiles final : public FileSystem {
 
   std::string Full(const std::string& path) const { return folder_ + '/' + path; }
   // Counts an operation. Returns true if the process is to end in it.
-  bool CountOperation() { return ++operations_ == endAt_; }
+  bool IsToEnd() { return ++operations_ == endAt_; }
+  void EndIfAsked();
 
   std::string folder_;
   std::size_t operations_ = 0;

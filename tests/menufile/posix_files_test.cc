@@ -53,13 +53,9 @@ TEST(RealFiles, UpgradeAndAppend) {
 TEST(RealFiles, AMissingFileIsAFailure) {
   PosixFiles files;
   RecordingView view;
-  try {
-    MenuFile menu(files, "a.menu");
-    LoadMenuFile(menu, "", view);
-    ADD_FAILURE() << "no failure";
-  } catch (const Failure& failure) {
-    EXPECT_STREQ("Cannot open the file:\na.menu\n\nNo such file or directory.", failure.what());
-  }
+  MenuFile menu(files, "a.menu");
+  EXPECT_EQ("Cannot open the file:\na.menu\n\nNo such file or directory.",
+            FailureOf([&] { LoadMenuFile(menu, "", view); }));
 }
 
 // Makes the change in a process of its own, which ends at that file operation. Returns

@@ -37,53 +37,41 @@ TEST(Lines, TypeLine) {
   EXPECT_EQ("x\"USERDEF\"\r\n\"DIRPOINT\"\r\n", out);
 }
 
-TEST(Lines, AppearanceQuotesOnlyTheFontName) {
-  EXPECT_EQ("1,\"Tahoma\",8.25,-1,0\r\n", LineOf(Appearance(Value::Bare("1"))));
-  EXPECT_EQ(",\"\",,,\r\n", LineOf(AppearanceRecord{}));
-}
-
-TEST(Lines, CheckBoxSetAnd10PointBold) {
-  EXPECT_EQ("1,\"Arial\",10,-1,0\r\n",
-            LineOf(AppearanceRecord{Value::Bare("1"), Value::Quoted("Arial"), Value::Bare("10"),
-                                    Value::Bare("-1"), Value::Bare("0")}));
-}
-
-TEST(Lines, ItemQuotesFiveFieldsEvenEmptyOnes) {
-  EXPECT_EQ("\"a\",\"b, c\",\"\",\"\",\"\",0\r\n",
-            LineOf(MenuItemRecord{Value::Quoted("a"), Value::Quoted("b, c"), Value::Quoted(""),
-                                  Value(), Value::Bare(""), Value::Bare("0")}));
-}
-
-TEST(Lines, SeparatorEndsWithAComma) {
-  const std::string line = LineOf(MenuItemRecord{});
-  EXPECT_EQ("\"\",\"\",\"\",\"\",\"\",\r\n", line);
-  EXPECT_EQ(17u, line.size());
-}
-
-TEST(Lines, DirectoryPointerOfANewOne) {
-  EXPECT_EQ("\"C:\\\",\"*.*\",1,0,0\r\n",
-            LineOf(DirectoryPointerRecord{Value::Quoted("C:\\"), Value::Quoted("*.*"),
-                                          Value::Bare("1"), Value::Bare("0"), Value::Bare("0")}));
-}
-
-TEST(Lines, NumbersInTextFieldsAreQuotedAsTheirText) {
-  EXPECT_EQ("\"7\",\"8.25\",\"1e999\",\"\",\"\",0\r\n",
-            LineOf(MenuItemRecord{Value::Bare("007"), Value::Bare("8.250"), Value::Bare("1e999"),
-                                  Value(), Value(), Value::Bare("+0")}));
-}
-
-TEST(Lines, NothingIsEscaped) {
-  EXPECT_EQ("\"a\"b\r\n\0\xff\",\"\",\"\",\"\",\"\",x y\r\n"s,
-            LineOf(MenuItemRecord{Value::Quoted("a\"b\r\n\0\xff"s), Value(), Value(), Value(),
-                                  Value(), Value::Bare("x y")}));
-}
-
-TEST(Lines, SpacesAtTheFrontGoAndThoseBeforeTheLineEndStay) {
-  EXPECT_EQ("x,\"Tahoma\",8.25,-1,0\r\n", LineOf(Appearance(Value::Quoted("  x"))));
-  EXPECT_EQ(",\"Tahoma\",8.25,-1,0\r\n", LineOf(Appearance(Value::Quoted("  "))));
-  EXPECT_EQ(
-      "\"\",\"\",\"\",\"\",\"\",x  \r\n",
-      LineOf(MenuItemRecord{Value(), Value(), Value(), Value(), Value(), Value::Quoted("x  ")}));
+TEST(Lines, AreTheseBytes) {
+  const Value empty;
+  const auto text = [](std::string bytes) { return Value::Quoted(bytes); };
+  const auto bare = [](const char* characters) { return Value::Bare(characters); };
+  const struct {
+    const char* rule;
+    std::string line;
+    std::string expected;
+  } kLines[] = {
+      {"only the font name is quoted", LineOf(Appearance(bare("1"))), "1,\"Tahoma\",8.25,-1,0\r\n"},
+      {"only the font name is quoted", LineOf(AppearanceRecord{}), ",\"\",,,\r\n"},
+      {"small icons, and 10 points bold",
+       LineOf(AppearanceRecord{bare("1"), text("Arial"), bare("10"), bare("-1"), bare("0")}),
+       "1,\"Arial\",10,-1,0\r\n"},
+      {"five fields are quoted, even empty ones",
+       LineOf(MenuItemRecord{text("a"), text("b, c"), text(""), empty, bare(""), bare("0")}),
+       "\"a\",\"b, c\",\"\",\"\",\"\",0\r\n"},
+      {"a separator ends with a comma", LineOf(MenuItemRecord{}), "\"\",\"\",\"\",\"\",\"\",\r\n"},
+      {"a new directory pointer",
+       LineOf(DirectoryPointerRecord{text("C:\\"), text("*.*"), bare("1"), bare("0"), bare("0")}),
+       "\"C:\\\",\"*.*\",1,0,0\r\n"},
+      {"numbers in text fields are quoted as their text",
+       LineOf(MenuItemRecord{bare("007"), bare("8.250"), bare("1e999"), empty, empty, bare("+0")}),
+       "\"7\",\"8.25\",\"1e999\",\"\",\"\",0\r\n"},
+      {"nothing is escaped",
+       LineOf(MenuItemRecord{text("a\"b\r\n\0\xff"s), empty, empty, empty, empty, bare("x y")}),
+       "\"a\"b\r\n\0\xff\",\"\",\"\",\"\",\"\",x y\r\n"s},
+      {"spaces at the front go", LineOf(Appearance(text("  x"))), "x,\"Tahoma\",8.25,-1,0\r\n"},
+      {"spaces at the front go", LineOf(Appearance(text("  "))), ",\"Tahoma\",8.25,-1,0\r\n"},
+      {"spaces before the line end stay",
+       LineOf(MenuItemRecord{empty, empty, empty, empty, empty, text("x  ")}),
+       "\"\",\"\",\"\",\"\",\"\",x  \r\n"}};
+  for (const auto& line : kLines) {
+    EXPECT_EQ(line.expected, line.line) << line.rule;
+  }
 }
 
 TEST(Lines, AnEntryThatWasReadIsWrittenWithEachChangeOfAField) {

@@ -40,19 +40,11 @@ std::optional<std::string> FinishedByTheNextStart(MemoryFiles& files,
 struct Cut {
   explicit Cut(Kind kind = Kind::Edit, std::string oldMenu = UserMenu(4))
       : old(std::move(oldMenu)) {
-    MemoryFiles whole;
-    whole.Put(kMenuPath, old);
-    Make(whole, kMenuPath, SampleChange(kind, 1));
-    finished = whole.Get(kMenuPath).value();
-    files.Put(kMenuPath, old);
-    std::size_t truncation = 0;
-    for (std::size_t i = 0; i < whole.log().size(); ++i) {
-      if (whole.log()[i] == "truncate to 0: C:\\menus\\a.menu") {
-        truncation = i + 1;
-      }
-    }
-    files.SetFault({truncation, Fault::Kind::EndsProcess, Fault::Done::All});
-    EXPECT_THROW(Make(files, kMenuPath, SampleChange(kind, 1)), ProcessEnded);
+    MemoryFiles files(kMenuPath, old);
+    finished =
+        EndProcessAt(files, "truncate to 0:", kMenuPath, Fault::Done::All, [kind](MemoryFiles& in) {
+          Make(in, kMenuPath, SampleChange(kind, 1));
+        }).at(kMenuPath);
     const MemoryFiles::Disk disk = files.Everything();
     EXPECT_EQ("", disk.at(kMenuPath));
     scratch = disk.at("C:\\current\\"s + ScratchFileOf(kind));
@@ -63,9 +55,6 @@ struct Cut {
   std::string finished;
   std::string scratch;  // with its journal
   std::unique_ptr<MemoryFiles> next;
-
- private:
-  MemoryFiles files;
 };
 
 TEST(CutShort, EveryChangeIsFinishedByTheNextStart) {
@@ -116,8 +105,7 @@ TEST(CutShort, IsNotSeenByATornJournal) {
 TEST(CutShort, IsNotSeenByContentsAlone) {
   for (const std::string& menu : {UserMenu(2), ""s, "picture"s, UserMenu(3).substr(0, 100)}) {
     for (const std::string& leftover : {UserMenu(3), UserMenu(2), ""s, menu + "x"}) {
-      MemoryFiles files;
-      files.Put(kMenuPath, menu);
+      MemoryFiles files(kMenuPath, menu);
       files.Put("temporaryfile", leftover);
       files.Put("zoltempfileoktodelete", leftover);
       EXPECT_FALSE(IsAsked(files));
@@ -128,8 +116,7 @@ TEST(CutShort, IsNotSeenByContentsAlone) {
 
 TEST(CutShort, IsSeenBesideTheMenuToo) {
   Cut cut;
-  MemoryFiles files;
-  files.Put(kMenuPath, "");
+  MemoryFiles files(kMenuPath, "");
   files.Put("C:\\menus\\zoltempfileoktodelete", cut.scratch);
   EXPECT_EQ(cut.finished, FinishedByTheNextStart(files));
 }
@@ -144,22 +131,15 @@ TEST(CutShort, BelongsToItsMenuOnly) {
 // If the menu is in the current folder, two paths lead to its scratch file.
 TEST(CutShort, IsFinishedOnceInTheCurrentFolder) {
   const std::string path = "C:\\current\\a.menu";
-  MemoryFiles files;
-  files.Put(path, UserMenu(4));
-  const auto edit = [&path](MemoryFiles& in) { Make(in, path, SampleChange(Kind::Edit, 1)); };
-  MemoryFiles whole(files.Everything());
-  edit(whole);
-  const auto& log = whole.log();
-  const auto cut = std::find(log.begin(), log.end(), "truncate to 0: " + path);
-  ASSERT_NE(log.end(), cut);
-  files.SetFault({static_cast<std::size_t>(cut - log.begin()) + 1, Fault::Kind::EndsProcess,
-                  Fault::Done::All});
-  EXPECT_THROW(edit(files), ProcessEnded);
+  MemoryFiles files(path, UserMenu(4));
+  const MemoryFiles::Disk whole =
+      EndProcessAt(files, "truncate to 0:", path, Fault::Done::All,
+                   [&path](MemoryFiles& in) { Make(in, path, SampleChange(Kind::Edit, 1)); });
   // The copy that PutAside() leaves if it is interrupted.
   MemoryFiles next(files.Everything());
   next.Put("zoltempfileoktodelete-1", files.Get("zoltempfileoktodelete").value());
-  EXPECT_EQ(whole.Get(path), FinishedByTheNextStart(next, path));
-  EXPECT_EQ(whole.Everything(), next.Everything());
+  EXPECT_EQ(whole.at(path), FinishedByTheNextStart(next, path));
+  EXPECT_EQ(whole, next.Everything());
 }
 
 // Another menu may make any change in the same folder.
@@ -277,15 +257,13 @@ TEST(CutShort, IsNotFinishedOverAMenuThatCameAfterTheQuestion) {
 }
 
 // Another program reads the scratch file, so that it cannot be renamed.
-// Another program reads the scratch file, so that it cannot be renamed.
 TEST(CutShort, IsCopiedAsideWhereItCannotBeRenamed) {
   Cut cut;
   cut.next->ForbidRemove("zoltempfileoktodelete");
   cut.next->Put(kOther, UserMenu(3));
   Make(*cut.next, kOther, SampleChange(Kind::Edit, 1));
   EXPECT_EQ(cut.scratch, cut.next->Get("zoltempfileoktodelete-1"));
-  MemoryFiles clean;
-  clean.Put(kOther, UserMenu(3));
+  MemoryFiles clean(kOther, UserMenu(3));
   Make(clean, kOther, SampleChange(Kind::Edit, 1));
   EXPECT_EQ(clean.Get(kOther), cut.next->Get(kOther));
   EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
@@ -317,8 +295,7 @@ TEST(CutShort, IsNotSeenByAJournalThatCameBack) {
   for (const Kind first : kEditorKinds) {
     for (const Kind second : {Kind::MoveUp, Kind::Edit, Kind::SaveAppearance}) {
       for (const bool isSecondWindow : {false, true}) {
-        MemoryFiles files;
-        files.Put(kMenuPath, UserMenu(4));
+        MemoryFiles files(kMenuPath, UserMenu(4));
         MenuFile menu(files, kMenuPath);
         if (first == Kind::SaveDirectory || first == Kind::SwitchToDirectory) {
           continue;
@@ -338,23 +315,12 @@ TEST(CutShort, IsNotSeenByAJournalThatCameBack) {
 }
 
 TEST(CutShort, AddedEntriesAreFinishedWhateverIsThereOfThem) {
-  MemoryFiles whole;
-  whole.Put(kMenuPath, UserMenu(3));
-  const std::vector<EntryTexts> entries = {{"New", "C:\\new", "", ""}, {"Two", "C:\\2", "", ""}};
-  MenuFile menu(whole, kMenuPath);
-  AddEntries(menu, entries, true);
-  const std::string finished = whole.Get(kMenuPath).value();
-  std::size_t write = 0;
-  for (std::size_t i = 0; i < whole.log().size(); ++i) {
-    if (whole.log()[i].starts_with("write") && whole.log()[i].ends_with(kMenuPath)) {
-      write = i + 1;
-    }
-  }
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(3));
-  files.SetFault({write, Fault::Kind::EndsProcess, Fault::Done::Nothing});
-  MenuFile cutMenu(files, kMenuPath);
-  EXPECT_THROW(AddEntries(cutMenu, entries, true), ProcessEnded);
+  MemoryFiles files(kMenuPath, UserMenu(3));
+  const std::string finished =
+      EndProcessAt(files, "write", kMenuPath, Fault::Done::Nothing, [](MemoryFiles& in) {
+        MenuFile menu(in, kMenuPath);
+        AddEntries(menu, {{"New", "C:\\new", "", ""}, {"Two", "C:\\2", "", ""}}, true);
+      }).at(kMenuPath);
   const MemoryFiles::Disk disk = files.Everything();
   for (std::size_t size = UserMenu(3).size(); size < finished.size(); ++size) {
     for (const bool zeros : {false, true}) {
@@ -377,20 +343,11 @@ TEST(CutShort, AddedEntriesAreFinishedWhateverIsThereOfThem) {
 TEST(CutShort, AddedEntriesAreFinishedWhereTheirDiskBlockWasTorn) {
   const std::string old = UserMenu(250);
   ASSERT_LT(8192u, old.size());
-  MemoryFiles files;
-  files.Put(kMenuPath, old);
-  MenuFile menu(files, kMenuPath);
-  std::size_t flush = 0;
-  {
-    MemoryFiles whole(files.Everything());
-    MenuFile wholeMenu(whole, kMenuPath);
-    AddEntries(wholeMenu, {{"New", "C:\\new", "", ""}}, true);
-    for (std::size_t i = 0; i < whole.log().size(); ++i) {
-      flush = whole.log()[i] == "flush "s + kMenuPath ? i + 1 : flush;
-    }
-  }
-  files.SetFault({flush, Fault::Kind::EndsProcess, Fault::Done::Nothing});
-  EXPECT_THROW(AddEntries(menu, {{"New", "C:\\new", "", ""}}, true), ProcessEnded);
+  MemoryFiles files(kMenuPath, old);
+  EndProcessAt(files, "flush", kMenuPath, Fault::Done::Nothing, [](MemoryFiles& in) {
+    MenuFile menu(in, kMenuPath);
+    AddEntries(menu, {{"New", "C:\\new", "", ""}}, true);
+  });
   MemoryFiles next(files.Everything());
   const std::string finished = next.Get(kMenuPath).value();
   const std::size_t block = old.size() / 4096 * 4096;
@@ -408,8 +365,7 @@ TEST(CutShort, AddedEntriesAreFinishedWhereTheirDiskBlockWasTorn) {
 TEST(Replace, TakesNoReadThatEndsEarlyForTheEnd) {
   for (const Kind kind : {Kind::Delete, Kind::Edit, Kind::ChangeIcon}) {
     for (std::size_t operation = 1; operation <= 45; ++operation) {
-      MemoryFiles clean;
-      clean.Put(kMenuPath, UserMenu(4));
+      MemoryFiles clean(kMenuPath, UserMenu(4));
       MemoryFiles files(clean.Everything());
       Make(clean, kMenuPath, SampleChange(kind, 1));
       files.SetFault({operation, Fault::Kind::EndsEarly, Fault::Done::All});
@@ -427,23 +383,16 @@ TEST(Replace, TakesNoReadThatEndsEarlyForTheEnd) {
 // A process ended before it flushed the menu. The next start finds the menu complete, but
 // has to flush it before it removes the journal.
 TEST(CutShort, IsNotForgottenBeforeTheMenuIsOnTheDisk) {
-  MemoryFiles whole;
-  whole.Put(kMenuPath, UserMenu(4));
-  Make(whole, kMenuPath, SampleChange(Kind::MoveUp, 1));
-  std::size_t flush = 0;
-  for (std::size_t i = 0; i < whole.log().size(); ++i) {
-    flush = whole.log()[i] == "flush "s + kMenuPath ? i + 1 : flush;
-  }
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(4));
-  files.SetFault({flush, Fault::Kind::EndsProcess, Fault::Done::Nothing});
-  EXPECT_THROW(Make(files, kMenuPath, SampleChange(Kind::MoveUp, 1)), ProcessEnded);
+  MemoryFiles files(kMenuPath, UserMenu(4));
+  const std::string finished =
+      EndProcessAt(files, "flush", kMenuPath, Fault::Done::Nothing, [](MemoryFiles& in) {
+        Make(in, kMenuPath, SampleChange(Kind::MoveUp, 1));
+      }).at(kMenuPath);
   files.SetFault({});
   EXPECT_FALSE(IsAsked(files));
   for (PowerCut cut = 0; cut < 50; ++cut) {
     MemoryFiles next(files.AfterPowerCut(cut));
-    EXPECT_EQ(whole.Get(kMenuPath),
-              FinishedByTheNextStart(next).value_or(next.Get(kMenuPath).value()));
+    EXPECT_EQ(finished, FinishedByTheNextStart(next).value_or(next.Get(kMenuPath).value()));
   }
 }
 
@@ -459,16 +408,12 @@ TEST(CutShort, IsFinishedFirstWhereItWasPutAside) {
 
 TEST(Replace, LeavesTheMenuWhereTheDiskHasNoRoom) {
   for (const Kind kind : kEditorKinds) {
-    MemoryFiles files;
     const std::string menu = kind == Kind::SwitchToUserDefined ? DirectoryMenu() : UserMenu(4);
-    files.Put(kMenuPath, menu);
-    MemoryFiles clean;
-    clean.Put(kMenuPath, menu);
+    MemoryFiles clean(kMenuPath, menu);
     Make(clean, kMenuPath, SampleChange(kind, 1));
     const std::size_t newSize = clean.Get(kMenuPath)->size();
     for (std::size_t left = 0; left < 2 * newSize; left += 7) {
-      MemoryFiles full;
-      full.Put(kMenuPath, menu);
+      MemoryFiles full(kMenuPath, menu);
       full.SetCapacity(menu.size() + left);
       try {
         Make(full, kMenuPath, SampleChange(kind, 1));
@@ -484,15 +429,13 @@ TEST(Replace, LeavesTheMenuWhereTheDiskHasNoRoom) {
 // If the menu file cannot be cut, a longer menu is written over it.
 TEST(Replace, WritesOverAMenuThatCannotBeMadeShorter) {
   for (const Kind kind : {Kind::Separator, Kind::MoveUp}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, UserMenu(4));
+    MemoryFiles files(kMenuPath, UserMenu(4));
     files.ForbidTruncate(kMenuPath);
     EXPECT_EQ(ChangeResult::Made, Make(files, kMenuPath, SampleChange(kind, 1)));
     EXPECT_NE(UserMenu(4), files.Get(kMenuPath));
     EXPECT_FALSE(IsAsked(files));
   }
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(4));
+  MemoryFiles files(kMenuPath, UserMenu(4));
   files.ForbidTruncate(kMenuPath);
   MenuFile menu(files, kMenuPath);
   EXPECT_EQ(ChangeResult::Failed, Make(menu, SampleChange(Kind::Delete, 1)));
@@ -503,8 +446,7 @@ TEST(Replace, WritesOverAMenuThatCannotBeMadeShorter) {
 // A scratch file that cannot be deleted holds just the description afterwards, so that
 // three saves give the same menu.
 TEST(Replace, LeavesTheDescriptionInAScratchFileThatStays) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(4));
+  MemoryFiles files(kMenuPath, UserMenu(4));
   files.Put("zoltempfileoktodelete", "");
   files.ForbidRemove("zoltempfileoktodelete");
   const UserChange save = SampleChange(Kind::SaveAppearance);
@@ -519,8 +461,7 @@ TEST(Replace, LeavesTheDescriptionInAScratchFileThatStays) {
 // The entries of another, longer menu must not end up after this one's.
 TEST(Replace, TakesNothingFromAMenuThatStaysInTheScratchFile) {
   for (const Kind kind : kEditorKinds) {
-    MemoryFiles clean;
-    clean.Put(kMenuPath, MenuFor(kind));
+    MemoryFiles clean(kMenuPath, MenuFor(kind));
     MemoryFiles files(clean.Everything());
     Make(clean, kMenuPath, SampleChange(kind, 1));
     files.Put(ScratchFileOf(kind), UserMenu(40));
@@ -532,8 +473,7 @@ TEST(Replace, TakesNothingFromAMenuThatStaysInTheScratchFile) {
 
 // Exceptions other than Failure leave a change to finish, too.
 TEST(Replace, SaysAfterAnyExceptionThatItIsUnfinished) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(4));
+  MemoryFiles files(kMenuPath, UserMenu(4));
   MenuFile menu(files, kMenuPath);
   MenuChange change;
   change.errorMode = ErrorMode::Ignores;

@@ -45,8 +45,7 @@ TEST(DefaultPicture, HoldsNoMarker) {
 TEST(UpgradeMenuFile, PutsPictureMarkerAndTypeLineBeforeTheOldBytes) {
   for (const std::string& old :
        {PreviousVersionMenu(5), ""s, "x"s, "<"s, "\r\n"s, "\0\xff<START ZOL>\n"s}) {
-    MemoryFiles files;
-    files.Put(kMenuPath, old);
+    MemoryFiles files(kMenuPath, old);
     Upgrade(files, DefaultPicture());
     EXPECT_EQ(DefaultPicture() + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n" + old, files.Get(kMenuPath));
     EXPECT_EQ(std::nullopt, files.Get("temporaryfile"));
@@ -54,15 +53,13 @@ TEST(UpgradeMenuFile, PutsPictureMarkerAndTypeLineBeforeTheOldBytes) {
 }
 
 TEST(UpgradeMenuFile, LeavesAFileThatHasAMarkerLineByNow) {
-  MemoryFiles files;
-  files.Put(kMenuPath, UserMenu(2));
+  MemoryFiles files(kMenuPath, UserMenu(2));
   Upgrade(files);
   EXPECT_EQ(UserMenu(2), files.Get(kMenuPath));
 }
 
 TEST(UpgradeMenuFile, DeletesAnOldScratchFileFirst) {
-  MemoryFiles files;
-  files.Put(kMenuPath, "old");
+  MemoryFiles files(kMenuPath, "old");
   files.Put("temporaryfile", "longer than the menu");
   Upgrade(files);
   EXPECT_EQ("ico\r\n<START ZOL>\r\n\"USERDEF\"\r\nold", files.Get(kMenuPath));
@@ -70,8 +67,7 @@ TEST(UpgradeMenuFile, DeletesAnOldScratchFileFirst) {
 }
 
 TEST(UpgradeMenuFile, TheTailOfAScratchFileThatCannotBeDeletedComesAlong) {
-  MemoryFiles files;
-  files.Put(kMenuPath, "old");
+  MemoryFiles files(kMenuPath, "old");
   files.Put("temporaryfile", "longer");
   files.ForbidRemove("temporaryfile");
   Upgrade(files);
@@ -86,16 +82,14 @@ TEST(UpgradeMenuFile, AMissingMenuFileIsNotMade) {
 }
 
 TEST(UpgradeMenuFile, AMenuNamedLikeTheScratchFileStays) {
-  MemoryFiles files;
-  files.Put("temporaryfile", "old");
+  MemoryFiles files("temporaryfile", "old");
   MenuFile menu(files, "temporaryfile");
   UpgradeMenuFile(menu, DefaultPicture());
   EXPECT_EQ("old", files.Get("temporaryfile"));
 }
 
 TEST(UpgradeMenuFile, AScratchFileInUseLeavesTheMenu) {
-  MemoryFiles files;
-  files.Put(kMenuPath, "old");
+  MemoryFiles files(kMenuPath, "old");
   files.Put("temporaryfile", "of another editor");
   files.HoldByOther("temporaryfile");
   Upgrade(files);
@@ -107,15 +101,13 @@ TEST(UpgradeMenuFile, AScratchFileInUseLeavesTheMenu) {
 // next start finishes the conversion.
 TEST(UpgradeMenuFile, ThatFailsIsNotMadeOrFinishedLater) {
   const std::string old = PreviousVersionMenu(3);
-  MemoryFiles whole;
-  whole.Put(kMenuPath, old);
+  MemoryFiles whole(kMenuPath, old);
   Upgrade(whole);
   const std::string converted = whole.Get(kMenuPath).value();
   int cutShort = 0;
   for (std::size_t operation = 1; operation <= whole.operations(); ++operation) {
     for (const Fault::Kind kind : {Fault::Kind::FailsOnce, Fault::Kind::FailsForGood}) {
-      MemoryFiles files;
-      files.Put(kMenuPath, old);
+      MemoryFiles files(kMenuPath, old);
       files.SetFault({operation, kind, Fault::Done::Half});
       MenuFile menu(files, kMenuPath);
       try {

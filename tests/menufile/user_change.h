@@ -1,6 +1,7 @@
 #ifndef CORVALIS_TESTS_MENUFILE_USER_CHANGE_H_
 #define CORVALIS_TESTS_MENUFILE_USER_CHANGE_H_
 
+#include <array>
 #include <cstddef>
 #include <iterator>
 #include <span>
@@ -35,17 +36,13 @@ struct UserChange {
   Directory directory;          // SaveDirectory
 };
 
-inline constexpr UserChange::Kind kEveryKind[] = {UserChange::Kind::Keep,
-                                                  UserChange::Kind::MoveUp,
-                                                  UserChange::Kind::MoveDown,
-                                                  UserChange::Kind::Delete,
-                                                  UserChange::Kind::Separator,
-                                                  UserChange::Kind::Edit,
-                                                  UserChange::Kind::ChangeIcon,
-                                                  UserChange::Kind::SaveAppearance,
-                                                  UserChange::Kind::SaveDirectory,
-                                                  UserChange::Kind::SwitchToDirectory,
-                                                  UserChange::Kind::SwitchToUserDefined};
+inline constexpr auto kEveryKind = [] {
+  std::array<UserChange::Kind, static_cast<int>(UserChange::Kind::SwitchToUserDefined) + 1> kinds{};
+  for (std::size_t i = 0; i < kinds.size(); ++i) {
+    kinds[i] = static_cast<UserChange::Kind>(i);
+  }
+  return kinds;
+}();
 // The kinds that the editor has: all but Keep.
 inline constexpr auto kEditorKinds = std::span(kEveryKind).subspan<1>();
 
