@@ -6,9 +6,6 @@
 // menu; the rest is the menu file. Without a journal, the first text is the whole scratch
 // file.
 #include <algorithm>
-#include <cstdint>
-#include <optional>
-#include <string>
 
 #include "menufile/checksum.h"
 #include "menufile/failure.h"

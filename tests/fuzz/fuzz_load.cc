@@ -1,7 +1,5 @@
 // Loads any bytes as a menu file. Loading has to end like LoadLiterally(): with a menu,
 // the upgrade question or a failure. The converted file has to load like that, too.
-#include <cstdint>
-#include <string_view>
 
 #include "tests/fuzz/require.h"
 #include "tests/menufile/loaded_menu.h"

@@ -3,15 +3,10 @@
 //
 // The input is the kind of the change, its row, flags, the old scratch file and, if the
 // flags say so, the texts of the change. The rest is the menu file.
-#include <cstdint>
-#include <cstdio>
-#include <optional>
-#include <string>
 
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/fuzz/require.h"
 #include "tests/menufile/compare_with_literal.h"
-#include "tests/menufile/user_change.h"
 
 namespace {
 

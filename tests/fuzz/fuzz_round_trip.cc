@@ -4,10 +4,7 @@
 // The input is a byte with flags, the picture, the font name, and then the texts
 // and numbers of the entries; each text comes after its length.
 #include <cmath>
-#include <cstdint>
 #include <cstring>
-#include <string>
-#include <vector>
 
 #include "menufile/reader.h"
 #include "tests/fuzz/fuzz_input.h"

@@ -1,9 +1,6 @@
 // Tests adding entries at the end of a menu file.
 #include <gtest/gtest.h>
 
-#include <string>
-
-#include "menufile/changes.h"
 #include "menufile/failure.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"

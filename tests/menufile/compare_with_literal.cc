@@ -3,7 +3,6 @@
 #include "menufile/failure.h"
 #include "tests/menufile/literal_rewrite.h"
 #include "tests/menufile/loaded_menu.h"
-#include "tests/menufile/memory_files.h"
 
 namespace menufile {
 namespace {

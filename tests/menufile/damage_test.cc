@@ -3,10 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <iostream>
-#include <set>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"

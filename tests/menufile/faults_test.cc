@@ -6,13 +6,7 @@
 
 #include <algorithm>
 #include <iostream>
-#include <map>
-#include <optional>
-#include <random>
-#include <string>
-#include <vector>
 
-#include "menufile/changes.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"
 #include "tests/menufile/two_windows.h"

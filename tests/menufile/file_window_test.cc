@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "menufile/block_writer.h"
 #include "menufile/failure.h"
 #include "menufile/reader.h"

@@ -1,9 +1,6 @@
 // Tests rewrites with an old scratch file.
 #include <gtest/gtest.h>
 
-#include <string>
-
-#include "menufile/failure.h"
 #include "menufile/rewrite.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"

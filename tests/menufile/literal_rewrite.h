@@ -2,7 +2,6 @@
 #define CORVALIS_TESTS_MENUFILE_LITERAL_REWRITE_H_
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "tests/menufile/user_change.h"

@@ -2,9 +2,6 @@
 #define CORVALIS_TESTS_MENUFILE_LOADED_MENU_H_
 
 #include <iosfwd>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "menufile/loader.h"
 #include "tests/menufile/memory_files.h"

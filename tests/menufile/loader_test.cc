@@ -1,10 +1,6 @@
-#include "menufile/loader.h"
 
 #include <gtest/gtest.h>
 
-#include <string>
-
-#include "menufile/failure.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"
 

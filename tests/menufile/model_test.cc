@@ -2,14 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <iostream>
-#include <optional>
 #include <random>
-#include <string>
 #include <vector>
 
 #include "tests/menufile/compare_with_literal.h"
 #include "tests/menufile/sample_menus.h"
-#include "tests/menufile/user_change.h"
 
 namespace menufile {
 namespace {

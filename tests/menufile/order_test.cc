@@ -2,10 +2,6 @@
 // file is emptied, and the menu file is flushed before the journal is removed.
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
-#include "menufile/failure.h"
 #include "menufile/upgrade.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"

@@ -2,9 +2,6 @@
 // a file without a marker.
 #include <gtest/gtest.h>
 
-#include <string>
-
-#include "menufile/failure.h"
 #include "menufile/rewrite.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"

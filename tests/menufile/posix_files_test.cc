@@ -6,14 +6,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <string>
-
-#include "menufile/failure.h"
 #include "menufile/upgrade.h"
 #include "tests/menufile/literal_rewrite.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"
-#include "tests/menufile/user_change.h"
 
 namespace menufile {
 namespace {

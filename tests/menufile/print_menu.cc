@@ -4,7 +4,6 @@
 // in hexadecimal.
 #include <cstdio>
 #include <iostream>
-#include <string>
 
 #include "tests/menufile/loaded_menu.h"
 

@@ -2,12 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <optional>
-#include <string>
 
-#include "menufile/changes.h"
 #include "menufile/failure.h"
-#include "menufile/loader.h"
 #include "menufile/upgrade.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"

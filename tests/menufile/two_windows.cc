@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "menufile/failure.h"
-#include "menufile/loader.h"
 #include "menufile/scratch_file.h"
 #include "menufile/upgrade.h"
 #include "tests/menufile/loaded_menu.h"

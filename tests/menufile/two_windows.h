@@ -2,15 +2,6 @@
 #define CORVALIS_TESTS_MENUFILE_TWO_WINDOWS_H_
 
 #include <array>
-#include <cstddef>
-#include <functional>
-#include <map>
-#include <memory>
-#include <optional>
-#include <random>
-#include <set>
-#include <string>
-#include <vector>
 
 #include "menufile/menu_file.h"
 #include "tests/menufile/memory_files.h"

@@ -4,7 +4,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <string>
 
 #include "menufile/failure.h"
 #include "tests/menufile/loaded_menu.h"

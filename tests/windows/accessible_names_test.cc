@@ -3,12 +3,10 @@
 #include <oleacc.h>
 
 #include <map>
-#include <string>
-#include <vector>
 
 #include "tests/windows/counted_object.h"
-#include "tests/windows/related_window.h"
 #include "tests/windows/window_tour.h"
+#include "win32/window_text.h"
 
 namespace {
 
@@ -97,13 +95,8 @@ class KeptNamesFactory final : public CountedObject<IClassFactory> {
   DWORD cookie_ = 0;
 };
 
-struct NamedControl {
-  int id;
-  const wchar_t* name;
-};
-
 // The names that a screen reader says for the controls that the user can act on.
-constexpr NamedControl kNames[] = {
+const std::map<int, std::wstring> kNames = {
     {IDC_FORM2_SSTAB1, L"Pages"},
     {IDC_FORM2_COMMAND5, L"Quit"},
 
@@ -148,14 +141,7 @@ constexpr NamedControl kNames[] = {
     {IDC_FORM4_HSCROLL1, L"Icon in the file :"},
     {IDC_FORM4_COMMAND2, L"Select Icon Library"},
     {IDC_FORM4_COMMAND1, L"OK"},
-    {IDC_FORM4_COMMAND3, L"Cancel"},
-};
-
-std::wstring WideText(HWND window) {
-  wchar_t text[256] = L"";
-  GetWindowTextW(window, text, 256);
-  return text;
-}
+    {IDC_FORM4_COMMAND3, L"Cancel"}};
 
 }  // namespace
 
@@ -173,17 +159,18 @@ class AccessibleNamesTest : public KeepsNames, public WindowTour {
     if (const auto given = kept.names.find(control); given != kept.names.end()) {
       return given->second;
     }
-    if (Class(control) == "Button") {
-      return WideText(control);
+    if (ClassOf(control) == "Button") {
+      return win32::WindowText(control);
     }
     const HWND before = RelatedWindow(control, GW_HWNDPREV);
-    return before != nullptr && Class(before) == "Static" ? WideText(before) : std::wstring();
+    return before != nullptr && ClassOf(before) == "Static" ? win32::WindowText(before)
+                                                            : std::wstring();
   }
 
   // True if the keyboard or the mouse does something at the control.
   static bool CanBeActedOn(HWND control) {
     const LONG style = GetWindowLongA(control, GWL_STYLE);
-    return (style & WS_TABSTOP) != 0 || (Class(control) == "Static" && (style & SS_NOTIFY) != 0);
+    return (style & WS_TABSTOP) != 0 || (ClassOf(control) == "Static" && (style & SS_NOTIFY) != 0);
   }
 };
 
@@ -197,11 +184,7 @@ TEST_F(AccessibleNamesTest, EveryControlToActOnSaysWhatItDoes) {
       }
     }
   });
-  std::map<int, std::wstring> expected;
-  for (const NamedControl& control : kNames) {
-    expected[control.id] = control.name;
-  }
-  EXPECT_EQ(found, expected);
+  EXPECT_EQ(found, kNames);
 }
 
 TEST_F(AccessibleNamesTest, EveryPreviewSaysWhoseIconItShows) {
@@ -225,12 +208,11 @@ TEST_F(AccessibleNamesTest, NamesGoWithTheirWindow) {
   EXPECT_GT(own, 0U);
   Press(IDC_FORM2_COMMAND2);
   EXPECT_GT(kept.names.size(), own);
-  SendMessageA(GetDlgItem(Find("Form3"), IDC_FORM3_COMMAND2), BM_CLICK, 0, 0);
+  SendMessageA(GetDlgItem(ThreadWindow("Form3"), IDC_FORM3_COMMAND2), BM_CLICK, 0, 0);
   RunMessages();
   EXPECT_EQ(kept.names.size(), own);
   SendMessageA(form().window(), WM_CLOSE, 0, 0);
   EXPECT_TRUE(kept.names.empty());
   EXPECT_EQ(kept.references(), 1U);
-  MSG message;
-  EXPECT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+  EXPECT_TRUE(TakeQuit());
 }

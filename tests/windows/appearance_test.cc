@@ -2,9 +2,7 @@
 
 #include <shlobj.h>
 
-#include <cstdint>
 #include <cstdlib>
-#include <vector>
 
 #include "menufile/menu_file.h"
 #include "menufile/scratch_file.h"
@@ -19,40 +17,13 @@ using testing_menus::UserDefinedMenu;
 
 namespace {
 
-template <typename T>
-void Append(std::string& out, const T& value) {
-  out.append(reinterpret_cast<const char*>(&value), sizeof value);
-}
-
-// A bitmap file of these pixels, which are row by row from the top left.
-std::string BitmapFile(const std::vector<COLORREF>& pixels) {
-  const int side = testing_icons::kIconSize;
-  const std::uint32_t pixelBytes = static_cast<std::uint32_t>(side * side * 3);
-  std::string file = "BM";
-  for (const std::uint32_t number : {54 + pixelBytes, 0U, 54U, 40U, 32U, 32U}) {
-    Append(file, number);
-  }
-  Append(file, std::uint16_t{1});   // planes
-  Append(file, std::uint16_t{24});  // bits a pixel
-  for (const std::uint32_t number : {0U, pixelBytes, 0U, 0U, 0U, 0U}) {
-    Append(file, number);
-  }
-  for (int y = side - 1; y >= 0; --y) {
-    for (int x = 0; x < side; ++x) {
-      const COLORREF pixel = pixels[static_cast<std::size_t>(y * side + x)];
-      file += static_cast<char>(GetBValue(pixel));
-      file += static_cast<char>(GetGValue(pixel));
-      file += static_cast<char>(GetRValue(pixel));
-    }
-  }
-  return file;
-}
+const std::string kLine = "1,\"Liberation Sans\",9.75,0,0\r\n";
 
 }  // namespace
 
 class AppearanceTest : public AppearanceTestBase {
  protected:
-  std::string EmptyPicture() const { return BitmapFile(Empty()); }
+  std::string EmptyPicture() const { return testing_icons::BitmapFile(Empty()); }
 
   void Choose(const std::string& path) {
     ChooseInDialog(path);
@@ -60,20 +31,14 @@ class AppearanceTest : public AppearanceTestBase {
   }
 
   void ExpectSaved() {
-    ASSERT_EQ(answers.Shown().size(), 1U);
-    EXPECT_EQ(answers.Shown()[0].title, "Corvalis Edit");
-    EXPECT_EQ(answers.Shown()[0].text,
-              "You might have to refresh the desktop for the new icon to show.");
-    EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
+    ExpectBoxes(1, "Corvalis Edit",
+                "You might have to refresh the desktop for the new icon to show.");
     EXPECT_FALSE(Exists(scratch));
     EXPECT_EQ(ExitCode(), std::nullopt);
   }
   // Expects the message, and the end of the program as after closing the window.
-  void ExpectWriteError() {
-    ASSERT_EQ(answers.Shown().size(), 1U);
-    EXPECT_EQ(answers.Shown()[0].title, "Error!");
-    EXPECT_EQ(answers.Shown()[0].text, "Error writing to file.");
-    EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
+  void ExpectWriteError(std::size_t boxes = 1) {
+    ExpectBoxes(boxes, "Error!", "Error writing to file.");
     EXPECT_EQ(form().window(), nullptr);
     EXPECT_EQ(ExitCode(), EXIT_SUCCESS);
   }
@@ -83,7 +48,7 @@ class AppearanceTest : public AppearanceTestBase {
 
 TEST_F(AppearanceTest, SaveReplacesThePictureAndTheAppearanceAndKeepsTheRest) {
   OpenPage(Menu("0,\"Tahoma\",8.25,0,-1\r\n"));
-  const std::vector<std::string> rows = Rows();
+  const Texts rows = Rows();
   const std::vector<editor::HiddenRow> hidden = HiddenRows();
   SelectRow(0);
   Choose(twelve);
@@ -91,7 +56,8 @@ TEST_F(AppearanceTest, SaveReplacesThePictureAndTheAppearanceAndKeepsTheRest) {
   Press(IDC_FORM2_CHECK1);
   Save();
   ExpectSaved();
-  EXPECT_EQ(MenuBytes(), Menu("1,\"Tahoma\",8.25,0,-1\r\n", BitmapFile(Showing(colours[7]))));
+  EXPECT_EQ(MenuBytes(),
+            Menu("1,\"Tahoma\",8.25,0,-1\r\n", testing_icons::BitmapFile(Showing(colours[7]))));
   EXPECT_EQ(Rows(), rows);
   EXPECT_EQ(SelectedRow(), 0);
   EXPECT_EQ(HiddenRows()[0].text, hidden[0].text);
@@ -119,7 +85,7 @@ TEST_F(AppearanceTest, TheSavedPictureIsThatOfTheScreen) {
   const std::vector<COLORREF> expected =
       testing_icons::PixelsOf(colours[0], GetSysColor(COLOR_BACKGROUND));
   EXPECT_EQ(Painted(IDC_FORM2_PICTURE1), expected);
-  EXPECT_EQ(MenuBytes(), Menu("0,\"Tahoma\",8.25,0,0\r\n", BitmapFile(expected)));
+  EXPECT_EQ(MenuBytes(), Menu("0,\"Tahoma\",8.25,0,0\r\n", testing_icons::BitmapFile(expected)));
 }
 
 TEST_F(AppearanceTest, WindowsReadsTheSavedPicture) {
@@ -147,7 +113,7 @@ TEST_F(AppearanceTest, WithoutAChoiceTheEmptyBoxIsSaved) {
 }
 
 TEST_F(AppearanceTest, ASecondSaveWritesTheSame) {
-  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  OpenPage(Menu(kLine));
   Choose(one);
   Save();
   const std::string first = MenuBytes();
@@ -156,11 +122,11 @@ TEST_F(AppearanceTest, ASecondSaveWritesTheSame) {
   EXPECT_EQ(answers.Shown().size(), 2U);
   Choose(none);
   Save();
-  EXPECT_EQ(MenuBytes(), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));
+  EXPECT_EQ(MenuBytes(), Menu(kLine, EmptyPicture()));
 }
 
 TEST_F(AppearanceTest, ThePageIsUsableAtOnce) {
-  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  OpenPage(Menu(kLine));
   for (const int id : {IDC_FORM2_COMMAND6, IDC_FORM2_COMMAND10, IDC_FORM2_COMMAND12,
                        IDC_FORM2_CHECK1, IDC_FORM2_PICTURE1, IDC_FORM2_TEXT3}) {
     EXPECT_TRUE(IsVisible(id) && IsEnabled(id)) << id;
@@ -188,66 +154,47 @@ TEST_F(AppearanceTest, ADirectoryPointerIsNotSavedAndKeepsItsBytes) {
 }
 
 TEST_F(AppearanceTest, AMenuWithoutMarkerIsNotSaved) {
-  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  OpenPage(Menu(kLine));
   WriteBytes(MenuPath(), "no marker");
   Save();
   ExpectWriteError();
   EXPECT_EQ(MenuBytes(), "no marker");
 }
 
-TEST_F(AppearanceTest, AReadOnlyMenuIsNotSaved) {
-  const std::string menu = Menu("1,\"Liberation Sans\",9.75,0,0\r\n");
-  OpenPage(menu);
-  MakeReadOnly(MenuPath());
-  Save();
-  MakeWritable(MenuPath());
-  ExpectWriteError();
-  EXPECT_EQ(MenuBytes(), menu);
+TEST_F(AppearanceTest, AMenuThatCannotBeWrittenStays) {
+  std::size_t boxes = 0;
+  for (const Obstacle& obstacle : Obstacles()) {
+    SCOPED_TRACE(obstacle.name);
+    OpenPage(Menu(kLine));
+    obstacle.make();
+    Save();
+    obstacle.remove();
+    ExpectWriteError(++boxes);
+    EXPECT_EQ(MenuBytes(), Menu(kLine));
+  }
 }
 
 TEST_F(AppearanceTest, AMissingMenuIsNotMade) {
-  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  OpenPage(Menu(kLine));
   ASSERT_TRUE(DeleteFileA(MenuPath().c_str()));
   Save();
   ExpectWriteError();
   EXPECT_FALSE(Exists(MenuPath()));
 }
 
-TEST_F(AppearanceTest, ALockedMenuIsNotSaved) {
-  const std::string menu = Menu("1,\"Liberation Sans\",9.75,0,0\r\n");
-  OpenPage(menu);
-  const HANDLE lock = CreateFileA(MenuPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                  OPEN_EXISTING, 0, nullptr);
-  ASSERT_NE(lock, INVALID_HANDLE_VALUE);
-  Save();
-  CloseHandle(lock);
-  ExpectWriteError();
-  EXPECT_EQ(MenuBytes(), menu);
-}
-
-TEST_F(AppearanceTest, AScratchFileThatCannotBeMadeIsAnError) {
-  const std::string menu = Menu("1,\"Liberation Sans\",9.75,0,0\r\n");
-  OpenPage(menu);
-  ASSERT_TRUE(CreateDirectoryA(PathOf(scratch).c_str(), nullptr));
-  Save();
-  ExpectWriteError();
-  EXPECT_EQ(MenuBytes(), menu);
-}
-
 TEST_F(AppearanceTest, AnOldScratchFileIsDeletedFirst) {
-  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
+  OpenPage(Menu(kLine));
   WriteBytes(PathOf(scratch), std::string(9000, '#'));
   Save();
   ExpectSaved();
-  EXPECT_EQ(MenuBytes(), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));
+  EXPECT_EQ(MenuBytes(), Menu(kLine, EmptyPicture()));
 }
 
 TEST_F(AppearanceTest, ThatFailsHalfWayIsFinishedByTheNextStart) {
   FaultyFiles full(windowsFiles);
   files = &full;
-  OpenPage(Menu("1,\"Liberation Sans\",9.75,0,0\r\n"));
-  full.limitedFile = "test.menu";
-  full.bytesLeft = 100;
+  OpenPage(Menu(kLine));
+  full.FillDiskOf("test.menu", 100);
   Save();
   // The window tries to finish it when it closes.
   ASSERT_EQ(answers.Shown().size(), 2U);
@@ -258,12 +205,12 @@ TEST_F(AppearanceTest, ThatFailsHalfWayIsFinishedByTheNextStart) {
   menufile::MenuFile next(windowsFiles, MenuPath());
   ASSERT_TRUE(next.WasCutShort());
   next.AnswerYes();
-  EXPECT_EQ(MenuBytes(), Menu("1,\"Liberation Sans\",9.75,0,0\r\n", EmptyPicture()));
+  EXPECT_EQ(MenuBytes(), Menu(kLine, EmptyPicture()));
 }
 
 // Otherwise a reader would find the marker in the middle of the picture.
 TEST_F(AppearanceTest, APictureWithTheMarkerInItIsNotSaved) {
-  const std::string menu = Menu("1,\"Liberation Sans\",9.75,0,0\r\n");
+  const std::string menu = Menu(kLine);
   OpenPage(menu);
   Choose(Write("marker.ico", testing_icons::IconFileHolding("\r\n<START ZOL>\r\n\r\n\r\n")));
   Save();

@@ -1,10 +1,6 @@
 #ifndef CORVALIS_TESTS_WINDOWS_APPEARANCE_TEST_BASE_H_
 #define CORVALIS_TESTS_WINDOWS_APPEARANCE_TEST_BASE_H_
 
-#include <windows.h>
-
-#include <string>
-
 #include "tests/windows/icon_test_base.h"
 
 // Opens the Appearance page of a menu, and saves it.

@@ -1,10 +1,7 @@
 // Tests with files that another program has open: for a moment, like an indexer or a virus
 // scanner, or for long.
-#include <gtest/gtest.h>
 
 #include <chrono>
-#include <functional>
-#include <string>
 #include <thread>
 
 #include "menufile/failure.h"

@@ -1,6 +1,5 @@
 #include "editor/command_line.h"
 #include "tests/windows/code_pages.h"
-#include "tests/windows/drag_data.h"
 #include "tests/windows/icon_files.h"
 #include "tests/windows/wizard_test_base.h"
 #include "win32/text.h"
@@ -68,21 +67,9 @@ class CodePageTest : public WizardTestBase {
   }
   void ChooseInDialog(const std::wstring& path) {
     answers.OnDialog([path](HWND dialog) {
-      HWND name = GetDlgItem(dialog, 0x47C);  // the name box with a list, or without
-      name = name != nullptr ? name : GetDlgItem(dialog, 0x480);
-      SetWindowTextW(name, path.c_str());
+      SetWindowTextW(FileNameBox(dialog), path.c_str());
       PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
-  }
-  void Drop(const std::vector<std::wstring>& paths) {
-    auto* const target =
-        static_cast<IDropTarget*>(GetPropW(Control(IDC_FORM2_LIST1), L"OleDropTargetInterface"));
-    DragData* const data = DragData::Files(paths);
-    DWORD effect = DROPEFFECT_COPY;
-    EXPECT_EQ(target->DragEnter(data, MK_LBUTTON, {}, &effect), S_OK);
-    EXPECT_EQ(target->Drop(data, 0, {}, &effect), S_OK);
-    data->Release();
-    RunMessages();
   }
   std::wstring Row(int row) { return win32::ListText(Control(IDC_FORM2_LIST1), row); }
   void ExpectError(const std::wstring& text) {

@@ -5,8 +5,7 @@
 #include <set>
 
 #include "resources/version.h"
-#include "tests/windows/form2_test_base.h"
-#include "tests/windows/related_window.h"
+#include "tests/windows/window_tour.h"
 
 using testing_menus::DirectoryMenu;
 using testing_menus::ItemLine;
@@ -115,28 +114,21 @@ const ShownPage kPages[] = {
     {"about a directory pointer", DirectoryMenu("\"C:\\\",\"*.*\",1,0,0\r\n"), 2, kAbout},
 };
 
-class ControlsTest : public Form2Test {
+class ControlsTest : public WindowTour {
  protected:
   void Show(const ShownPage& page) {
     ASSERT_TRUE(Open(page.menu));
     SelectTab(page.tab);
   }
 
-  static BOOL CALLBACK FindToolTips(HWND window, LPARAM data) {
-    auto& [owner, found] = *reinterpret_cast<std::pair<HWND, HWND>*>(data);
-    char name[32] = "";
-    GetClassNameA(window, name, sizeof name);
-    if (std::string(name) == TOOLTIPS_CLASSA && RelatedWindow(window, GW_OWNER) == owner) {
-      found = window;
-    }
-    return TRUE;
-  }
   HWND ToolTips() {
-    std::pair<HWND, HWND> search{form().window(), nullptr};
-    EnumThreadWindows(GetCurrentThreadId(), FindToolTips, reinterpret_cast<LPARAM>(&search));
-    EXPECT_NE(search.second, nullptr);
-    return search.second;
+    const HWND found = ThreadWindow(TOOLTIPS_CLASSA, [this](HWND window) {
+      return RelatedWindow(window, GW_OWNER) == form().window();
+    });
+    EXPECT_NE(found, nullptr);
+    return found;
   }
+
   std::string ToolTip(int id) {
     char text[256] = "";
     TTTOOLINFOA tool{};
@@ -152,29 +144,10 @@ class ControlsTest : public Form2Test {
   // The ids of all controls of a window, even of hidden ones.
   static std::multiset<int> Ids(HWND window) {
     std::multiset<int> ids;
-    for (HWND control = RelatedWindow(window, GW_CHILD); control != nullptr;
-         control = RelatedWindow(control, GW_HWNDNEXT)) {
+    for (const HWND control : ControlsOf(window)) {
       ids.insert(GetDlgCtrlID(control));
     }
     return ids;
-  }
-  static std::string Class(HWND control) {
-    char name[32] = "";
-    GetClassNameA(control, name, sizeof name);
-    return name;
-  }
-  RECT Place(HWND control) {
-    RECT rect{};
-    GetWindowRect(control, &rect);
-    MapWindowPoints(nullptr, form().window(), reinterpret_cast<POINT*>(&rect), 2);
-    return rect;
-  }
-  void Enlarge(int width, int height) {
-    RECT rect{};
-    GetWindowRect(form().window(), &rect);
-    SetWindowPos(form().window(), nullptr, 0, 0, rect.right - rect.left + width,
-                 rect.bottom - rect.top + height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    RunMessages();
   }
 };
 
@@ -184,7 +157,7 @@ TEST_F(ControlsTest, MatchTheTable) {
     SCOPED_TRACE(expected.id);
     const HWND control = Control(expected.id);
     ASSERT_NE(control, nullptr);
-    EXPECT_EQ(Class(control), expected.windowClass);
+    EXPECT_EQ(ClassOf(control), expected.windowClass);
     if (std::string(expected.windowClass) == "Button") {
       EXPECT_EQ(GetWindowLongA(control, GWL_STYLE) & BS_TYPEMASK, expected.type);
     }
@@ -203,21 +176,21 @@ TEST_F(ControlsTest, NoWindowHasOthers) {
     expected.insert(control.id);
   }
   EXPECT_EQ(Ids(form().window()), expected);
-  const auto child = [this](const wchar_t* windowClass, int button) {
+  const auto child = [this](const char* windowClass, int button) {
     Press(button);
-    const HWND window = FindWindowW(windowClass, nullptr);
+    const HWND window = ThreadWindow(windowClass);
     std::multiset<int> ids = Ids(window);
     SendMessageW(window, WM_CLOSE, 0, 0);
     RunMessages();
     return ids;
   };
   EXPECT_EQ(
-      child(L"Form3", IDC_FORM2_COMMAND2),
+      child("Form3", IDC_FORM2_COMMAND2),
       (std::multiset<int>{IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1, IDC_FORM3_TEXT1, IDC_FORM3_COMMAND3,
                           IDC_FORM3_LABEL2, IDC_FORM3_TEXT2, IDC_FORM3_LABEL3, IDC_FORM3_TEXT3,
                           IDC_FORM3_TEXT4, IDC_FORM3_LINE, IDC_FORM3_COMMAND4, IDC_FORM3_COMMAND1,
                           IDC_FORM3_COMMAND5, IDC_FORM3_COMMAND2}));
-  EXPECT_EQ(child(L"Form4", IDC_FORM2_COMMAND11),
+  EXPECT_EQ(child("Form4", IDC_FORM2_COMMAND11),
             (std::multiset<int>{IDC_FORM4_PICTURE1, IDC_FORM4_HSCROLL1_LABEL, IDC_FORM4_HSCROLL1,
                                 IDC_FORM4_LABEL1, IDC_FORM4_COMMAND2, IDC_FORM4_COMMAND1,
                                 IDC_FORM4_COMMAND3}));
@@ -279,7 +252,7 @@ TEST_F(ControlsTest, TheWindowHasALeastSize) {
   ASSERT_TRUE(Open(UserDefinedMenu({})));
   RECT before{};
   GetWindowRect(form().window(), &before);
-  Enlarge(-200, -200);
+  Enlarge(form().window(), -200, -200);
   MINMAXINFO info{};
   SendMessageA(form().window(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
   EXPECT_EQ(info.ptMinTrackSize.x, before.right - before.left);
@@ -295,7 +268,7 @@ TEST_F(ControlsTest, ListsAndPathGrowWithTheWindow) {
   const auto list = size(IDC_FORM2_LIST1);
   const auto folders = size(IDC_FORM2_DIR1);
   const auto path = size(IDC_FORM2_TEXT7);
-  Enlarge(200, 150);
+  Enlarge(form().window(), 200, 150);
   EXPECT_EQ(size(IDC_FORM2_LIST1), std::make_pair(list.first + 200, list.second + 150));
   EXPECT_EQ(size(IDC_FORM2_DIR1), std::make_pair(folders.first + 200, folders.second + 150));
   EXPECT_EQ(size(IDC_FORM2_TEXT7), std::make_pair(path.first + 200, path.second));

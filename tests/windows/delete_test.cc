@@ -17,13 +17,13 @@ const std::string kC = ItemLine("Gamma", "C:\\c.exe");
 class DeleteTest : public ListTest {};
 
 TEST_F(DeleteTest, RemovesEachRow) {
-  const std::vector<std::string> lines{kA, kSeparatorLine, kB, kC};
+  const Texts lines{kA, kSeparatorLine, kB, kC};
   for (int row = 0; row < 4; ++row) {
     ASSERT_TRUE(OpenLines(lines));
     std::vector<RowState> state = State();
     SelectRow(row);
     Press(kDelete);
-    std::vector<std::string> left = lines;
+    Texts left = lines;
     left.erase(left.begin() + row);
     state.erase(state.begin() + row);
     ExpectSettled(left);
@@ -91,12 +91,12 @@ TEST_F(DeleteTest, NothingSelectedDoesNothing) {
   form().iconic1().Draw(LoadIconA(nullptr, MAKEINTRESOURCEA(32512)));  // any
   Press(kDelete);
   EXPECT_EQ(MenuBytes(), menu);
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", "Gamma"}));
+  EXPECT_EQ(Rows(), (Texts{"Alpha", "Gamma"}));
   EXPECT_FALSE(PreviewIsClear());
 }
 
 TEST_F(DeleteTest, OneAfterAnotherUntilNoneIsLeft) {
-  std::vector<std::string> lines{kA, kSeparatorLine, kSeparatorLine, kB, kC};
+  Texts lines{kA, kSeparatorLine, kSeparatorLine, kB, kC};
   ASSERT_TRUE(OpenLines(lines));
   while (!lines.empty()) {
     SelectRow(0);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 #include "tests/windows/related_window.h"
@@ -17,41 +16,15 @@ constexpr int kMessageTextId = 0xFFFF;
 
 // Their captions are in the user's language.
 std::string ButtonName(int id) {
-  switch (id) {
-    case IDOK:
-      return "OK";
-    case IDYES:
-      return "Yes";
-    case IDNO:
-      return "No";
-    default:
-      return "button " + std::to_string(id);
-  }
+  return id == IDOK    ? "OK"
+         : id == IDYES ? "Yes"
+         : id == IDNO  ? "No"
+                       : "button " + std::to_string(id);
 }
 
-BOOL CALLBACK AddButton(HWND control, LPARAM box) {
-  char name[16] = "";
-  GetClassNameA(control, name, sizeof name);
-  if (std::string(name) == "Button") {
-    reinterpret_cast<ShownBox*>(box)->buttons.push_back(ButtonName(GetDlgCtrlID(control)));
-  }
-  return TRUE;
-}
-
-// True if a window of the program is visible.
-bool ShowsForm() {
-  bool shows = false;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM result) -> BOOL {
-        char name[16] = "";
-        GetClassNameA(window, name, sizeof name);
-        *reinterpret_cast<bool*>(result) |=
-            IsWindowVisible(window) && std::string_view(name).starts_with("Form");
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&shows));
-  return shows;
+// True for a visible window of the program.
+bool IsShownForm(HWND window) {
+  return IsWindowVisible(window) && ClassOf(window).starts_with("Form");
 }
 
 }  // namespace
@@ -83,10 +56,8 @@ void DialogAnswers::OnDialog(std::function<void(HWND)> drive) {
 LRESULT CALLBACK DialogAnswers::Hook(int code, WPARAM wide, LPARAM data) {
   if (code == HCBT_ACTIVATE && current_ != nullptr) {
     const HWND window = reinterpret_cast<HWND>(wide);
-    char name[16] = "";
-    GetClassNameA(window, name, sizeof name);
     std::vector<HWND>& opened = current_->opened_;
-    if (std::string(name) == "#32770" &&
+    if (ClassOf(window) == "#32770" &&
         std::find(opened.begin(), opened.end(), window) == opened.end()) {
       opened.push_back(window);
       SetTimer(window, 0x7E57, 10, Tick);
@@ -120,9 +91,13 @@ void DialogAnswers::Handle(HWND dialog) {
   box.wideText = win32::WindowText(message);
   const HWND owner = RelatedWindow(dialog, GW_OWNER);
   box.owner = owner != nullptr && !IsWindowEnabled(owner) ? owner : nullptr;
-  EXPECT_TRUE(box.owner != nullptr || !ShowsForm())
+  EXPECT_TRUE(box.owner != nullptr || ThreadWindow(nullptr, IsShownForm) == nullptr)
       << "the box belongs to no window: " << box.title << ", " << box.text;
-  EnumChildWindows(dialog, AddButton, reinterpret_cast<LPARAM>(&box));
+  for (const HWND control : ControlsOf(dialog)) {
+    if (ClassOf(control) == "Button") {
+      box.buttons.push_back(ButtonName(GetDlgCtrlID(control)));
+    }
+  }
   shown_.push_back(box);
   int button = GetDlgItem(dialog, IDOK) != nullptr ? IDOK : IDNO;
   if (!answers_.empty()) {

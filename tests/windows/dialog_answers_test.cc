@@ -1,4 +1,3 @@
-#include "tests/windows/dialog_answers.h"
 
 #include <gtest/gtest-spi.h>
 

@@ -1,6 +1,4 @@
-#include <functional>
 
-#include "menufile/failure.h"
 #include "menufile/menu_file.h"
 #include "tests/windows/directory_test_base.h"
 #include "tests/windows/faulty_files.h"
@@ -82,7 +80,7 @@ class DirectoryFailuresTest : public DirectoryTest {
       EXPECT_EQ(Path(), "C:\\windows\\");
       EXPECT_EQ(Checks(), "001");
     } else {
-      EXPECT_EQ(Rows(), (std::vector<std::string>{"One", "Two"}));
+      EXPECT_EQ(Rows(), (Texts{"One", "Two"}));
       EXPECT_EQ(form().items().Hidden(1).tag, "C:\\two.exe");
     }
   }
@@ -96,12 +94,27 @@ class DirectoryFailuresTest : public DirectoryTest {
   }
 };
 
-TEST_F(DirectoryFailuresTest, AReadOnlyMenu) {
+TEST_F(DirectoryFailuresTest, AMenuOrAScratchFileThatCannotBeWritten) {
+  std::optional<LockedFile> lock;
+  std::vector<Obstacle> obstacles = Obstacles();
+  obstacles.push_back({"a menu file that nobody else may open",
+                       [&] { lock.emplace(MenuPath(), 0); }, [&] { lock.reset(); }});
+  obstacles.push_back({"a scratch file that another program holds",
+                       [&] {
+                         lock.emplace(PathOf("temporaryfile"), 0, GENERIC_READ | GENERIC_WRITE,
+                                      CREATE_ALWAYS);
+                       },
+                       [&] {
+                         lock.reset();
+                         DeleteFileA(PathOf("temporaryfile").c_str());
+                       }});
   for (const Action& action : kActions) {
-    PressSpoiled(
-        action, [&] { MakeReadOnly(MenuPath()); }, [&] { MakeWritable(MenuPath()); });
-    ExpectAsItWas(action);
-    ExpectWorksNow(action);
+    for (const Obstacle& obstacle : obstacles) {
+      SCOPED_TRACE(obstacle.name);
+      PressSpoiled(action, obstacle.make, obstacle.remove);
+      ExpectAsItWas(action);
+      ExpectWorksNow(action);
+    }
   }
 }
 
@@ -112,53 +125,6 @@ TEST_F(DirectoryFailuresTest, AMenuThatIsGone) {
     EXPECT_FALSE(Exists(MenuPath())) << action.name;
     EXPECT_FALSE(Exists(PathOf("temporaryfile"))) << action.name;
     ExpectWindowAsItWas(action);
-  }
-}
-
-TEST_F(DirectoryFailuresTest, AMenuThatAnotherProgramHolds) {
-  for (const Action& action : kActions) {
-    for (const DWORD share : {DWORD{0}, DWORD{FILE_SHARE_READ}}) {
-      HANDLE held = INVALID_HANDLE_VALUE;
-      PressSpoiled(
-          action,
-          [&] {
-            held = CreateFileA(MenuPath().c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0,
-                               nullptr);
-            ASSERT_NE(held, INVALID_HANDLE_VALUE);
-          },
-          [&] { CloseHandle(held); });
-      ExpectAsItWas(action);
-    }
-    ExpectWorksNow(action);
-  }
-}
-
-TEST_F(DirectoryFailuresTest, AScratchFileThatCannotBeMade) {
-  for (const Action& action : kActions) {
-    PressSpoiled(
-        action, [&] { Make("temporaryfile"); },
-        [&] { EXPECT_TRUE(RemoveDirectoryA(PathOf("temporaryfile").c_str())); });
-    ExpectAsItWas(action);
-    ExpectWorksNow(action);
-  }
-}
-
-TEST_F(DirectoryFailuresTest, AScratchFileThatAnotherProgramHolds) {
-  for (const Action& action : kActions) {
-    HANDLE held = INVALID_HANDLE_VALUE;
-    PressSpoiled(
-        action,
-        [&] {
-          held = CreateFileA(PathOf("temporaryfile").c_str(), GENERIC_READ | GENERIC_WRITE, 0,
-                             nullptr, CREATE_ALWAYS, 0, nullptr);
-          ASSERT_NE(held, INVALID_HANDLE_VALUE);
-        },
-        [&] {
-          CloseHandle(held);
-          DeleteFileA(PathOf("temporaryfile").c_str());
-        });
-    ExpectAsItWas(action);
-    ExpectWorksNow(action);
   }
 }
 

@@ -59,9 +59,8 @@ TEST_F(DirectoryPageTest, AFolderThatIsNotThereLeavesTheListWhereItWas) {
 }
 
 TEST_F(DirectoryPageTest, ADriveThatIsNotThereLeavesBothListsWhereTheyWere) {
-  for (const std::string& path :
-       {std::string("K:\\menus"), std::string("\\\\server\\share"), std::string("menus"),
-        std::string("\\windows"), std::string("http://www.debian.org/")}) {
+  for (const std::string path :
+       {"K:\\menus", "\\\\server\\share", "menus", "\\windows", "http://www.debian.org/"}) {
     ASSERT_TRUE(Open(DirectoryMenu(Line(path))));
     EXPECT_EQ(Path(), path.back() == '\\' ? path : path + "\\") << path;
     EXPECT_EQ(Drive(), folder().substr(0, 2)) << path;
@@ -283,39 +282,29 @@ TEST_F(DirectoryPageTest, AFolderThatIsGoneOpensNothing) {
 }
 
 TEST_F(DirectoryPageTest, ThePathEndsWithABackslashAfterEveryKey) {
-  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
-  SetCaret(IDC_FORM2_TEXT7, 3, 3);
-  TypeKeys(IDC_FORM2_TEXT7, "a");
-  EXPECT_EQ(Path(), "C:\\a\\");
-  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(4UL, 4UL));
-  TypeKeys(IDC_FORM2_TEXT7, "bc");
-  EXPECT_EQ(Path(), "C:\\abc\\");
-  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(6UL, 6UL));
-  // A typed backslash is a second one.
-  TypeKeys(IDC_FORM2_TEXT7, "\\");
-  EXPECT_EQ(Path(), "C:\\abc\\\\");
-  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(7UL, 7UL));
-}
-
-TEST_F(DirectoryPageTest, TheBackslashComesBackWhenItIsDeleted) {
-  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\menus"))));
-  SetCaret(IDC_FORM2_TEXT7, 9, 9);
-  TypeKeys(IDC_FORM2_TEXT7, "\b");
-  EXPECT_EQ(Path(), "C:\\menus\\");
-  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(8UL, 8UL));
-  TypeKeys(IDC_FORM2_TEXT7, "\b");
-  EXPECT_EQ(Path(), "C:\\menu\\");
-  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(7UL, 7UL));
-}
-
-TEST_F(DirectoryPageTest, AnEmptiedBoxBecomesABackslash) {
-  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\menus"))));
-  SetCaret(IDC_FORM2_TEXT7, 0, -1);
-  TypeKeys(IDC_FORM2_TEXT7, "\b");
-  EXPECT_EQ(Path(), "\\");
-  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(0UL, 0UL));
-  Type(IDC_FORM2_TEXT7, "");
-  EXPECT_EQ(Path(), "\\");
+  const struct {
+    const char* rule;
+    std::string path;
+    int first;  // the selection
+    int last;
+    std::string typed;
+    std::string shown;
+    DWORD caret;
+  } cases[] = {{"typed before it", "C:\\", 3, 3, "a", "C:\\a\\", 4},
+               {"typed before it", "C:\\", 3, 3, "abc", "C:\\abc\\", 6},
+               {"a typed backslash is a second one", "C:\\abc", 6, 6, "\\", "C:\\abc\\\\", 7},
+               {"comes back when it is deleted", "C:\\menus", 9, 9, "\b", "C:\\menus\\", 8},
+               {"comes back when it is deleted", "C:\\menus", 9, 9, "\b\b", "C:\\menu\\", 7},
+               {"an emptied box", "C:\\menus", 0, -1, "\b", "\\", 0},
+               {"typed over a selection", "C:\\work\\more", 3, 8, "x", "C:\\xmore\\", 4}};
+  for (const auto& key : cases) {
+    SCOPED_TRACE(key.rule);
+    ASSERT_TRUE(Open(DirectoryMenu(Line(key.path))));
+    SetCaret(IDC_FORM2_TEXT7, key.first, key.last);
+    TypeKeys(IDC_FORM2_TEXT7, key.typed);
+    EXPECT_EQ(Path(), key.shown);
+    EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(key.caret, key.caret));
+  }
 }
 
 TEST_F(DirectoryPageTest, AChangeInTheMiddleLeavesTheCaretThere) {
@@ -325,17 +314,14 @@ TEST_F(DirectoryPageTest, AChangeInTheMiddleLeavesTheCaretThere) {
                reinterpret_cast<LPARAM>("work\\more"));
   EXPECT_EQ(Path(), "C:\\work\\more\\");
   EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(12UL, 12UL));
-  SetCaret(IDC_FORM2_TEXT7, 3, 8);
-  TypeKeys(IDC_FORM2_TEXT7, "x");
-  EXPECT_EQ(Path(), "C:\\xmore\\");
-  EXPECT_EQ(Caret(IDC_FORM2_TEXT7), std::make_pair(4UL, 4UL));
 }
 
-TEST_F(DirectoryPageTest, ThereIsRoomForTheBackslashAfterALongText) {
+TEST_F(DirectoryPageTest, ASetTextGetsTheBackslashEvenIfItIsLongOrEmpty) {
   ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
-  const std::string text(70000, 'x');
-  Type(IDC_FORM2_TEXT7, text);
-  EXPECT_EQ(Path(), text + "\\");
+  for (const std::string& text : {std::string(70000, 'x'), std::string()}) {
+    Type(IDC_FORM2_TEXT7, text);
+    EXPECT_EQ(Path(), text + "\\");
+  }
 }
 
 TEST_F(DirectoryPageTest, TypingInThePathLeavesTheLists) {

@@ -1,10 +1,7 @@
-#include <windows.h>
-
-#include <commctrl.h>
-
 #include "tests/windows/code_pages.h"
 #include "tests/windows/drag_data.h"
 #include "tests/windows/faulty_files.h"
+#include "tests/windows/message_watch.h"
 #include "tests/windows/replaced_import.h"
 #include "tests/windows/wizard_test_base.h"
 #include "win32/text.h"
@@ -28,11 +25,6 @@ class DropTest : public WizardTestBase {
     DWORD drop;
     friend bool operator==(const Effects&, const Effects&) = default;
   };
-
-  // Windows and Wine keep the interface in this property.
-  IDropTarget* Target() {
-    return static_cast<IDropTarget*>(GetPropA(Control(IDC_FORM2_LIST1), "OleDropTargetInterface"));
-  }
 
   // Does what OLE does while the data is dragged over the list and dropped there, and
   // then handles the messages. Releases the data.
@@ -59,10 +51,10 @@ class DropTest : public WizardTestBase {
     return effects;
   }
 
-  Effects DragFiles(const std::vector<std::string>& paths, DWORD allowed = kCopyMoveLink) {
+  Effects DragFiles(const Texts& paths, DWORD allowed = kCopyMoveLink) {
     return Drag(FileData(paths), allowed);
   }
-  static DragData* FileData(const std::vector<std::string>& paths) {
+  static DragData* FileData(const Texts& paths) {
     std::vector<std::wstring> wide;
     for (const std::string& path : paths) {
       wide.push_back(win32::ToText(path));
@@ -206,8 +198,8 @@ TEST_F(DropTest, RefusedWhileTheWizardIsOpen) {
 }
 
 TEST_F(DropTest, SeveralHundredFiles) {
-  std::vector<std::string> paths;
-  std::vector<std::string> lines{kA};
+  Texts paths;
+  Texts lines{kA};
   for (int number = 0; number < 500; ++number) {
     const std::string name = "file " + std::to_string(number) + ".txt";
     WriteBytes(PathOf(name), "");
@@ -217,16 +209,12 @@ TEST_F(DropTest, SeveralHundredFiles) {
   ASSERT_TRUE(OpenLines({kA}));
   // The pointer while rows are added.
   HCURSOR pointer = nullptr;
-  const auto watch = [](HWND window, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
-                        DWORD_PTR context) -> LRESULT {
-    if (message == LB_INSERTSTRING) {
-      *reinterpret_cast<HCURSOR*>(context) = GetCursor();
-    }
-    return DefSubclassProc(window, message, wide, data);
-  };
-  SetWindowSubclass(Control(IDC_FORM2_LIST1), watch, 1, reinterpret_cast<DWORD_PTR>(&pointer));
-  EXPECT_EQ(DragFiles(paths), kCopied);
-  RemoveWindowSubclass(Control(IDC_FORM2_LIST1), watch, 1);
+  {
+    const MessageWatch watch(Control(IDC_FORM2_LIST1), [&](UINT message, WPARAM) {
+      pointer = message == LB_INSERTSTRING ? GetCursor() : pointer;
+    });
+    EXPECT_EQ(DragFiles(paths), kCopied);
+  }
   EXPECT_EQ(pointer, LoadCursorA(nullptr, MAKEINTRESOURCEA(32514)));  // the hourglass
   EXPECT_NE(GetCursor(), pointer);
   ExpectSettled(lines);
@@ -248,10 +236,10 @@ TEST_F(DropTest, WithoutAShortNameAMessageNamesTheFile) {
   EXPECT_EQ(
       answers.Shown()[0].wideText,
       L"File " + path + L" cannot be added. Its name has characters that a menu file cannot hold.");
-  EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
+  EXPECT_EQ(answers.Shown()[0].buttons, Texts{"OK"});
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({ItemLine("before", PathOf("before")),
                                                          ItemLine("after", PathOf("after"))}));
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"before", "after"}));
+  EXPECT_EQ(Rows(), (Texts{"before", "after"}));
 }
 
 TEST_F(DropTest, OneMessageNamesSeveralFiles) {
@@ -278,13 +266,10 @@ TEST_F(DropTest, AMenuThatCannotBeWrittenIsNamedAndTheProgramGoesOn) {
   ASSERT_TRUE(OpenLines({kA}));
   faulty.unwritable = {"test.menu"};
   DragFiles({"C:\\windows\\notepad.exe", "C:\\windows\\regedit.exe"});
-  ASSERT_EQ(answers.Shown().size(), 1U);
-  EXPECT_EQ(answers.Shown()[0].title, "Error!");
-  EXPECT_EQ(answers.Shown()[0].text,
-            "Cannot write the file:\n" + MenuPath() + "\n\nAccess is denied.");
+  ExpectBoxes(1, "Error!", "Cannot write the file:\n" + MenuPath() + "\n\nAccess is denied.");
   EXPECT_FALSE(TakeQuit());
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA}));
-  EXPECT_EQ(Rows(), std::vector<std::string>{"Alpha"});
+  EXPECT_EQ(Rows(), Texts{"Alpha"});
   faulty.unwritable.clear();
   DragFiles({"C:\\windows\\notepad.exe"});
   EXPECT_EQ(Rows().size(), 2U);
@@ -296,12 +281,11 @@ TEST_F(DropTest, ADiskThatGetsFullAddsNone) {
   FaultyFiles faulty(windowsFiles);
   files = &faulty;
   ASSERT_TRUE(OpenLines({kA}));
-  faulty.limitedFile = "test.menu";
-  faulty.bytesLeft = ItemLine("one", PathOf("one")).size() + 10;
+  faulty.FillDiskOf("test.menu", ItemLine("one", PathOf("one")).size() + 10);
   DragFiles({PathOf("one"), PathOf("two")});
   EXPECT_EQ(answers.Shown().size(), 1U);
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA}));
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha"}));
+  EXPECT_EQ(Rows(), (Texts{"Alpha"}));
   EXPECT_FALSE(TakeQuit());
 }
 

@@ -22,6 +22,10 @@ class FaultyFiles final : public menufile::FileSystem {
   // The disk is full for this file after `bytesLeft` bytes more.
   std::string limitedFile;
   std::size_t bytesLeft = std::numeric_limits<std::size_t>::max();
+  void FillDiskOf(const std::string& file, std::size_t bytes) {
+    limitedFile = file;
+    bytesLeft = bytes;
+  }
   // After that many operations more, every one fails.
   std::optional<int> operationsLeft;
 

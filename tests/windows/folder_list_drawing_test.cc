@@ -2,12 +2,9 @@
 
 #include <shellapi.h>
 
-#include <algorithm>
-
 #include "tests/windows/folder_list_test_base.h"
 #include "tests/windows/replaced_import.h"
 #include "win32/scale.h"
-#include "win32/text.h"
 
 namespace {
 

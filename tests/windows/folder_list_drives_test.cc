@@ -4,7 +4,7 @@ class FolderListDrivesTest : public FolderListTest {};
 
 TEST_F(FolderListDrivesTest, ListsTheDrivesThatThereAre) {
   win32::FillDriveList(combo_);
-  Names expected;
+  Texts expected;
   for (int number = 0; number < 26; ++number) {
     if ((GetLogicalDrives() >> number & 1U) != 0) {
       expected.push_back(std::string(1, static_cast<char>('A' + number)) + ":");
@@ -28,7 +28,7 @@ TEST_F(FolderListDrivesTest, SelectsTheDriveOfAPath) {
 TEST_F(FolderListDrivesTest, DrivesComeAndGo) {
   win32::FillDriveList(combo_);
   SelectDrive("C:");
-  const Names before = Drives();
+  const Texts before = Drives();
   EmptyDrive drive("Q:");
   ASSERT_TRUE(drive.made());
   win32::FillDriveList(combo_);

@@ -5,18 +5,6 @@
 
 namespace {
 
-// Opens a folder so that nobody else can open it.
-class LockedFolder {
- public:
-  explicit LockedFolder(const std::string& path)
-      : handle_(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
-                            FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {}
-  ~LockedFolder() { CloseHandle(handle_); }
-
- private:
-  HANDLE handle_;
-};
-
 TEST_F(FolderListTest, StartsAtTheCurrentDirectory) {
   EXPECT_EQ(Path(), folder());
   EXPECT_EQ(ListRows(), RowsDownTo(folder()));
@@ -31,7 +19,7 @@ TEST_F(FolderListTest, ShowsTheFoldersInsideSorted) {
   SetFileAttributesA(PathOf("hidden").c_str(), FILE_ATTRIBUTE_HIDDEN);
   SetFileAttributesA(PathOf("system").c_str(), FILE_ATTRIBUTE_SYSTEM);
   ASSERT_TRUE(SetPath(folder()));
-  EXPECT_EQ(RowsBelow(folder()), (Names{"a", "b", "B2", "C", "hidden", "system"}));
+  EXPECT_EQ(RowsBelow(folder()), (Texts{"a", "b", "B2", "C", "hidden", "system"}));
   EXPECT_EQ(ListRows()[static_cast<std::size_t>(Selected())], RowsDownTo(folder()).back());
 }
 
@@ -46,15 +34,15 @@ TEST_F(FolderListTest, LeavesOutHiddenFoldersOfTheSystemButOnTheWayToOne) {
     ASSERT_EQ(GetFileAttributesA(PathOf(name).c_str()) & kBoth, kBoth);
   }
   ASSERT_TRUE(SetPath(folder()));
-  EXPECT_EQ(RowsBelow(folder()), Names{"a"});
+  EXPECT_EQ(RowsBelow(folder()), Texts{"a"});
   for (const char* path : {"BIN", "bin\\", "Bin\\of mine\\none"}) {
     folders.AlwaysList(win32::ToText(PathOf(path)));
     ASSERT_TRUE(SetPath(folder()));
-    EXPECT_EQ(RowsBelow(folder()), (Names{"a", "bin"})) << path;
+    EXPECT_EQ(RowsBelow(folder()), (Texts{"a", "bin"})) << path;
   }
   Select("bin");
   ASSERT_TRUE(folders.OpenSelected());
-  EXPECT_EQ(RowsBelow(PathOf("bin")), Names{"of mine"});
+  EXPECT_EQ(RowsBelow(PathOf("bin")), Texts{"of mine"});
   for (const char* name : {"bin", "binary", "bin\\of mine"}) {
     SetFileAttributesA(PathOf(name).c_str(), FILE_ATTRIBUTE_NORMAL);
   }
@@ -72,12 +60,12 @@ TEST_F(FolderListTest, GoesToAServer) {
     ASSERT_TRUE(SetPath("C:\\"));
     EXPECT_TRUE(SetPath(path)) << path;
     EXPECT_EQ(Path(), "\\\\server\\share\\one");
-    EXPECT_EQ(ListRows(), (Names{"\\\\server\\share\\", "one", "two"}));
+    EXPECT_EQ(ListRows(), (Texts{"\\\\server\\share\\", "one", "two"}));
     EXPECT_EQ(Selected(), 1);
   }
   for (const char* path : {"\\\\server\\share", "\\\\server\\share\\"}) {
     EXPECT_TRUE(SetPath(path)) << path;
-    EXPECT_EQ(ListRows(), (Names{"\\\\server\\share\\", "one"}));
+    EXPECT_EQ(ListRows(), (Texts{"\\\\server\\share\\", "one"}));
   }
   Select("one");
   ASSERT_TRUE(folders.OpenSelected());
@@ -113,7 +101,7 @@ TEST_F(FolderListTest, ScrollsToItsFolder) {
 TEST_F(FolderListTest, ARootIsOneRowAndItsFolders) {
   ASSERT_TRUE(SetPath("C:\\"));
   EXPECT_EQ(Path(), "C:\\");
-  const Names rows = ListRows();
+  const Texts rows = ListRows();
   EXPECT_EQ(rows[0], "C:\\");
   EXPECT_EQ(Selected(), 0);
   EXPECT_NE(std::find(rows.begin() + 1, rows.end(), "windows"), rows.end());
@@ -165,30 +153,31 @@ TEST_F(FolderListTest, WhatCannotBeListedLeavesEverythingAsItWas) {
   WriteBytes(PathOf("file"), "x");
   ASSERT_TRUE(SetPath(folder()));
   Select("sub");
-  const Names rows = ListRows();
+  const Texts rows = ListRows();
   const int selected = Selected();
-  for (const std::string& path : {std::string(),
-                                  std::string("\\"),
-                                  std::string("sub"),
-                                  std::string("\\windows"),
-                                  std::string("K:"),
-                                  std::string("K:\\"),
-                                  std::string("K:\\sub"),
-                                  std::string("1:\\"),
-                                  std::string(":\\"),
-                                  std::string("C"),
-                                  std::string("\\\\server\\share\\folder"),
-                                  std::string("\\\\?\\C:\\windows"),
-                                  std::string("\\\\.\\C:"),
-                                  PathOf("none"),
-                                  PathOf("sub\\none"),
-                                  PathOf("file"),
-                                  PathOf("su*"),
-                                  PathOf("s?b"),
-                                  PathOf("con"),
-                                  PathOf("<>|"),
-                                  PathOf(std::string(300, 'x')),
-                                  PathOf(std::string(40000, 'y'))}) {
+  const Texts paths{"",
+                    "\\",
+                    "sub",
+                    "\\windows",
+                    "K:",
+                    "K:\\",
+                    "K:\\sub",
+                    "1:\\",
+                    ":\\",
+                    "C",
+                    "\\\\server\\share\\folder",
+                    "\\\\?\\C:\\windows",
+                    "\\\\.\\C:",
+                    PathOf("none"),
+                    PathOf("sub\\none"),
+                    PathOf("file"),
+                    PathOf("su*"),
+                    PathOf("s?b"),
+                    PathOf("con"),
+                    PathOf("<>|"),
+                    PathOf(std::string(300, 'x')),
+                    PathOf(std::string(40000, 'y'))};
+  for (const std::string& path : paths) {
     EXPECT_FALSE(SetPath(path)) << path;
     EXPECT_EQ(Path(), folder()) << path;
     EXPECT_EQ(ListRows(), rows) << path;
@@ -199,11 +188,11 @@ TEST_F(FolderListTest, WhatCannotBeListedLeavesEverythingAsItWas) {
 TEST_F(FolderListTest, AFolderThatMayNotBeReadStaysClosed) {
   Make("locked");
   ASSERT_TRUE(SetPath(folder()));
-  const LockedFolder lock(PathOf("locked"));
+  const LockedFile lock(PathOf("locked"), 0);
   Select("locked");
   EXPECT_FALSE(folders.OpenSelected());
   EXPECT_EQ(Path(), folder());
-  EXPECT_EQ(RowsBelow(folder()), Names{"locked"});
+  EXPECT_EQ(RowsBelow(folder()), Texts{"locked"});
 }
 
 TEST_F(FolderListTest, OpensWhatIsSelected) {
@@ -214,7 +203,7 @@ TEST_F(FolderListTest, OpensWhatIsSelected) {
   Select("one");
   ASSERT_TRUE(folders.OpenSelected());
   EXPECT_EQ(Path(), PathOf("one"));
-  EXPECT_EQ(RowsBelow(PathOf("one")), (Names{"three", "two"}));
+  EXPECT_EQ(RowsBelow(PathOf("one")), (Texts{"three", "two"}));
   Select("two");
   ASSERT_TRUE(folders.OpenSelected());
   EXPECT_EQ(Path(), PathOf("one\\two"));
@@ -230,7 +219,7 @@ TEST_F(FolderListTest, OpensWhatIsSelected) {
 }
 
 TEST_F(FolderListTest, EveryFolderOnTheWayCanBeOpened) {
-  const Names rows = RowsDownTo(folder());
+  const Texts rows = RowsDownTo(folder());
   std::string path = rows[0];
   for (std::size_t row = 1; row < rows.size(); ++row) {
     path += (row == 1 ? "" : "\\") + rows[row];
@@ -243,10 +232,10 @@ TEST_F(FolderListTest, EveryFolderOnTheWayCanBeOpened) {
 
 TEST_F(FolderListTest, OpeningTheCurrentFolderReadsItAnew) {
   ASSERT_TRUE(SetPath(folder()));
-  EXPECT_EQ(RowsBelow(folder()), Names{});
+  EXPECT_EQ(RowsBelow(folder()), Texts{});
   Make("new");
   ASSERT_TRUE(folders.OpenSelected());
-  EXPECT_EQ(RowsBelow(folder()), Names{"new"});
+  EXPECT_EQ(RowsBelow(folder()), Texts{"new"});
 }
 
 TEST_F(FolderListTest, AFolderThatIsGoneMeanwhileStaysClosed) {
@@ -267,11 +256,11 @@ TEST_F(FolderListTest, TheWayUpIsOpenWhenTheCurrentFolderIsGone) {
   Select(RowsDownTo(folder()).back());
   EXPECT_TRUE(folders.OpenSelected());
   EXPECT_EQ(Path(), folder());
-  EXPECT_EQ(RowsBelow(folder()), Names{});
+  EXPECT_EQ(RowsBelow(folder()), Texts{});
 }
 
 TEST_F(FolderListTest, OddNamesAreShownAndOpened) {
-  const Names names{"  leading blanks",
+  const Texts names{"  leading blanks",
                     "%TEMP%",
                     "a & b",
                     testing_pages::ThisPage().bytes,
@@ -326,7 +315,7 @@ TEST_F(FolderListTest, GoesDownAsFarAsPathsMayBeLong) {
   EXPECT_LT(Path().size(), 1000U);
   // The list still works.
   ASSERT_TRUE(SetPath(folder()));
-  EXPECT_EQ(RowsBelow(folder()), Names{name});
+  EXPECT_EQ(RowsBelow(folder()), Texts{name});
   while (wide.size() > win32::ToText(folder()).size() + 4) {
     RemoveDirectoryW(wide.c_str());
     wide.resize(wide.size() - name.size() - 1);

@@ -2,16 +2,12 @@
 #define CORVALIS_TESTS_WINDOWS_FOLDER_LIST_TEST_BASE_H_
 
 #include <algorithm>
-#include <string>
-#include <vector>
 
 #include "tests/windows/drives.h"
 #include "tests/windows/form2_test_base.h"
 #include "win32/folder_list.h"
 #include "win32/text.h"
 #include "win32/window_text.h"
-
-using Names = std::vector<std::string>;
 
 // A folder list and a drive list in a window of the test.
 class FolderListTest : public Form2Test {
@@ -47,8 +43,8 @@ class FolderListTest : public Form2Test {
   }
   std::string Drive() const { return win32::ToBytes(win32::SelectedDrive(combo_)).value(); }
 
-  Names ListRows() const {
-    Names rows;
+  Texts ListRows() const {
+    Texts rows;
     const int count = static_cast<int>(SendMessageA(list_, LB_GETCOUNT, 0, 0));
     for (int row = 0; row < count; ++row) {
       rows.push_back(RowBytes(list_, row));
@@ -56,8 +52,8 @@ class FolderListTest : public Form2Test {
     return rows;
   }
   // The rows of the folders down to `path`: the parts of the path.
-  static Names RowsDownTo(const std::string& path) {
-    Names rows{path.substr(0, 3)};
+  static Texts RowsDownTo(const std::string& path) {
+    Texts rows{path.substr(0, 3)};
     const std::wstring text = win32::ToText(path);
     std::size_t from = 3;
     while (from < text.size()) {
@@ -67,22 +63,22 @@ class FolderListTest : public Form2Test {
     }
     return rows;
   }
-  Names RowsBelow(const std::string& path) const {
-    const Names rows = ListRows();
+  Texts RowsBelow(const std::string& path) const {
+    const Texts rows = ListRows();
     const std::size_t down = RowsDownTo(path).size();
-    return Names(rows.begin() + static_cast<std::ptrdiff_t>(std::min(down, rows.size())),
+    return Texts(rows.begin() + static_cast<std::ptrdiff_t>(std::min(down, rows.size())),
                  rows.end());
   }
   int Selected() const { return static_cast<int>(SendMessageA(list_, LB_GETCURSEL, 0, 0)); }
   void Select(const std::string& name) {
-    const Names rows = ListRows();
+    const Texts rows = ListRows();
     const auto row = std::find(rows.rbegin(), rows.rend(), name);
     ASSERT_NE(row, rows.rend()) << name;
     SendMessageA(list_, LB_SETCURSEL, static_cast<WPARAM>(rows.rend() - row - 1), 0);
   }
 
-  Names Drives() const {
-    Names drives;
+  Texts Drives() const {
+    Texts drives;
     const int count = static_cast<int>(SendMessageA(combo_, CB_GETCOUNT, 0, 0));
     for (int row = 0; row < count; ++row) {
       char text[64] = "";

@@ -1,6 +1,7 @@
 #include "tests/windows/form2_test_base.h"
 
 #include <commctrl.h>
+#include <dlgs.h>
 
 #include <filesystem>
 #include <fstream>
@@ -62,9 +63,11 @@ void Form2Test::Type(int editId, const std::string& text) {
   RunMessages();
 }
 
-bool Form2Test::TakeQuit() {
+std::optional<int> Form2Test::ExitCode() {
   MSG message;
-  return PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && message.message == WM_QUIT;
+  return PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && message.message == WM_QUIT
+             ? std::optional(static_cast<int>(message.wParam))
+             : std::nullopt;
 }
 
 void Form2Test::RunMessages() {
@@ -81,8 +84,28 @@ void Form2Test::RunMessages() {
   }
 }
 
-std::vector<std::string> Form2Test::Rows() {
-  std::vector<std::string> rows;
+// The box may be inside a list of earlier names.
+HWND Form2Test::FileNameBox(HWND dialog) {
+  const HWND list = GetDlgItem(dialog, cmb13);
+  return list != nullptr ? list : GetDlgItem(dialog, edt1);
+}
+
+void Form2Test::WithKeys(const std::vector<BYTE>& held, const std::function<void()>& run) {
+  const auto set = [&](BYTE state) {
+    BYTE keys[256]{};
+    GetKeyboardState(keys);
+    for (const BYTE key : held) {
+      keys[key] = state;
+    }
+    SetKeyboardState(keys);
+  };
+  set(0x80);
+  run();
+  set(0);
+}
+
+Texts Form2Test::Rows() {
+  Texts rows;
   for (int row = 0; row < form_->items().Count(); ++row) {
     rows.push_back(RowBytes(Control(IDC_FORM2_LIST1), row));
   }
@@ -115,6 +138,52 @@ std::vector<editor::HiddenRow> Form2Test::HiddenRows() {
     rows.push_back(form_->items().Hidden(row));
   }
   return rows;
+}
+
+void Form2Test::ExpectBoxes(std::size_t count, const std::string& title, const std::string& text,
+                            const Texts& buttons) {
+  ASSERT_EQ(answers.Shown().size(), count);
+  EXPECT_EQ(answers.Shown().back().title, title);
+  EXPECT_EQ(answers.Shown().back().text, text);
+  EXPECT_EQ(answers.Shown().back().buttons, buttons);
+}
+
+std::vector<COLORREF> Form2Test::Drawn(SIZE size, COLORREF background,
+                                       const std::function<void(HDC)>& draw) {
+  const win32::WindowDc screen(nullptr);
+  const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
+  const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), size.cx, size.cy));
+  const win32::SelectedObject selected(dc.get(), bitmap.get());
+  if (background != CLR_INVALID) {
+    const RECT all{0, 0, size.cx, size.cy};
+    const win32::UniqueBrush brush(CreateSolidBrush(background));
+    FillRect(dc.get(), &all, brush.get());
+  }
+  draw(dc.get());
+  std::vector<COLORREF> pixels;
+  for (int y = 0; y < size.cy; ++y) {
+    for (int x = 0; x < size.cx; ++x) {
+      pixels.push_back(GetPixel(dc.get(), x, y));
+    }
+  }
+  return pixels;
+}
+
+std::vector<Form2Test::Obstacle> Form2Test::Obstacles() {
+  return {{"a read-only menu file", [this] { MakeReadOnly(MenuPath()); },
+           [this] { MakeWritable(MenuPath()); }},
+          {"a menu file that another program holds", [this] { lock_.emplace(MenuPath()); },
+           [this] { lock_.reset(); }},
+          {"folders with the names of the scratch files",
+           [this] {
+             CreateDirectoryA(PathOf("temporaryfile").c_str(), nullptr);
+             CreateDirectoryA(PathOf("zoltempfileoktodelete").c_str(), nullptr);
+           },
+           [this] {
+             EXPECT_TRUE(RemoveDirectoryA(PathOf("temporaryfile").c_str()));
+             EXPECT_TRUE(RemoveDirectoryA(PathOf("zoltempfileoktodelete").c_str()));
+           },
+           false}};
 }
 
 bool Form2Test::IsIcon(const std::string& iconText) {

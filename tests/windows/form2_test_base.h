@@ -1,20 +1,18 @@
 #ifndef CORVALIS_TESTS_WINDOWS_FORM2_TEST_BASE_H_
 #define CORVALIS_TESTS_WINDOWS_FORM2_TEST_BASE_H_
 
-#include <windows.h>
-
-#include <gtest/gtest.h>
-
 #include <memory>
-#include <string>
-#include <vector>
+#include <optional>
 
 #include "editor/form2.h"
 #include "editor/windows_files.h"
 #include "resources/resource.h"
 #include "tests/windows/dialog_answers.h"
+#include "tests/windows/locked_file.h"
 #include "tests/windows/menu_bytes.h"
 #include "tests/windows/window_bytes.h"
+
+using Texts = std::vector<std::string>;
 
 // Opens the hidden editor window on a menu file in a temporary folder, which is the
 // current directory of the test.
@@ -36,11 +34,17 @@ class Form2Test : public ::testing::Test {
   void SelectTab(int tab);
   void Type(int editId, const std::string& text);
   static void RunMessages();
-  // Returns true if WM_QUIT was posted, and removes it from the queue.
-  static bool TakeQuit();
+  // The exit code if WM_QUIT was posted, which is removed from the queue.
+  static std::optional<int> ExitCode();
+  static bool TakeQuit() { return ExitCode().has_value(); }
+
+  // The box for the name in a file dialog.
+  static HWND FileNameBox(HWND dialog);
+  // Calls `run` while these keys are held down.
+  static void WithKeys(const std::vector<BYTE>& held, const std::function<void()>& run);
 
   // The state that the user sees.
-  std::vector<std::string> Rows();
+  Texts Rows();
   int SelectedRow();
   bool IsVisible(int id);  // as if the window were shown
   bool IsEnabled(int id) { return IsWindowEnabled(Control(id)) != FALSE; }
@@ -50,6 +54,13 @@ class Form2Test : public ::testing::Test {
   COLORREF PageColour();
   std::vector<editor::HiddenRow> HiddenRows();  // one for each list row
 
+  // Expects that so many message boxes were shown, and that the last one was this.
+  void ExpectBoxes(std::size_t count, const std::string& title, const std::string& text,
+                   const Texts& buttons = {"OK"});
+  // The pixels of a picture of that size, row by row from the top left. A background of
+  // CLR_INVALID is not filled.
+  static std::vector<COLORREF> Drawn(SIZE size, COLORREF background,
+                                     const std::function<void(HDC)>& draw);
   // True if there is an icon with that handle, in the form of a hidden row.
   static bool IsIcon(const std::string& iconText);
 
@@ -66,6 +77,15 @@ class Form2Test : public ::testing::Test {
   static void MakeReadOnly(const std::string& path);
   static void MakeWritable(const std::string& path);
 
+  // Something that keeps a change from being written, and what removes it.
+  struct Obstacle {
+    std::string name;
+    std::function<void()> make;
+    std::function<void()> remove;
+    bool stopsAdding = true;
+  };
+  std::vector<Obstacle> Obstacles();
+
   DialogAnswers answers;
   editor::WindowsFileSystem windowsFiles;
   menufile::FileSystem* files = &windowsFiles;  // the file system of the next window
@@ -74,6 +94,7 @@ class Form2Test : public ::testing::Test {
   std::string folder_;
   std::string formerFolder_;
   std::unique_ptr<editor::Form2> form_;
+  std::optional<LockedFile> lock_;
 };
 
 #endif  // CORVALIS_TESTS_WINDOWS_FORM2_TEST_BASE_H_

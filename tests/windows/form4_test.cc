@@ -1,8 +1,5 @@
 #include "icons/form4.h"
 
-#include <functional>
-#include <vector>
-
 #include "tests/windows/form4_test_base.h"
 #include "tests/windows/handle_count.h"
 #include "tests/windows/replaced_import.h"
@@ -140,9 +137,7 @@ TEST_F(Form4Test, ComingBackFromItsOwnDialogsIsNoActivation) {
   PressInForm4(IDC_FORM4_COMMAND2);
   EXPECT_EQ(Preview(), Showing(colours[3]));
   Choose(none);
-  ASSERT_EQ(answers.Shown().size(), 1U);
-  EXPECT_EQ(answers.Shown()[0].text, "No Icons found in this file!");
-  EXPECT_EQ(answers.Shown()[0].title, "Error!");
+  ExpectBoxes(1, "Error!", "No Icons found in this file!");
   EXPECT_EQ(Label(), "0 Icons");
   EXPECT_EQ(Preview(), Empty());
   // A real activation while the dialog is open.

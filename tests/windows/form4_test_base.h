@@ -1,11 +1,6 @@
 #ifndef CORVALIS_TESTS_WINDOWS_FORM4_TEST_BASE_H_
 #define CORVALIS_TESTS_WINDOWS_FORM4_TEST_BASE_H_
 
-#include <windows.h>
-
-#include <string>
-#include <vector>
-
 #include "menufile/rewrite.h"
 #include "tests/windows/icon_test_base.h"
 

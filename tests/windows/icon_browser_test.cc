@@ -60,21 +60,19 @@ TEST_F(IconBrowserTest, CountsTheIconsOfAnIconFileALibraryAndAProgram) {
 }
 
 TEST_F(IconBrowserTest, WhatCannotBeReadHasNoIcons) {
-  EXPECT_EQ(Count(""), 0);
-  EXPECT_EQ(Count(PathOf("missing.ico")), 0);
-  EXPECT_EQ(Count("Q:\\missing\\missing.dll"), 0);
-  EXPECT_EQ(Count(folder()), 0);
-  EXPECT_EQ(Count("C:\\"), 0);
-  EXPECT_EQ(Count(Write("text.txt", "No icon is in here.\r\n")), 0);
-  EXPECT_EQ(Count(Write("named.dll", "No icon is in here.\r\n")), 0);
-  EXPECT_EQ(Count(PathOf(std::string(300, 'x') + ".dll")), 0);
-  EXPECT_EQ(Count(std::string(70000, 'x')), 0);
+  const std::string text = "No icon is in here.\r\n";
+  for (const std::string& path :
+       Texts{"", PathOf("missing.ico"), "Q:\\missing\\missing.dll", folder(), "C:\\",
+             Write("text.txt", text), Write("named.dll", text),
+             PathOf(std::string(300, 'x') + ".dll"), std::string(70000, 'x'),
+             "\\\\corvalis-no-such-server\\share\\icons.dll"}) {
+    EXPECT_EQ(Count(path), 0) << path;
+  }
   const std::string locked = Write("locked.dll", Library(colours));
-  const HANDLE lock = CreateFileA(locked.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
-                                  OPEN_EXISTING, 0, nullptr);
-  ASSERT_NE(lock, INVALID_HANDLE_VALUE);
-  EXPECT_EQ(Count(locked), 0);
-  CloseHandle(lock);
+  {
+    const LockedFile lock(locked, 0, GENERIC_READ | GENERIC_WRITE);
+    EXPECT_EQ(Count(locked), 0);
+  }
   EXPECT_EQ(Count(locked), 12);
 }
 
@@ -111,9 +109,7 @@ TEST_F(IconBrowserTest, TooManyIconsAreAnErrorAndShowTheFirstOnes) {
   const std::string path = Write("more.dll", Library({colours[0]}, 32768));
   const ManyIcons<32768> icons(path);
   Choose(path);
-  ASSERT_EQ(answers.Shown().size(), 1U);
-  EXPECT_EQ(answers.Shown()[0].title, "Error!");
-  EXPECT_EQ(answers.Shown()[0].text, "More than 32767 icons are in:\n" + path);
+  ExpectBoxes(1, "Error!", "More than 32767 icons are in:\n" + path);
   EXPECT_EQ(Label(), "32767 Icons");
   EXPECT_EQ(LastPosition(bar()), 32766);
   EXPECT_EQ(Preview(), Showing(colours[0]));
@@ -272,10 +268,7 @@ TEST_F(IconBrowserTest, AFileWithoutIconsBecomesTheSourceAfterAMessage) {
   Choose(twelve);
   Scroll(bar(), SB_THUMBPOSITION, 3);
   Choose(none);
-  ASSERT_EQ(answers.Shown().size(), 1U);
-  EXPECT_EQ(answers.Shown()[0].title, "Error!");
-  EXPECT_EQ(answers.Shown()[0].text, "No Icons found in this file!");
-  EXPECT_EQ(answers.Shown()[0].buttons, std::vector<std::string>{"OK"});
+  ExpectBoxes(1, "Error!", "No Icons found in this file!");
   EXPECT_EQ(Label(), "0 Icons");
   EXPECT_EQ(Preview(), Empty());
   EXPECT_TRUE(IsEnabled(IDC_FORM2_HSCROLL1));
@@ -417,8 +410,4 @@ TEST_F(IconBrowserTest, AHugeFileHasNoIcons) {
   ASSERT_TRUE(SetFilePointerEx(file, size, nullptr, FILE_BEGIN) && SetEndOfFile(file));
   CloseHandle(file);
   EXPECT_EQ(Count(path), 0);
-}
-
-TEST_F(IconBrowserTest, AServerThatDoesNotExistHasNoIcons) {
-  EXPECT_EQ(Count("\\\\corvalis-no-such-server\\share\\icons.dll"), 0);
 }

@@ -14,6 +14,11 @@ void Append(std::string& out, const T& value) {
   out.append(reinterpret_cast<const char*>(&value), sizeof value);
 }
 
+void AppendPixel(std::string& out, COLORREF colour) {
+  out += {static_cast<char>(GetBValue(colour)), static_cast<char>(GetGValue(colour)),
+          static_cast<char>(GetRValue(colour))};
+}
+
 void PadTo(std::string& out, std::size_t multiple) {
   out.resize((out.size() + multiple - 1) / multiple * multiple);
 }
@@ -33,10 +38,7 @@ std::string Image(COLORREF icon) {
   Append(image, header);
   for (int y = kIconSize - 1; y >= 0; --y) {
     for (int x = 0; x < kIconSize; ++x) {
-      const COLORREF colour = PixelOf(icon, x, y, RGB(0, 0, 0));
-      image += static_cast<char>(GetBValue(colour));
-      image += static_cast<char>(GetGValue(colour));
-      image += static_cast<char>(GetRValue(colour));
+      AppendPixel(image, PixelOf(icon, x, y, RGB(0, 0, 0)));
     }
   }
   for (int y = kIconSize - 1; y >= 0; --y) {
@@ -210,6 +212,22 @@ std::vector<COLORREF> PixelsOf(COLORREF icon, COLORREF background) {
     }
   }
   return pixels;
+}
+
+std::string BitmapFile(const std::vector<COLORREF>& pixels) {
+  // The file has 3126 bytes, 54 of them headers. The picture has 32 by 32 pixels, one
+  // plane, 24 bits, no compression, and 3072 bytes.
+  std::string file(
+      "BM\x36\x0C\0\0\0\0\0\0\x36\0\0\0"
+      "\x28\0\0\0\x20\0\0\0\x20\0\0\0\x01\0\x18\0\0\0\0\0\0\x0C\0\0"
+      "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0",
+      54);
+  for (int y = kIconSize - 1; y >= 0; --y) {
+    for (int x = 0; x < kIconSize; ++x) {
+      AppendPixel(file, pixels.at(static_cast<std::size_t>(y * kIconSize + x)));
+    }
+  }
+  return file;
 }
 
 std::string IconFile(COLORREF icon) { return IconFileWith(Image(icon)); }

@@ -23,6 +23,10 @@ COLORREF PixelOf(COLORREF icon, int x, int y, COLORREF background);
 // All of its pixels, row by row from the top left.
 std::vector<COLORREF> PixelsOf(COLORREF icon, COLORREF background);
 
+// The bitmap file that the Appearance page saves: 24 bits for each pixel, the bottom row
+// first. `pixels` are those of an icon.
+std::string BitmapFile(const std::vector<COLORREF>& pixels);
+
 // An icon file with one image.
 std::string IconFile(COLORREF icon);
 

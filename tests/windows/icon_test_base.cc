@@ -2,10 +2,6 @@
 
 #include <dlgs.h>
 
-#include <cstring>
-#include <functional>
-
-#include "win32/handles.h"
 #include "win32/picture_box.h"
 
 using testing_icons::Library;
@@ -19,22 +15,6 @@ IconTest::IconTest()
 std::string IconTest::Write(const std::string& name, const std::string& bytes) {
   WriteBytes(PathOf(name), bytes);
   return PathOf(name);
-}
-
-HWND IconTest::Form4() {
-  HWND found = nullptr;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM result) -> BOOL {
-        char name[16] = "";
-        GetClassNameA(window, name, sizeof name);
-        if (std::strcmp(name, "Form4") == 0) {
-          *reinterpret_cast<HWND*>(result) = window;
-        }
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&found));
-  return found;
 }
 
 void IconTest::PressInForm4(int buttonId) {
@@ -51,10 +31,7 @@ void IconTest::CancelDialog() {
 }
 
 void IconTest::DriveFileDialog(HWND dialog, const std::optional<std::string>& path) {
-  HWND name = GetDlgItem(dialog, edt1);
-  if (name == nullptr) {
-    name = GetDlgItem(dialog, cmb13);
-  }
+  const HWND name = FileNameBox(dialog);
   const HWND filters = GetDlgItem(dialog, cmb1);
   fileDialogs_.push_back({WindowBytes(dialog), WindowBytes(name), WindowBytes(filters)});
   if (path) {
@@ -82,32 +59,16 @@ int IconTest::LastPosition(HWND bar) {
 
 std::vector<COLORREF> IconTest::Painted(HWND pictureBox) {
   const SIZE size = win32::PictureBox::Size();
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = size.cx;
-  info.bmiHeader.biHeight = -size.cy;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  void* bits = nullptr;
-  const win32::UniqueMemoryDc dc(CreateCompatibleDC(nullptr));
-  const win32::UniqueBitmap bitmap(
-      CreateDIBSection(dc.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-  const win32::SelectedObject selected(dc.get(), bitmap.get());
-  DRAWITEMSTRUCT item{};
-  item.CtlType = ODT_STATIC;
-  item.CtlID = static_cast<UINT>(GetDlgCtrlID(pictureBox));
-  item.itemAction = ODA_DRAWENTIRE;
-  item.hwndItem = pictureBox;
-  item.hDC = dc.get();
-  item.rcItem = {0, 0, size.cx, size.cy};
-  SendMessageA(GetParent(pictureBox), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
-  GdiFlush();
-  std::vector<COLORREF> pixels;
-  for (int i = 0; i < size.cx * size.cy; ++i) {
-    const DWORD pixel = static_cast<const DWORD*>(bits)[i];
-    pixels.push_back(RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF));
-  }
-  return pixels;
+  return Drawn(size, CLR_INVALID, [&](HDC dc) {
+    DRAWITEMSTRUCT item{};
+    item.CtlType = ODT_STATIC;
+    item.CtlID = static_cast<UINT>(GetDlgCtrlID(pictureBox));
+    item.itemAction = ODA_DRAWENTIRE;
+    item.hwndItem = pictureBox;
+    item.hDC = dc;
+    item.rcItem = {0, 0, size.cx, size.cy};
+    SendMessageA(GetParent(pictureBox), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+  });
 }
 
 std::vector<COLORREF> IconTest::Showing(COLORREF icon) const {
@@ -122,12 +83,4 @@ std::vector<COLORREF> IconTest::Empty(int systemColour) {
   const SIZE size = win32::PictureBox::Size();
   return std::vector<COLORREF>(static_cast<std::size_t>(size.cx * size.cy),
                                GetSysColor(systemColour));
-}
-
-std::optional<int> IconTest::ExitCode() {
-  MSG message;
-  if (PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
-    return static_cast<int>(message.wParam);
-  }
-  return std::nullopt;
 }

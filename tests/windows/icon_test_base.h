@@ -1,14 +1,9 @@
 #ifndef CORVALIS_TESTS_WINDOWS_ICON_TEST_BASE_H_
 #define CORVALIS_TESTS_WINDOWS_ICON_TEST_BASE_H_
 
-#include <windows.h>
-
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "tests/windows/form2_test_base.h"
 #include "tests/windows/icon_files.h"
+#include "tests/windows/related_window.h"
 
 // The base of the tests of both windows that show icons.
 class IconTest : public Form2Test {
@@ -19,7 +14,7 @@ class IconTest : public Form2Test {
   std::string Write(const std::string& name, const std::string& bytes);
 
   // The Select Icon window; nullptr if it is not open.
-  HWND Form4();
+  static HWND Form4() { return ThreadWindow("Form4"); }
   HWND Form4Control(int id) { return GetDlgItem(Form4(), id); }
   void PressInForm4(int buttonId);
 
@@ -47,9 +42,6 @@ class IconTest : public Form2Test {
   std::vector<COLORREF> Showing(COLORREF icon) const;
   std::vector<COLORREF> ShowingOnPage(COLORREF icon);
   static std::vector<COLORREF> Empty(int systemColour = COLOR_BTNFACE);
-
-  // The exit code if the program was asked to end.
-  static std::optional<int> ExitCode();
 
   const std::vector<COLORREF> colours = testing_icons::Colours(12);
   std::string one;     // the path of a library with one icon

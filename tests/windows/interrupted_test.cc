@@ -3,6 +3,7 @@
 #include "menufile/failure.h"
 #include "tests/windows/faulty_files.h"
 #include "tests/windows/form2_test_base.h"
+#include "tests/windows/related_window.h"
 
 using testing_menus::DirectoryMenu;
 using testing_menus::ItemLine;
@@ -21,8 +22,7 @@ class InterruptedTest : public Form2Test {
   void CutShort(const menufile::MenuChange& change, const std::string& menu, std::size_t bytes) {
     WriteBytes(MenuPath(), menu);
     FaultyFiles full(windowsFiles);
-    full.limitedFile = "test.menu";
-    full.bytesLeft = bytes;
+    full.FillDiskOf("test.menu", bytes);
     menufile::MenuFile file(full, MenuPath());
     try {
       menufile::RewriteMenuFile(file, change);
@@ -32,11 +32,9 @@ class InterruptedTest : public Form2Test {
   }
 
   void ExpectTheQuestion() {
-    ASSERT_GE(answers.Shown().size(), 1U);
-    EXPECT_EQ(answers.Shown()[0].title, "Query?");
-    EXPECT_EQ(answers.Shown()[0].text,
-              "The last change to the menu file was interrupted.\rWould you like to finish it?");
-    EXPECT_EQ(answers.Shown()[0].buttons, (std::vector<std::string>{"Yes", "No"}));
+    ExpectBoxes(answers.Shown().size(), "Query?",
+                "The last change to the menu file was interrupted.\rWould you like to finish it?",
+                {"Yes", "No"});
   }
 };
 
@@ -47,7 +45,7 @@ TEST_F(InterruptedTest, IsFinishedOnYes) {
   answers.Answer({IDYES});
   ASSERT_TRUE(Load());
   ExpectTheQuestion();
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"One", "Three"}));
+  EXPECT_EQ(Rows(), (Texts{"One", "Three"}));
   EXPECT_EQ(MenuBytes(), UserDefinedMenu({kOne, kThree}));
   EXPECT_FALSE(Exists(PathOf("temporaryfile")));
 }
@@ -60,7 +58,7 @@ TEST_F(InterruptedTest, StaysOnNoAndIsAskedAgain) {
     answers.Answer({IDNO});
     ASSERT_TRUE(Load());
     ExpectTheQuestion();
-    EXPECT_EQ(Rows(), std::vector<std::string>{"One"});
+    EXPECT_EQ(Rows(), Texts{"One"});
     EXPECT_EQ(MenuBytes(), newMenu);
     EXPECT_EQ(ReadBytes(PathOf("temporaryfile")), scratch);
   }
@@ -93,24 +91,21 @@ TEST_F(InterruptedTest, IsFinishedByTheNextButtonWhichDoesNothingMore) {
   const struct {
     int failing;
     int next;
-    bool opensChild;
   } kCases[] = {
-      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND4, false},
-      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND8, false},
-      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND7, false},
-      {IDC_FORM2_COMMAND4, IDC_FORM2_COMMAND9, false},
-      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND3, true},   // Edit
-      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND11, true},  // Change Icon
-      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND12, false},
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND4},  {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND8},
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND7},  {IDC_FORM2_COMMAND4, IDC_FORM2_COMMAND9},
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND3},   // Edit
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND11},  // Change Icon
+      {IDC_FORM2_COMMAND7, IDC_FORM2_COMMAND12},
   };
-  for (const auto& [failing, next, opensChild] : kCases) {
+  for (const auto& [failing, next] : kCases) {
     SCOPED_TRACE(std::to_string(failing) + ", " + std::to_string(next));
     FaultyFiles faulty(windowsFiles);
     files = &faulty;
     ASSERT_TRUE(Open(kMenu));
+    const std::string clear = form().iconic1().BitmapFile();
     SelectRow(1);
-    faulty.limitedFile = "test.menu";
-    faulty.bytesLeft = 40;
+    faulty.FillDiskOf("test.menu", 40);
     Press(failing);
     EXPECT_EQ(MenuBytes().size(), 40U);
     faulty.limitedFile.clear();
@@ -119,11 +114,11 @@ TEST_F(InterruptedTest, IsFinishedByTheNextButtonWhichDoesNothingMore) {
     const bool deleted = failing == IDC_FORM2_COMMAND7;
     EXPECT_EQ(MenuBytes(), UserDefinedMenu(deleted ? std::vector{kOne, kThree}
                                                    : std::vector{kTwo, kOne, kThree}));
-    EXPECT_EQ(Rows(), deleted ? (std::vector<std::string>{"One", "Three"})
-                              : (std::vector<std::string>{"Two", "One", "Three"}));
+    EXPECT_EQ(Rows(), deleted ? (Texts{"One", "Three"}) : (Texts{"Two", "One", "Three"}));
     EXPECT_EQ(SelectedRow(), -1);
-    EXPECT_EQ(FindWindowA(opensChild ? "Form3" : nullptr, opensChild ? nullptr : "-"), nullptr);
-    EXPECT_EQ(FindWindowA("Form4", nullptr), nullptr);
+    EXPECT_EQ(form().iconic1().BitmapFile(), clear);
+    EXPECT_EQ(ThreadWindow("Form3"), nullptr);
+    EXPECT_EQ(ThreadWindow("Form4"), nullptr);
     EXPECT_TRUE(IsWindowEnabled(form().window()));
     EXPECT_TRUE(answers.Shown().empty());
     EXPECT_FALSE(Exists(PathOf("temporaryfile")));
@@ -134,8 +129,7 @@ TEST_F(InterruptedTest, ASwitchOfTheTypeIsFinishedOnItsPage) {
   FaultyFiles faulty(windowsFiles);
   files = &faulty;
   ASSERT_TRUE(Open(kMenu));
-  faulty.limitedFile = "test.menu";
-  faulty.bytesLeft = 40;
+  faulty.FillDiskOf("test.menu", 40);
   answers.Answer({IDYES});
   Press(IDC_FORM2_COMMAND13);
   EXPECT_EQ(Rows().size(), 3U);
@@ -155,8 +149,7 @@ TEST_F(InterruptedTest, ClosingTheWindowFinishesItOrSaysThatItCouldNot) {
     files = &faulty;
     ASSERT_TRUE(Open(kMenu));
     SelectRow(1);
-    faulty.limitedFile = "test.menu";
-    faulty.bytesLeft = 40;
+    faulty.FillDiskOf("test.menu", 40);
     Press(IDC_FORM2_COMMAND7);
     if (succeeds) {
       faulty.limitedFile.clear();

@@ -1,10 +1,9 @@
-#include <windows.h>
 
-#include <commctrl.h>
 
 #include <algorithm>
 
 #include "tests/windows/form2_test_base.h"
+#include "tests/windows/message_watch.h"
 #include "tests/windows/related_window.h"
 #include "tests/windows/replaced_import.h"
 
@@ -29,20 +28,10 @@ class KeyboardTest : public Form2Test {
     PostMessageA(GetFocus(), WM_KEYUP, key, 1);
     RunMessages();
   }
-  // `held` are keys that are held down meanwhile.
-  static void KeyWith(std::vector<BYTE> held, WPARAM key) {
-    BYTE keys[256]{};
-    GetKeyboardState(keys);
-    for (const BYTE other : held) {
-      keys[other] = 0x80;
-    }
-    SetKeyboardState(keys);
-    Key(key);
-    for (const BYTE other : held) {
-      keys[other] = 0;
-    }
-    SetKeyboardState(keys);
+  static void KeyWith(const std::vector<BYTE>& held, WPARAM key) {
+    WithKeys(held, [key] { Key(key); });
   }
+
   int Tab() {
     return static_cast<int>(SendMessageA(Control(IDC_FORM2_SSTAB1), TCM_GETCURSEL, 0, 0));
   }
@@ -107,17 +96,13 @@ TEST_F(KeyboardTest, SpaceAndEnterClickTheMenusIcon) {
 }
 
 TEST_F(KeyboardTest, AKeyThatIsHeldDownClicksTheMenusIconOnce) {
-  static int clicks = 0;
+  int clicks = 0;
   OpenShown(UserDefinedMenu({}));
   SelectTab(1);
   const HWND box = Control(IDC_FORM2_PICTURE1);
-  SetWindowSubclass(
-      form().window(),
-      [](HWND window, UINT message, WPARAM wide, LPARAM data, UINT_PTR, DWORD_PTR) -> LRESULT {
-        clicks += message == WM_COMMAND && wide == MAKEWPARAM(IDC_FORM2_PICTURE1, STN_CLICKED);
-        return DefSubclassProc(window, message, wide, data);
-      },
-      0, 0);
+  const MessageWatch watch(form().window(), [&](UINT message, WPARAM wide) {
+    clicks += message == WM_COMMAND && wide == MAKEWPARAM(IDC_FORM2_PICTURE1, STN_CLICKED);
+  });
   constexpr LPARAM kRepeated = 1 << 30;
   for (const WPARAM key : {VK_SPACE, VK_RETURN}) {
     clicks = 0;
@@ -232,8 +217,7 @@ TEST_F(KeyboardTest, EscapeDoesNothingAnywhere) {
   for (const std::string& menu :
        {UserDefinedMenu({ItemLine("One", "C:\\windows")}), kDirectoryPointer}) {
     OpenShown(menu);
-    for (HWND control = RelatedWindow(form().window(), GW_CHILD); control != nullptr;
-         control = RelatedWindow(control, GW_HWNDNEXT)) {
+    for (const HWND control : ControlsOf(form().window())) {
       if (IsWindowVisible(control) && (GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) != 0) {
         SetFocus(control);
         Key(VK_ESCAPE);
@@ -245,28 +229,15 @@ TEST_F(KeyboardTest, EscapeDoesNothingAnywhere) {
   }
 }
 
-// The exit code in WM_QUIT; -1 if there is none.
-int TakeQuitMessage() {
-  MSG message;
-  return PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)
-             ? static_cast<int>(message.wParam)
-             : -1;
-}
-
-TEST_F(KeyboardTest, QuitEndsTheProgram) {
-  OpenShown(UserDefinedMenu({}));
-  const HWND window = form().window();
-  SendMessageA(Control(IDC_FORM2_COMMAND5), BM_CLICK, 0, 0);
-  EXPECT_EQ(TakeQuitMessage(), 0);
-  EXPECT_FALSE(IsWindow(window));
-}
-
-TEST_F(KeyboardTest, TheCloseBoxEndsTheProgram) {
-  OpenShown(UserDefinedMenu({}));
-  const HWND window = form().window();
-  SendMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0);
-  EXPECT_EQ(TakeQuitMessage(), 0);
-  EXPECT_FALSE(IsWindow(window));
+TEST_F(KeyboardTest, QuitAndTheCloseBoxEndTheProgram) {
+  for (const bool quits : {true, false}) {
+    OpenShown(UserDefinedMenu({}));
+    const HWND window = form().window();
+    SendMessageA(quits ? Control(IDC_FORM2_COMMAND5) : window, quits ? BM_CLICK : WM_SYSCOMMAND,
+                 quits ? 0 : SC_CLOSE, 0);
+    EXPECT_EQ(ExitCode(), 0);
+    EXPECT_FALSE(IsWindow(window));
+  }
 }
 
 }  // namespace

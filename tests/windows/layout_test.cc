@@ -1,17 +1,12 @@
 #include "win32/layout.h"
 
-#include <windows.h>
-
-#include <commctrl.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <list>
 #include <map>
-#include <string>
-#include <vector>
 
-#include "tests/windows/related_window.h"
+#include "tests/windows/message_watch.h"
 #include "tests/windows/window_tour.h"
 #include "win32/scale.h"
 
@@ -55,14 +50,6 @@ SIZE TextSize(HWND control, const std::string& text, int width) {
 // Tests the layout of all pages at the present DPI and with the present colours.
 class LayoutTest : public WindowTour {
  protected:
-  static void Enlarge(HWND window, int width, int height) {
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    SetWindowPos(window, nullptr, 0, 0, rect.right - rect.left + width,
-                 rect.bottom - rect.top + height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    RunMessages();
-  }
-
   static int Height(HWND control) {
     const RECT rect = Place(control);
     return rect.bottom - rect.top;
@@ -134,7 +121,7 @@ TEST_F(LayoutTest, EveryTextHasRoom) {
     SCOPED_TRACE(page);
     for (const HWND control : Shown(window)) {
       const std::string text = WindowBytes(control);
-      const std::string name = Class(control);
+      const std::string name = ClassOf(control);
       if (text.empty()) {
         continue;
       }
@@ -164,7 +151,7 @@ TEST_F(LayoutTest, EveryTextHasRoom) {
 TEST_F(LayoutTest, BoxesScrollSideways) {
   VisitAll([](const std::string& page, HWND window) {
     for (const HWND control : Shown(window)) {
-      if (Class(control) == "Edit") {
+      if (ClassOf(control) == "Edit") {
         EXPECT_NE(GetWindowLongW(control, GWL_STYLE) & ES_AUTOHSCROLL, 0)
             << page << ' ' << GetDlgCtrlID(control);
       }
@@ -175,42 +162,30 @@ TEST_F(LayoutTest, BoxesScrollSideways) {
 // The edges of the window that the controls keep their distance to. A control that keeps to
 // neither of two opposite edges stays in the middle between them.
 struct Edges {
-  bool left, top, right, bottom;
+  std::string edges;  // of "left top right bottom"
   std::vector<int> controls;
 };
 
 const Edges kEdges[] = {
-    {true,
-     true,
-     false,
-     false,
+    {"left top",
      {IDC_FORM2_IMAGE4, IDC_FORM2_LABEL13, IDC_FORM2_LABEL14, IDC_FORM2_LIST1_LABEL,
       IDC_FORM2_IMAGE5, IDC_FORM2_LABEL15, IDC_FORM2_DRIVE1_LABEL, IDC_FORM2_DIR1_LABEL,
       IDC_FORM2_IMAGE3, IDC_FORM2_TEXT3_LABEL, IDC_FORM2_PICTURE1, IDC_FORM2_PICTURE2,
       IDC_FORM2_LABEL7, IDC_FORM2_CHECK1}},
-    {false,
-     true,
-     true,
-     false,
+    {"top right",
      {IDC_FORM2_COMMAND13, IDC_FORM2_COMMAND2, IDC_FORM2_COMMAND3, IDC_FORM2_COMMAND7,
       IDC_FORM2_COMMAND4, IDC_FORM2_COMMAND8, IDC_FORM2_COMMAND9, IDC_FORM2_COMMAND11,
       IDC_FORM2_COMMAND14, IDC_FORM2_LABEL12, IDC_FORM2_TEXT8, IDC_FORM2_CHECK2, IDC_FORM2_CHECK3,
       IDC_FORM2_CHECK4, IDC_FORM2_COMMAND6, IDC_FORM2_COMMAND10}},
-    {true,
-     true,
-     true,
-     false,
+    {"left top right",
      {IDC_FORM2_DRIVE1, IDC_FORM2_FRAME2, IDC_FORM2_TEXT3, IDC_FORM2_FRAME1, IDC_FORM2_HSCROLL1,
       IDC_FORM2_LABEL8}},
-    {true, false, false, true, {IDC_FORM2_ICONIC1, IDC_FORM2_ICONIC1_LABEL, IDC_FORM2_LABEL11}},
-    {true, false, true, true, {IDC_FORM2_TEXT7}},
-    {false, false, true, true, {IDC_FORM2_COMMAND5, IDC_FORM2_COMMAND12, IDC_FORM2_COMMAND15}},
-    {true,
-     true,
-     true,
-     true,
+    {"left bottom", {IDC_FORM2_ICONIC1, IDC_FORM2_ICONIC1_LABEL, IDC_FORM2_LABEL11}},
+    {"left right bottom", {IDC_FORM2_TEXT7}},
+    {"right bottom", {IDC_FORM2_COMMAND5, IDC_FORM2_COMMAND12, IDC_FORM2_COMMAND15}},
+    {"left top right bottom",
      {IDC_FORM2_SSTAB1, IDC_FORM2_FRAME3, IDC_FORM2_LIST1, IDC_FORM2_FRAME4, IDC_FORM2_DIR1}},
-    {false, false, false, false, {IDC_FORM2_IMAGE1, IDC_FORM2_LABEL5}},
+    {"", {IDC_FORM2_IMAGE1, IDC_FORM2_LABEL5}},
 };
 
 TEST_F(LayoutTest, EveryControlStaysAtItsEdges) {
@@ -219,8 +194,7 @@ TEST_F(LayoutTest, EveryControlStaysAtItsEdges) {
   ASSERT_TRUE(Open(testing_menus::UserDefinedMenu({})));
   const HWND window = form().window();
   std::map<int, RECT> before;
-  for (HWND control = RelatedWindow(window, GW_CHILD); control != nullptr;
-       control = RelatedWindow(control, GW_HWNDNEXT)) {
+  for (const HWND control : ControlsOf(window)) {
     before[GetDlgCtrlID(control)] = Place(control);
   }
   Enlarge(window, kWider, kHigher);
@@ -231,6 +205,8 @@ TEST_F(LayoutTest, EveryControlStaysAtItsEdges) {
     const auto first = [](bool toFirst, bool toSecond, int growth) {
       return toFirst ? 0 : toSecond ? growth : growth / 2;
     };
+    const auto has = [&](const char* edge) { return edges.edges.find(edge) != std::string::npos; };
+    const bool left = has("left"), top = has("top"), right = has("right"), bottom = has("bottom");
     const auto second = [](bool toFirst, bool toSecond, int growth) {
       return toSecond ? growth : toFirst ? 0 : growth / 2;
     };
@@ -238,10 +214,10 @@ TEST_F(LayoutTest, EveryControlStaysAtItsEdges) {
       SCOPED_TRACE(id);
       const RECT place = Place(Control(id));
       const RECT& old = before[id];
-      EXPECT_EQ(place.left - old.left, first(edges.left, edges.right, kWider));
-      EXPECT_EQ(place.right - old.right, second(edges.left, edges.right, kWider));
-      EXPECT_EQ(place.top - old.top, first(edges.top, edges.bottom, kHigher));
-      EXPECT_EQ(place.bottom - old.bottom, second(edges.top, edges.bottom, kHigher));
+      EXPECT_EQ(place.left - old.left, first(left, right, kWider));
+      EXPECT_EQ(place.right - old.right, second(left, right, kWider));
+      EXPECT_EQ(place.top - old.top, first(top, bottom, kHigher));
+      EXPECT_EQ(place.bottom - old.bottom, second(top, bottom, kHigher));
     }
   }
   EXPECT_EQ(before.size(), expected) << "a control has no edges here";
@@ -255,20 +231,16 @@ TEST_F(LayoutTest, DraggingTheBorderPaintsNoMoreThanItHasTo) {
   EXPECT_NE(GetWindowLongW(Control(IDC_FORM2_SSTAB1), GWL_STYLE) & WS_CLIPSIBLINGS, 0);
   ShowWindow(form().window(), SW_SHOW);
   RunMessages();
-  static int paints;
-  paints = 0;
-  const SUBCLASSPROC count = [](HWND control, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
-                                DWORD_PTR) -> LRESULT {
-    paints += message == WM_PAINT ? 1 : 0;
-    return DefSubclassProc(control, message, wide, data);
-  };
-  const int still[] = {IDC_FORM2_LABEL13, IDC_FORM2_LABEL14, IDC_FORM2_LIST1_LABEL};
-  for (const int id : still) {
-    SetWindowSubclass(Control(id), count, 99, 0);
+  int paints = 0;
+  const HWND still[] = {Control(IDC_FORM2_LABEL13), Control(IDC_FORM2_LABEL14),
+                        Control(IDC_FORM2_LIST1_LABEL)};
+  std::list<MessageWatch> watches;
+  for (const HWND control : still) {
+    watches.emplace_back(control, [&](UINT message, WPARAM) { paints += message == WM_PAINT; });
   }
   Enlarge(form().window(), 40, 30);
   EXPECT_EQ(paints, 0);
-  InvalidateRect(Control(still[0]), nullptr, TRUE);
+  InvalidateRect(still[0], nullptr, TRUE);
   RunMessages();
   EXPECT_EQ(paints, 1);
 }
@@ -277,7 +249,7 @@ TEST_F(LayoutTest, DraggingTheBorderPaintsNoMoreThanItHasTo) {
 TEST_F(LayoutTest, BoxesOfOneLineFitIt) {
   VisitAll([](const std::string& page, HWND window) {
     for (const HWND control : Shown(window)) {
-      if (Class(control) == "Edit" && GetDlgCtrlID(control) != IDC_FORM2_TEXT3) {
+      if (ClassOf(control) == "Edit" && GetDlgCtrlID(control) != IDC_FORM2_TEXT3) {
         const int line = TextSize(control, "Xg", 0).cy;
         EXPECT_GE(Height(control), line + 6) << page << ' ' << GetDlgCtrlID(control);
         EXPECT_LE(Height(control), line * 5 / 3) << page << ' ' << GetDlgCtrlID(control);
@@ -332,7 +304,7 @@ TEST_F(LayoutTest, TheTabControlEnclosesItsPages) {
         RECT common{};
         IntersectRect(&common, &rect, &face);
         EXPECT_TRUE(EqualRect(&common, &rect)) << page << ' ' << id;
-        if (const std::string name = Class(control); name == "Static" || name == "Button") {
+        if (const std::string name = ClassOf(control); name == "Static" || name == "Button") {
           const win32::WindowDc dc(control);
           const LRESULT brush =
               SendMessageW(window, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc.get()),
@@ -352,7 +324,7 @@ TEST_F(LayoutTest, TheTabControlEnclosesItsPages) {
 TEST_F(LayoutTest, TextsStandOutFromTheirBackground) {
   VisitAll([](const std::string& page, HWND window) {
     for (const HWND control : Shown(window)) {
-      const std::string name = Class(control);
+      const std::string name = ClassOf(control);
       const UINT message = name == "Edit"      ? WM_CTLCOLOREDIT
                            : name == "ListBox" ? WM_CTLCOLORLISTBOX
                            : name == "Button"  ? WM_CTLCOLORBTN
@@ -369,21 +341,14 @@ TEST_F(LayoutTest, TextsStandOutFromTheirBackground) {
 // Windows sends the message to the window alone, which has to pass it to its controls.
 TEST_F(LayoutTest, NewColoursReachEveryControl) {
   VisitAll([](const std::string& page, HWND window) {
-    static int told;
-    told = 0;
-    const SUBCLASSPROC count = [](HWND control, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
-                                  DWORD_PTR) -> LRESULT {
-      told += message == WM_SYSCOLORCHANGE ? 1 : 0;
-      return DefSubclassProc(control, message, wide, data);
-    };
+    int told = 0;
     const std::vector<HWND> controls = Shown(window);
+    std::list<MessageWatch> watches;
     for (const HWND control : controls) {
-      SetWindowSubclass(control, count, 99, 0);
+      watches.emplace_back(control,
+                           [&](UINT message, WPARAM) { told += message == WM_SYSCOLORCHANGE; });
     }
     SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
     EXPECT_EQ(told, static_cast<int>(controls.size())) << page;
-    for (const HWND control : controls) {
-      RemoveWindowSubclass(control, count, 99);
-    }
   });
 }

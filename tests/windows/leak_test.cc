@@ -4,8 +4,6 @@
 #include <dlgs.h>
 #include <shellapi.h>
 
-#include <string>
-
 #include "tests/windows/handle_count.h"
 #include "tests/windows/icon_test_base.h"
 #include "tests/windows/replaced_import.h"
@@ -18,7 +16,7 @@ using testing_menus::UserDefinedMenu;
 class LeakTest : public IconTest {
  protected:
   void OpenMenu() {
-    std::vector<std::string> lines = {ItemLine("The shell's", one, "", "", "", "0")};
+    Texts lines = {ItemLine("The shell's", one, "", "", "", "0")};
     for (int index = 0; index < 12; ++index) {
       lines.push_back(ItemLine("Own", one, "", "", twelve, std::to_string(index)));
     }

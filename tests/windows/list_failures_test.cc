@@ -1,4 +1,3 @@
-#include <functional>
 
 #include "tests/windows/faulty_files.h"
 #include "tests/windows/wizard_test_base.h"
@@ -18,7 +17,7 @@ const std::string kC = ItemLine("Gamma", "C:\\c.exe");
 // Beta and Gamma, with Beta selected.
 struct ListOperation {
   int button;
-  std::vector<std::string> rows;
+  Texts rows;
   int selected;
 };
 
@@ -67,11 +66,7 @@ class ListFailuresTest : public WizardTestBase {
     ASSERT_TRUE(OpenLines({kA, kB, kC}));
     ShowWindow(form().window(), SW_SHOW);
     const std::vector<RowState> before = State();
-    if (edits) {
-      OpenEdit(1);
-    } else {
-      OpenAdd();
-    }
+    OpenWizard(edits, 1);
     breakIt();
     Finish("news:x", "New");
     mendIt();
@@ -103,83 +98,44 @@ class ListFailuresTest : public WizardTestBase {
     ExpectClosed();
     mendIt();
     ExpectSettled({kA, kB, kC});
-    EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", "Beta", "Gamma"}));
+    EXPECT_EQ(Rows(), (Texts{"Alpha", "Beta", "Gamma"}));
   }
-
-  void LockMenu() {
-    lock_ = CreateFileA(MenuPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                        0, nullptr);
-    ASSERT_NE(lock_, INVALID_HANDLE_VALUE);
-  }
-  void UnlockMenu() { CloseHandle(lock_); }
 
   FaultyFiles faulty{windowsFiles};
-
- private:
-  HANDLE lock_ = INVALID_HANDLE_VALUE;
 };
 
-TEST_F(ListFailuresTest, AMenuFileThatMayNotBeWritten) {
-  const auto breakIt = [this] { faulty.unwritable = {"test.menu"}; };
-  const auto mendIt = [this] { faulty.unwritable.clear(); };
-  ExpectListOperationsIgnore(breakIt, mendIt);
-  ExpectFinishStops(true, breakIt, mendIt);
-  ExpectFinishStops(false, breakIt, mendIt);
-  ExpectCancelAfterFailure(breakIt, mendIt);
-}
-
-TEST_F(ListFailuresTest, AReadOnlyMenuFile) {
-  const auto breakIt = [this] { MakeReadOnly(MenuPath()); };
-  const auto mendIt = [this] { MakeWritable(MenuPath()); };
-  ExpectListOperationsIgnore(breakIt, mendIt);
-  ExpectFinishStops(true, breakIt, mendIt);
-  ExpectFinishStops(false, breakIt, mendIt);
-  ExpectCancelAfterFailure(breakIt, mendIt);
-}
-
-TEST_F(ListFailuresTest, AMenuFileThatAnotherHolds) {
-  const auto breakIt = [this] { LockMenu(); };
-  const auto mendIt = [this] { UnlockMenu(); };
-  ExpectListOperationsIgnore(breakIt, mendIt);
-  ExpectFinishStops(true, breakIt, mendIt);
-  ExpectFinishStops(false, breakIt, mendIt);
-  ExpectCancelAfterFailure(breakIt, mendIt);
-}
-
-TEST_F(ListFailuresTest, AFolderWithTheNameOfTheScratchFile) {
-  const auto breakIt = [this] {
-    CreateDirectoryA(PathOf("temporaryfile").c_str(), nullptr);
-    CreateDirectoryA(PathOf("zoltempfileoktodelete").c_str(), nullptr);
-  };
-  const auto mendIt = [this] {
-    EXPECT_TRUE(RemoveDirectoryA(PathOf("temporaryfile").c_str()));
-    EXPECT_TRUE(RemoveDirectoryA(PathOf("zoltempfileoktodelete").c_str()));
-  };
-  ExpectListOperationsIgnore(breakIt, mendIt);
-  ExpectFinishStops(true, breakIt, mendIt);
-  ExpectCancelAfterFailure(breakIt, mendIt);
-  // Adding needs no scratch file.
-  ASSERT_TRUE(OpenLines({kA}));
-  ShowWindow(form().window(), SW_SHOW);
-  breakIt();
-  OpenAdd();
-  Finish("news:x", "New");
-  ExpectClosed();
-  mendIt();
-  ExpectSettled({kA, ItemLine("New", "news:x")});
-}
-
-TEST_F(ListFailuresTest, ACurrentDirectoryThatMayNotBeWritten) {
-  const auto breakIt = [] { ASSERT_TRUE(SetCurrentDirectoryA("Z:\\proc")); };
-  const auto mendIt = [this] { ASSERT_TRUE(SetCurrentDirectoryA(folder().c_str())); };
-  breakIt();
-  const HANDLE made = CreateFileA("temporaryfile", GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                  FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-  ASSERT_EQ(made, INVALID_HANDLE_VALUE) << "the directory can be written after all";
-  mendIt();
-  ExpectListOperationsIgnore(breakIt, mendIt);
-  ExpectFinishStops(true, breakIt, mendIt);
-  ExpectCancelAfterFailure(breakIt, mendIt);
+TEST_F(ListFailuresTest, AMenuOrAScratchFileThatCannotBeWritten) {
+  std::vector<Obstacle> obstacles = Obstacles();
+  obstacles.push_back({"a menu file that cannot be opened to write",
+                       [this] { faulty.unwritable = {"test.menu"}; },
+                       [this] { faulty.unwritable.clear(); }});
+  obstacles.push_back({"a current folder that takes no file",
+                       [] {
+                         ASSERT_TRUE(SetCurrentDirectoryA("Z:\\proc"));
+                         const HANDLE made =
+                             CreateFileA("temporaryfile", GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                         FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+                         ASSERT_EQ(made, INVALID_HANDLE_VALUE) << "it can be written after all";
+                       },
+                       [this] { ASSERT_TRUE(SetCurrentDirectoryA(folder().c_str())); }, false});
+  for (const Obstacle& obstacle : obstacles) {
+    SCOPED_TRACE(obstacle.name);
+    ExpectListOperationsIgnore(obstacle.make, obstacle.remove);
+    ExpectFinishStops(true, obstacle.make, obstacle.remove);
+    ExpectCancelAfterFailure(obstacle.make, obstacle.remove);
+    if (obstacle.stopsAdding) {
+      ExpectFinishStops(false, obstacle.make, obstacle.remove);
+    } else {
+      ASSERT_TRUE(OpenLines({kA}));
+      ShowWindow(form().window(), SW_SHOW);
+      obstacle.make();
+      OpenAdd();
+      Finish("news:x", "New");
+      ExpectClosed();
+      obstacle.remove();
+      ExpectSettled({kA, ItemLine("New", "news:x")});
+    }
+  }
 }
 
 TEST_F(ListFailuresTest, AMenuFileThatIsGone) {
@@ -213,11 +169,7 @@ TEST_F(ListFailuresTest, SeparatorWithTheMenuFileGoneShowsAnEmptyList) {
 TEST_F(ListFailuresTest, FinishWithTheMenuFileGoneMakesNone) {
   for (const bool edits : {false, true}) {
     ASSERT_TRUE(OpenLines({kA, kB, kC}));
-    if (edits) {
-      OpenEdit(1);
-    } else {
-      OpenAdd();
-    }
+    OpenWizard(edits, 1);
     DeleteFileA(MenuPath().c_str());
     Finish("news:x", "New");
     ExpectNamePage();
@@ -269,13 +221,11 @@ TEST_F(ListFailuresTest, AnEntryThatCannotBeReadIsNamedAndTheProgramGoesOn) {
 TEST_F(ListFailuresTest, ADiskThatGetsFullInFinishLosesNothing) {
   ASSERT_TRUE(OpenLines({kA, kB, kC}));
   OpenEdit(1);
-  faulty.limitedFile = "test.menu";
-  faulty.bytesLeft = 30;
+  faulty.FillDiskOf("test.menu", 30);
   Finish("news:x", "New");
   ExpectNamePage();
   EXPECT_EQ(MenuBytes().size(), 30U);
-  const std::vector<std::string> changed{kA, ItemLine("New", "news:x", "", "", "C:\\x.ico", "7"),
-                                         kC};
+  const Texts changed{kA, ItemLine("New", "news:x", "", "", "C:\\x.ico", "7"), kC};
   // Press again, first on the full disk, then with free space.
   PressWizard(kFinish);
   ExpectNamePage();
@@ -291,8 +241,7 @@ TEST_F(ListFailuresTest, ADiskThatGetsFullInAListOperationLosesNothing) {
     SCOPED_TRACE(operation.button);
     ASSERT_TRUE(OpenLines({kA, kB, kC}));
     SelectRow(1);
-    faulty.limitedFile = "test.menu";
-    faulty.bytesLeft = 40;
+    faulty.FillDiskOf("test.menu", 40);
     Press(operation.button);
     EXPECT_EQ(Rows(), operation.rows);
     EXPECT_EQ(MenuBytes().size(), 40U);
@@ -302,7 +251,7 @@ TEST_F(ListFailuresTest, ADiskThatGetsFullInAListOperationLosesNothing) {
     Press(IDC_FORM2_COMMAND8);
     EXPECT_EQ(Rows(), operation.rows);
     EXPECT_EQ(SelectedRow(), -1);
-    std::vector<std::string> expected;
+    Texts expected;
     for (const std::string& row : Rows()) {
       expected.push_back(row == "Alpha" ? kA : row == "Beta" ? kB : kC);
     }
@@ -313,8 +262,7 @@ TEST_F(ListFailuresTest, ADiskThatGetsFullInAListOperationLosesNothing) {
 TEST_F(ListFailuresTest, ADiskThatGetsFullInSeparatorLosesNothing) {
   ASSERT_TRUE(OpenLines({kA, kB}));
   SelectRow(1);
-  faulty.limitedFile = "test.menu";
-  faulty.bytesLeft = 10;
+  faulty.FillDiskOf("test.menu", 10);
   Press(kSeparator.button);
   // There is no question whether to convert the cut file.
   EXPECT_TRUE(answers.Shown().empty());
@@ -332,10 +280,9 @@ TEST_F(ListFailuresTest, ADiskThatGetsFullInSeparatorLosesNothing) {
 TEST_F(ListFailuresTest, HalfAnAddedLineIsTakenBack) {
   ASSERT_TRUE(OpenLines({kA}));
   OpenAdd();
-  faulty.limitedFile = "test.menu";
-  faulty.bytesLeft = 5;
+  faulty.FillDiskOf("test.menu", 5);
   Finish("news:x", "X");
   ExpectNamePage();
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA}));
-  EXPECT_EQ(Rows(), std::vector<std::string>{"Alpha"});
+  EXPECT_EQ(Rows(), Texts{"Alpha"});
 }

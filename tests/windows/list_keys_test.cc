@@ -1,6 +1,4 @@
-#include <windows.h>
 
-#include <functional>
 
 #include "tests/windows/wizard_test_base.h"
 
@@ -58,7 +56,7 @@ void CALLBACK LookAtMenu(HWND window, UINT, UINT_PTR timer, DWORD) {
 // Tests keys and the mouse in the item list.
 class ListKeysTest : public WizardTestBase {
  protected:
-  void Show(const std::vector<std::string>& lines) {
+  void Show(const Texts& lines) {
     ASSERT_TRUE(OpenLines(lines));
     ShowWindow(form().window(), SW_SHOW);
     SetFocus(List());
@@ -68,18 +66,10 @@ class ListKeysTest : public WizardTestBase {
 
   // Presses a key in the list; `held` are keys that are held down meanwhile.
   void Press(WPARAM key, std::vector<BYTE> held = {}) {
-    BYTE keys[256]{};
-    GetKeyboardState(keys);
-    for (const BYTE other : held) {
-      keys[other] = 0x80;
-    }
-    SetKeyboardState(keys);
-    PostMessageW(List(), WM_KEYDOWN, key, 1);
-    RunMessages();
-    for (const BYTE other : held) {
-      keys[other] = 0;
-    }
-    SetKeyboardState(keys);
+    WithKeys(held, [&] {
+      PostMessageW(List(), WM_KEYDOWN, key, 1);
+      RunMessages();
+    });
   }
 
   RECT RectOf(int row) {

@@ -1,9 +1,7 @@
 #include <array>
-#include <functional>
 #include <random>
 
 #include "tests/windows/code_pages.h"
-#include "tests/windows/drag_data.h"
 #include "tests/windows/wizard_test_base.h"
 #include "win32/text.h"
 
@@ -51,9 +49,9 @@ class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInte
   }
 
   void Compare() {
-    std::vector<std::string> lines;
-    std::vector<std::string> captions;
-    std::vector<std::string> tags;
+    Texts lines;
+    Texts captions;
+    Texts tags;
     for (const Entry& entry : model_) {
       lines.push_back(entry.Line());
       captions.push_back(entry.Caption());
@@ -61,7 +59,7 @@ class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInte
     }
     ExpectSettled(lines);
     EXPECT_EQ(Rows(), captions);
-    std::vector<std::string> hidden;
+    Texts hidden;
     for (const RowState& row : State()) {
       hidden.push_back(row.target);
       EXPECT_EQ(row.icon, "0");
@@ -122,10 +120,8 @@ class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInte
     const Entry entry = RandomEntry();
     OpenEdit(selected_);
     Entry& edited = At(selected_);
-    EXPECT_EQ(WizardText(IDC_FORM3_TEXT1), edited.fields[1]);
-    EXPECT_EQ(WizardText(IDC_FORM3_TEXT2), edited.fields[2]);
-    EXPECT_EQ(WizardText(IDC_FORM3_TEXT3), edited.fields[3]);
-    EXPECT_EQ(WizardText(IDC_FORM3_TEXT4), edited.fields[0]);
+    EXPECT_EQ(Boxes(),
+              (Texts{edited.fields[1], edited.fields[2], edited.fields[3], edited.fields[0]}));
     if (Random(4) == 0) {
       PressWizard(IDC_FORM3_COMMAND2);
       return;
@@ -143,15 +139,7 @@ class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInte
       paths.push_back(win32::ToText(path));
       model_.push_back({{name, path, "", "", "", "0"}, path});
     }
-    DragData* const data = DragData::Files(paths);
-    auto* const target =
-        static_cast<IDropTarget*>(GetPropA(Control(IDC_FORM2_LIST1), "OleDropTargetInterface"));
-    DWORD effect = DROPEFFECT_COPY;
-    target->DragEnter(data, 0, {}, &effect);
-    target->Drop(data, 0, {}, &effect);
-    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_COPY));
-    data->Release();
-    RunMessages();  // the files are added after the drop
+    WizardTestBase::Drop(paths);
   }
 
   // Loads the same file in a new window.

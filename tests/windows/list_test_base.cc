@@ -10,7 +10,7 @@ std::ostream& operator<<(std::ostream& out, const RowState& row) {
 
 std::vector<RowState> ListTest::State() {
   std::vector<RowState> state;
-  const std::vector<std::string> rows = Rows();
+  const Texts rows = Rows();
   for (std::size_t row = 0; row < rows.size(); ++row) {
     const int index = static_cast<int>(row);
     state.push_back({rows[row], HiddenIcon(index), HiddenTag(index)});
@@ -18,7 +18,7 @@ std::vector<RowState> ListTest::State() {
   return state;
 }
 
-void ListTest::ExpectSettled(const std::vector<std::string>& itemLines) {
+void ListTest::ExpectSettled(const Texts& itemLines) {
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu(itemLines));
   ExpectNoScratchFiles();
   EXPECT_TRUE(answers.Shown().empty());
@@ -45,4 +45,13 @@ std::string ListTest::ThisProgram() {
   char path[MAX_PATH] = "";
   GetModuleFileNameA(nullptr, path, MAX_PATH);
   return path;
+}
+
+Texts ListTest::ManyLines(int count) {
+  Texts lines;
+  for (int row = 0; row < count; ++row) {
+    const std::string number = std::to_string(row);
+    lines.push_back(testing_menus::ItemLine("Entry " + number, "C:\\" + number));
+  }
+  return lines;
 }

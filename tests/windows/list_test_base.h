@@ -1,9 +1,6 @@
 #ifndef CORVALIS_TESTS_WINDOWS_LIST_TEST_BASE_H_
 #define CORVALIS_TESTS_WINDOWS_LIST_TEST_BASE_H_
 
-#include <string>
-#include <vector>
-
 #include "tests/windows/form2_test_base.h"
 
 inline const std::string kSeparatorRow(87, '-');
@@ -21,9 +18,7 @@ std::ostream& operator<<(std::ostream& out, const RowState& row);
 // The base of the tests that change the entries of a menu.
 class ListTest : public Form2Test {
  protected:
-  bool OpenLines(const std::vector<std::string>& itemLines) {
-    return Open(testing_menus::UserDefinedMenu(itemLines));
-  }
+  bool OpenLines(const Texts& itemLines) { return Open(testing_menus::UserDefinedMenu(itemLines)); }
 
   std::vector<RowState> State();
   std::string HiddenIcon(int row) { return form().items().Hidden(row).text; }
@@ -31,7 +26,7 @@ class ListTest : public Form2Test {
 
   // Expects that the file holds these entries and is otherwise unchanged, that no scratch
   // file is left, that no message was shown, and that the window is enabled.
-  void ExpectSettled(const std::vector<std::string>& itemLines);
+  void ExpectSettled(const Texts& itemLines);
   void ExpectNoScratchFiles();
 
   bool PreviewIsClear();
@@ -39,6 +34,8 @@ class ListTest : public Form2Test {
   // The line of an entry with an icon of its own, the first one of this program.
   static std::string IconLine(const std::string& caption, const std::string& target);
   static std::string ThisProgram();
+  // The lines of so many entries: "Entry 0" with the target C:\0, and so on.
+  static Texts ManyLines(int count);
 };
 
 #endif  // CORVALIS_TESTS_WINDOWS_LIST_TEST_BASE_H_

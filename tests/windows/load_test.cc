@@ -10,7 +10,7 @@ TEST_F(LoadTest, ShowsTheEntriesInFileOrder) {
   const std::string menu =
       UserDefinedMenu({ItemLine("One", "C:\\one.exe"), kSeparatorLine, ItemLine("Two", "C:\\two")});
   ASSERT_TRUE(Open(menu));
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"One", std::string(87, '-'), "Two"}));
+  EXPECT_EQ(Rows(), (Texts{"One", std::string(87, '-'), "Two"}));
   EXPECT_EQ(HiddenRows()[2].tag, "C:\\two");
   EXPECT_EQ(SelectedRow(), -1);
   EXPECT_EQ(MenuBytes(), menu);
@@ -19,10 +19,8 @@ TEST_F(LoadTest, ShowsTheEntriesInFileOrder) {
 TEST_F(LoadTest, AsksBeforeItConverts) {
   answers.Answer({IDNO});
   EXPECT_FALSE(Open("0,\"Tahoma\",8.25,0,0\r\n"));
-  ASSERT_EQ(answers.Shown().size(), 1U);
-  EXPECT_EQ(answers.Shown()[0].title, "Query?");
-  EXPECT_EQ(answers.Shown()[0].text,
-            "The menu file is invalid or a previous version.\rWould you like to update the file?");
-  EXPECT_EQ(answers.Shown()[0].buttons, (std::vector<std::string>{"Yes", "No"}));
+  ExpectBoxes(1, "Query?",
+              "The menu file is invalid or a previous version.\rWould you like to update the file?",
+              {"Yes", "No"});
   EXPECT_EQ(MenuBytes(), "0,\"Tahoma\",8.25,0,0\r\n");
 }

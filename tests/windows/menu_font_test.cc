@@ -4,8 +4,6 @@
 #include <dlgs.h>
 
 #include <cstring>
-#include <functional>
-#include <string>
 
 #include "tests/windows/appearance_test_base.h"
 #include "tests/windows/code_pages.h"

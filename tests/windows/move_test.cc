@@ -1,10 +1,5 @@
-#include <windows.h>
-
-#include <commctrl.h>
-
-#include <algorithm>
-
 #include "tests/windows/list_test_base.h"
+#include "tests/windows/message_watch.h"
 #include "tests/windows/replaced_import.h"
 
 using testing_menus::ItemLine;
@@ -20,40 +15,22 @@ const std::string kB = ItemLine("Beta", "C:\\b.exe", "/b \x80\xFF", "D:\\work", 
 const std::string kC = ItemLine("Gamma, with comma", "C:\\c.exe");
 
 const RowState kRowA{"Alpha", "0", "C:\\a.exe"};
-const RowState kRowC{"Gamma, with comma", "0", "C:\\c.exe"};
-
-// Counts the messages that change the rows of a list box.
-LRESULT CALLBACK CountChanges(HWND list, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
-                              DWORD_PTR count) {
-  const bool changes = message == LB_DELETESTRING || message == LB_INSERTSTRING ||
-                       message == LB_ADDSTRING || message == LB_RESETCONTENT ||
-                       message == LB_SETITEMDATA;
-  if (changes) {
-    ++*reinterpret_cast<int*>(count);
-  }
-  return DefSubclassProc(list, message, wide, data);
-}
 
 }  // namespace
 
 class MoveTest : public ListTest {};
 
-TEST_F(MoveTest, UpExchangesTheEntryWithTheOneAbove) {
-  ASSERT_TRUE(OpenLines({kA, kSeparatorLine, kC}));
-  SelectRow(2);
-  Press(kMoveUp);
-  ExpectSettled({kA, kC, kSeparatorLine});
-  EXPECT_EQ(State(), (std::vector<RowState>{kRowA, kRowC, {kSeparatorRow, "0", ""}}));
-  EXPECT_EQ(SelectedRow(), 1);
-}
-
-TEST_F(MoveTest, DownExchangesTheEntryWithTheOneBelow) {
-  ASSERT_TRUE(OpenLines({kA, kSeparatorLine, kC}));
-  SelectRow(0);
-  Press(kMoveDown);
-  ExpectSettled({kSeparatorLine, kA, kC});
-  EXPECT_EQ(State(), (std::vector<RowState>{{kSeparatorRow, "0", ""}, kRowA, kRowC}));
-  EXPECT_EQ(SelectedRow(), 1);
+TEST_F(MoveTest, ExchangesTheEntryWithTheOneAboveOrBelow) {
+  for (const bool up : {true, false}) {
+    ASSERT_TRUE(OpenLines({kA, kSeparatorLine, kC}));
+    std::vector<RowState> state = State();
+    SelectRow(up ? 2 : 0);
+    Press(up ? kMoveUp : kMoveDown);
+    ExpectSettled(up ? Texts{kA, kC, kSeparatorLine} : Texts{kSeparatorLine, kA, kC});
+    std::swap(state[1], state[up ? 2 : 0]);
+    EXPECT_EQ(State(), state);
+    EXPECT_EQ(SelectedRow(), 1);
+  }
 }
 
 TEST_F(MoveTest, ToBothEndsAndNoFurther) {
@@ -95,7 +72,7 @@ TEST_F(MoveTest, NothingSelectedDoesNothing) {
   Press(kMoveUp);
   Press(kMoveDown);
   EXPECT_EQ(MenuBytes(), menu);
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", "Gamma, with comma"}));
+  EXPECT_EQ(Rows(), (Texts{"Alpha", "Gamma, with comma"}));
   EXPECT_EQ(SelectedRow(), -1);
 }
 
@@ -175,20 +152,21 @@ TEST_F(MoveTest, BothRowsAreDrawnAnewAndNoOther) {
 }
 
 TEST_F(MoveTest, TenThousandRows) {
-  std::vector<std::string> lines;
-  for (int row = 0; row < 10000; ++row) {
-    lines.push_back(ItemLine("Entry " + std::to_string(row), "C:\\" + std::to_string(row)));
-  }
+  Texts lines = ManyLines(10000);
   ASSERT_TRUE(OpenLines(lines));
   const HWND list = Control(IDC_FORM2_LIST1);
   SelectRow(5000);
   SendMessageA(list, LB_SETTOPINDEX, 4995, 0);
   int changes = 0;
-  SetWindowSubclass(list, CountChanges, 1, reinterpret_cast<DWORD_PTR>(&changes));
-  Press(kMoveUp);
-  Press(kMoveDown);
-  Press(kMoveDown);
-  RemoveWindowSubclass(list, CountChanges, 1);
+  {
+    const MessageWatch watch(list, [&](UINT message, WPARAM) {
+      changes += message == LB_DELETESTRING || message == LB_INSERTSTRING ||
+                 message == LB_ADDSTRING || message == LB_RESETCONTENT || message == LB_SETITEMDATA;
+    });
+    Press(kMoveUp);
+    Press(kMoveDown);
+    Press(kMoveDown);
+  }
   EXPECT_LE(changes, 3 * 4);
   EXPECT_GE(changes, 3 * 2);
   EXPECT_EQ(SendMessageA(list, LB_GETTOPINDEX, 0, 0), 4995);
@@ -202,10 +180,7 @@ TEST_F(MoveTest, TenThousandRows) {
 }
 
 TEST_F(MoveTest, TheLastOfManyRowsKeepsItsPlaceOnTheScreen) {
-  std::vector<std::string> lines;
-  for (int row = 0; row < 200; ++row) {
-    lines.push_back(ItemLine("Entry " + std::to_string(row), "C:\\" + std::to_string(row)));
-  }
+  const Texts lines = ManyLines(200);
   ASSERT_TRUE(OpenLines(lines));
   const HWND list = Control(IDC_FORM2_LIST1);
   SelectRow(199);

@@ -1,13 +1,10 @@
-#include <windows.h>
 
 #include <cstdlib>
-#include <string>
-#include <vector>
 
 #include "tests/windows/form2_test_base.h"
 #include "tests/windows/icon_files.h"
+#include "tests/windows/related_window.h"
 #include "win32/scaled_bitmap.h"
-#include "win32/text.h"
 
 using testing_menus::ItemLine;
 using testing_menus::UserDefinedMenu;
@@ -15,23 +12,6 @@ using testing_menus::UserDefinedMenu;
 namespace {
 
 using Pixels = std::vector<COLORREF>;
-
-// Draws into a bitmap of that size and returns its pixels, row by row.
-template <typename Draw>
-Pixels Drawn(SIZE size, Draw draw) {
-  const win32::WindowDc screen(nullptr);
-  const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
-  const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), size.cx, size.cy));
-  const win32::SelectedObject selected(dc.get(), bitmap.get());
-  draw(dc.get());
-  Pixels pixels;
-  for (int y = 0; y < size.cy; ++y) {
-    for (int x = 0; x < size.cx; ++x) {
-      pixels.push_back(GetPixel(dc.get(), x, y));
-    }
-  }
-  return pixels;
-}
 
 SIZE SizeOf(HICON icon) {
   ICONINFO info{};
@@ -43,14 +23,15 @@ SIZE SizeOf(HICON icon) {
   return {bitmap.bmWidth, bitmap.bmHeight};
 }
 
-Pixels PixelsOf(HICON icon) {
-  const SIZE size = SizeOf(icon);
-  return Drawn(
-      size, [&](HDC dc) { DrawIconEx(dc, 0, 0, icon, size.cx, size.cy, 0, nullptr, DI_NORMAL); });
-}
-
 class PicturesTest : public Form2Test {
  protected:
+  static Pixels PixelsOf(HICON icon) {
+    const SIZE size = SizeOf(icon);
+    return Drawn(size, CLR_INVALID, [&](HDC dc) {
+      DrawIconEx(dc, 0, 0, icon, size.cx, size.cy, 0, nullptr, DI_NORMAL);
+    });
+  }
+
   // Expects that the icon equals that of an icon file of the project, in its size.
   static void ExpectShows(HICON icon, const std::string& file) {
     ASSERT_NE(icon, nullptr) << file;
@@ -86,17 +67,17 @@ TEST_F(PicturesTest, EachPageHasItsPicture) {
 TEST_F(PicturesTest, EachWindowHasTheProgramsIcon) {
   ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Entry", "C:\\windows\\notepad.exe")})));
   ExpectWindowIcon(form().window(), "application.ico");
-  const auto child = [this](const wchar_t* name, int button) {
+  const auto child = [this](const char* name, int button) {
     SelectRow(0);
     Press(button);
-    const HWND window = FindWindowW(name, nullptr);
-    ASSERT_NE(window, nullptr) << win32::ToBytes(name).value();
+    const HWND window = ThreadWindow(name);
+    ASSERT_NE(window, nullptr) << name;
     ExpectWindowIcon(window, "application.ico");
     SendMessageW(window, WM_CLOSE, 0, 0);
     RunMessages();
   };
-  child(L"Form3", IDC_FORM2_COMMAND3);
-  child(L"Form4", IDC_FORM2_COMMAND11);
+  child("Form3", IDC_FORM2_COMMAND3);
+  child("Form4", IDC_FORM2_COMMAND11);
 }
 
 // The box may be on a monitor of another DPI than when its picture was made.
@@ -108,7 +89,7 @@ TEST_F(PicturesTest, APreviewShowsAllOfItsPictureInABoxOfAnySize) {
       LoadImageA(nullptr, PathOf("a.ico").c_str(), IMAGE_ICON, 0, 0, LR_LOADFROMFILE)));
   form().iconic1().Draw(icon.get());
   for (const LONG side : {16L, 40L, 64L}) {
-    const Pixels pixels = Drawn({side, side}, [&](HDC dc) {
+    const Pixels pixels = Drawn({side, side}, CLR_INVALID, [&](HDC dc) {
       DRAWITEMSTRUCT item{};
       item.hwndItem = Control(IDC_FORM2_ICONIC1);
       item.hDC = dc;
@@ -135,7 +116,7 @@ TEST_F(PicturesTest, AScaledBitmapShowsAllOfThePicture) {
   const SIZE size{info.bmWidth, info.bmHeight};
   const SIZE half{size.cx / 2, size.cy / 2};
   const auto pixels = [](HBITMAP bitmap, SIZE extent) {
-    return Drawn(extent, [&](HDC dc) {
+    return Drawn(extent, CLR_INVALID, [&](HDC dc) {
       const win32::UniqueMemoryDc from(CreateCompatibleDC(dc));
       const win32::SelectedObject selected(from.get(), bitmap);
       BitBlt(dc, 0, 0, extent.cx, extent.cy, from.get(), 0, 0, SRCCOPY);

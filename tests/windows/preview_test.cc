@@ -3,9 +3,8 @@
 #include <commctrl.h>
 #include <shellapi.h>
 
-#include <cstring>
-
 #include "tests/windows/form2_test_base.h"
+#include "tests/windows/icon_files.h"
 #include "win32/shell_file.h"
 
 using testing_menus::ItemLine;
@@ -16,79 +15,32 @@ namespace {
 
 const std::string kSystem = "C:\\windows\\system32\\";
 
-// Pixels of a standard icon's size, top row first.
-using Pixels = std::vector<COLORREF>;
-
-Pixels PixelsOfBitmapFile(const std::string& file) {
-  BITMAPFILEHEADER header{};
-  BITMAPINFOHEADER info{};
-  std::memcpy(&header, file.data(), sizeof header);
-  std::memcpy(&info, file.data() + sizeof header, sizeof info);
-  EXPECT_EQ(info.biBitCount, 24);
-  const LONG rowBytes = (info.biWidth * 3 + 3) / 4 * 4;
-  Pixels pixels;
-  for (LONG y = info.biHeight - 1; y >= 0; --y) {
-    for (LONG x = 0; x < info.biWidth; ++x) {
-      const char* const bytes = file.data() + header.bfOffBits + y * rowBytes + x * 3;
-      pixels.push_back(RGB(bytes[2], bytes[1], bytes[0]));
-    }
-  }
-  return pixels;
-}
-
-// The colour of the page that has the preview.
-COLORREF pageColour = 0;
-
-// The pixels that a call draws at (0, 0) on the colour of that page.
-template <typename Draw>
-Pixels DrawnPixels(Draw draw) {
-  const win32::WindowDc screen(nullptr);
-  const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
-  const int width = GetSystemMetrics(SM_CXICON);
-  const int height = GetSystemMetrics(SM_CYICON);
-  const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), width, height));
-  const win32::SelectedObject selected(dc.get(), bitmap.get());
-  const RECT all{0, 0, width, height};
-  const win32::UniqueBrush page(CreateSolidBrush(pageColour));
-  FillRect(dc.get(), &all, page.get());
-  draw(dc.get());
-  Pixels pixels;
-  for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      pixels.push_back(GetPixel(dc.get(), x, y));
-    }
-  }
-  return pixels;
-}
-
-Pixels NothingDrawn() {
-  return DrawnPixels([](HDC) {});
-}
-
-Pixels ShellPixels(const std::string& target) {
-  const win32::ShellFile shell(target);
-  return DrawnPixels([&](HDC dc) {
-    if (shell.images != nullptr) {
-      ImageList_Draw(shell.images, shell.imageIndex, dc, 0, 0, ILD_TRANSPARENT);
-    }
-  });
-}
-
-Pixels IconPixels(const std::string& file, int index) {
-  HICON large = nullptr;
-  EXPECT_EQ(ExtractIconExA(file.c_str(), index, &large, nullptr, 1), 1U);
-  const win32::UniqueIcon icon(large);
-  return DrawnPixels([&](HDC dc) { DrawIcon(dc, 0, 0, icon.get()); });
-}
-
 class PreviewTest : public Form2Test {
  protected:
-  bool Open(const std::string& menuBytes) {
-    const bool isOpen = Form2Test::Open(menuBytes);
-    pageColour = PageColour();
-    return isOpen;
+  std::string Shown() { return form().iconic1().BitmapFile(); }
+
+  // The same for what a call draws at (0, 0) on the colour of the page.
+  std::string Drawn(const std::function<void(HDC)>& draw) {
+    return testing_icons::BitmapFile(
+        Form2Test::Drawn({testing_icons::kIconSize, testing_icons::kIconSize}, PageColour(), draw));
   }
-  Pixels Shown() { return PixelsOfBitmapFile(form().iconic1().BitmapFile()); }
+  std::string NothingDrawn() {
+    return Drawn([](HDC) {});
+  }
+  std::string ShellsIcon(const std::string& target) {
+    const win32::ShellFile shell(target);
+    return Drawn([&](HDC dc) {
+      if (shell.images != nullptr) {
+        ImageList_Draw(shell.images, shell.imageIndex, dc, 0, 0, ILD_TRANSPARENT);
+      }
+    });
+  }
+  std::string IconOf(const std::string& file, int index) {
+    HICON large = nullptr;
+    EXPECT_EQ(ExtractIconExA(file.c_str(), index, &large, nullptr, 1), 1U);
+    const win32::UniqueIcon icon(large);
+    return Drawn([&](HDC dc) { DrawIcon(dc, 0, 0, icon.get()); });
+  }
 };
 
 TEST_F(PreviewTest, ShowsNothingAtFirst) {
@@ -101,23 +53,23 @@ TEST_F(PreviewTest, ShowsTheEntrysOwnIcon) {
   ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("File", "C:\\windows", "", "", file, "8"),
                                     ItemLine("Index", file, "", "", "", "3")})));
   SelectRow(0);
-  EXPECT_EQ(Shown(), IconPixels(file, 8));
-  EXPECT_NE(Shown(), ShellPixels("C:\\windows"));
+  EXPECT_EQ(Shown(), IconOf(file, 8));
+  EXPECT_NE(Shown(), ShellsIcon("C:\\windows"));
   EXPECT_NE(Shown(), NothingDrawn());
   // The box is cleared before the next one is drawn.
   SelectRow(1);
-  EXPECT_EQ(Shown(), IconPixels(file, 3));
+  EXPECT_EQ(Shown(), IconOf(file, 3));
 }
 
 TEST_F(PreviewTest, ShowsTheShellsIconOfATargetWithoutOne) {
   ASSERT_TRUE(Open(UserDefinedMenu(
       {ItemLine("Folder", "C:\\windows"), ItemLine("Program", "C:\\windows\\notepad.exe")})));
   SelectRow(0);
-  const Pixels folder = Shown();
-  EXPECT_EQ(folder, ShellPixels("C:\\windows"));
+  const std::string folder = Shown();
+  EXPECT_EQ(folder, ShellsIcon("C:\\windows"));
   EXPECT_NE(folder, NothingDrawn());
   SelectRow(1);
-  EXPECT_EQ(Shown(), ShellPixels("C:\\windows\\notepad.exe"));
+  EXPECT_EQ(Shown(), ShellsIcon("C:\\windows\\notepad.exe"));
   EXPECT_NE(Shown(), folder);
 }
 
@@ -134,7 +86,7 @@ TEST_F(PreviewTest, IsClearedByASwitchOfTheMenuType) {
 TEST_F(PreviewTest, IsDrawnAnewOnTheColoursThatTheUserChooses) {
   ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Folder", "C:\\windows")})));
   SelectRow(0);
-  const Pixels before = Shown();
+  const std::string before = Shown();
   form().iconic1().Draw(LoadIconW(nullptr, reinterpret_cast<const wchar_t*>(32513)));
   ASSERT_NE(Shown(), before);
   SendMessageW(form().window(), WM_SYSCOLORCHANGE, 0, 0);
@@ -163,7 +115,7 @@ TEST_F(PreviewTest, AsksTheShellAboutAnEmptyPathForASeparator) {
   ASSERT_TRUE(Open(UserDefinedMenu({kSeparatorLine, ItemLine("Folder", "C:\\windows")})));
   SelectRow(1);
   SelectRow(0);
-  EXPECT_EQ(Shown(), ShellPixels(""));
+  EXPECT_EQ(Shown(), ShellsIcon(""));
 }
 
 TEST_F(PreviewTest, ASelectionEnablesAndDisablesNothing) {

@@ -1,8 +1,5 @@
-#include <windows.h>
-
-#include <commctrl.h>
-
 #include "tests/windows/list_test_base.h"
+#include "tests/windows/message_watch.h"
 
 using testing_menus::ItemLine;
 using testing_menus::kSeparatorLine;
@@ -22,30 +19,20 @@ const RowState kRowSeparator{kSeparatorRow, "0", ""};
 class SeparatorTest : public ListTest {};
 
 TEST_F(SeparatorTest, GoesBeforeTheSelectedRow) {
-  ASSERT_TRUE(OpenLines({kA, kB}));
-  SelectRow(1);
-  Press(kSeparator);
-  ExpectSettled({kA, kSeparatorLine, kB});
-  EXPECT_EQ(State(), (std::vector<RowState>{kRowA, kRowSeparator, kRowB}));
-  EXPECT_EQ(SelectedRow(), -1);
-  EXPECT_TRUE(PreviewIsClear());
-}
-
-TEST_F(SeparatorTest, GoesToTheTop) {
-  ASSERT_TRUE(OpenLines({kA}));
-  SelectRow(0);
-  Press(kSeparator);
-  ExpectSettled({kSeparatorLine, kA});
-  EXPECT_EQ(State(), (std::vector<RowState>{kRowSeparator, kRowA}));
-}
-
-TEST_F(SeparatorTest, StandsNextToAnother) {
-  ASSERT_TRUE(OpenLines({kA, kSeparatorLine, kB}));
-  SelectRow(1);
-  Press(kSeparator);
-  ExpectSettled({kA, kSeparatorLine, kSeparatorLine, kB});
-  EXPECT_EQ(State(), (std::vector<RowState>{kRowA, kRowSeparator, kRowSeparator, kRowB}));
-  EXPECT_EQ(SelectedRow(), -1);
+  const Texts lines{kA, kSeparatorLine, kB};
+  for (int row = 0; row < 3; ++row) {
+    ASSERT_TRUE(OpenLines(lines));
+    std::vector<RowState> state{kRowA, kRowSeparator, kRowB};
+    SelectRow(row);
+    Press(kSeparator);
+    Texts more = lines;
+    more.insert(more.begin() + row, kSeparatorLine);
+    state.insert(state.begin() + row, kRowSeparator);
+    ExpectSettled(more);
+    EXPECT_EQ(State(), state);
+    EXPECT_EQ(SelectedRow(), -1);
+    EXPECT_TRUE(PreviewIsClear());
+  }
 }
 
 TEST_F(SeparatorTest, NothingSelectedDoesNothing) {
@@ -84,10 +71,7 @@ TEST_F(SeparatorTest, ShowsWhatElseHasChangedInTheFile) {
 }
 
 TEST_F(SeparatorTest, DrawsTenThousandRowsOnceAndStaysWhereItWas) {
-  std::vector<std::string> lines;
-  for (int row = 0; row < 10000; ++row) {
-    lines.push_back(ItemLine("Entry " + std::to_string(row), "C:\\" + std::to_string(row)));
-  }
+  Texts lines = ManyLines(10000);
   ASSERT_TRUE(OpenLines(lines));
   ShowWindow(form().window(), SW_SHOWNA);
   RunMessages();
@@ -96,29 +80,20 @@ TEST_F(SeparatorTest, DrawsTenThousandRowsOnceAndStaysWhereItWas) {
   SendMessageA(list, LB_SETTOPINDEX, 4995, 0);
   RunMessages();
   // Records whether the list could paint while it was filled.
-  struct Seen {
-    int paints = 0;
-    int rowsAddedWhileDrawing = 0;
-    bool draws = true;
-  } seen;
-  const auto watch = [](HWND window, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
-                        DWORD_PTR context) -> LRESULT {
-    Seen& what = *reinterpret_cast<Seen*>(context);
-    if (message == WM_SETREDRAW) {
-      what.draws = wide != FALSE;
-    }
-    what.paints += message == WM_PAINT;
-    what.rowsAddedWhileDrawing += message == LB_INSERTSTRING && what.draws;
-    return DefSubclassProc(window, message, wide, data);
-  };
-  SetWindowSubclass(list, watch, 1, reinterpret_cast<DWORD_PTR>(&seen));
+  int paints = 0;
+  int rowsAddedWhileDrawing = 0;
+  bool draws = true;
+  const MessageWatch watch(list, [&](UINT message, WPARAM wide) {
+    draws = message == WM_SETREDRAW ? wide != FALSE : draws;
+    paints += message == WM_PAINT;
+    rowsAddedWhileDrawing += message == LB_INSERTSTRING && draws;
+  });
   SendMessageA(Control(kSeparator), BM_CLICK, 0, 0);
-  EXPECT_EQ(seen.paints, 0);
-  EXPECT_EQ(seen.rowsAddedWhileDrawing, 0);
-  EXPECT_TRUE(seen.draws);
+  EXPECT_EQ(paints, 0);
+  EXPECT_EQ(rowsAddedWhileDrawing, 0);
+  EXPECT_TRUE(draws);
   UpdateWindow(list);
-  EXPECT_EQ(seen.paints, 1);
-  RemoveWindowSubclass(list, watch, 1);
+  EXPECT_EQ(paints, 1);
   lines.insert(lines.begin() + 5000, kSeparatorLine);
   ExpectSettled(lines);
   EXPECT_EQ(Rows().size(), 10001U);

@@ -3,7 +3,6 @@
 #include <shellapi.h>
 
 #include <set>
-#include <string>
 
 #include "tests/windows/icon_test_base.h"
 #include "tests/windows/replaced_import.h"
@@ -47,8 +46,8 @@ class SharedIconsTest : public IconTest {
  protected:
   SharedIconsTest() { extractions = rootsAsked = 0; }
 
-  std::vector<std::string> Icons() {
-    std::vector<std::string> icons;
+  Texts Icons() {
+    Texts icons;
     for (const editor::HiddenRow& row : HiddenRows()) {
       icons.push_back(row.text);
     }
@@ -69,7 +68,7 @@ TEST_F(SharedIconsTest, ARowShowsTheHandleAsItStandsAfterTheCall) {
   const ReplacedImport extract("ExtractIconExA", ExtractAsToldByName);
   ASSERT_TRUE(Open(UserDefinedMenu({Line("unwritten"), Line("icon"), Line("unwritten"),
                                     Line("nothing"), Line("unwritten"), Line("icon", 1)})));
-  const std::vector<std::string> icons = Icons();
+  const Texts icons = Icons();
   EXPECT_EQ(icons[0], "0");
   EXPECT_TRUE(IsIcon(icons[1]));
   EXPECT_EQ(icons[2], icons[1]);
@@ -91,7 +90,7 @@ TEST_F(SharedIconsTest, AFileThatIsNotSafeToReadLeavesTheRowWithoutAnIcon) {
 TEST_F(SharedIconsTest, AServerOrDriveThatDoesNotAnswerIsAskedOnce) {
   const ReplacedImport extract("ExtractIconExA", ExtractAsToldByName);
   const ReplacedImport attributes("GetFileAttributesW", NoRootAnswers);
-  std::vector<std::string> lines;
+  Texts lines;
   for (int index = 0; index < 5; ++index) {
     lines.push_back(Line("\\\\away\\share\\icons.dll", index));
     lines.push_back(Line("\\\\away\\share\\icon " + std::to_string(index) + ".ico"));
@@ -100,19 +99,19 @@ TEST_F(SharedIconsTest, AServerOrDriveThatDoesNotAnswerIsAskedOnce) {
   ASSERT_TRUE(Open(UserDefinedMenu(lines)));
   EXPECT_EQ(rootsAsked, 2);
   EXPECT_EQ(extractions, 0);
-  EXPECT_EQ(Icons(), std::vector<std::string>(15, "0"));
+  EXPECT_EQ(Icons(), Texts(15, "0"));
   PressSeparator(0);
   EXPECT_EQ(rootsAsked, 2);
 }
 
 TEST_F(SharedIconsTest, AReloadKeepsTheIconsAndAsksForNone) {
-  std::vector<std::string> lines;
+  Texts lines;
   for (int index = 0; index < 12; ++index) {
     lines.push_back(Line(twelve, index));
   }
   lines.push_back(Line(PathOf("missing.dll")));
   ASSERT_TRUE(Open(UserDefinedMenu(lines)));
-  std::vector<std::string> icons = Icons();
+  Texts icons = Icons();
   const ReplacedImport extract("ExtractIconExA", ExtractAsToldByName);
   for (int row = 0; row < 5; ++row) {
     PressSeparator(row);
@@ -127,7 +126,7 @@ TEST_F(SharedIconsTest, AReloadKeepsTheIconsAndAsksForNone) {
 
 TEST_F(SharedIconsTest, WhatNoRowNamesAnyMoreIsReleased) {
   ASSERT_TRUE(Open(UserDefinedMenu({Line(twelve, 0), Line(twelve, 1), Line(twelve, 1)})));
-  const std::vector<std::string> icons = Icons();
+  const Texts icons = Icons();
   WriteBytes(MenuPath(), UserDefinedMenu({Line(twelve, 1), Line(twelve, 2)}));
   PressSeparator(0);
   EXPECT_EQ(Icons()[1], icons[1]);

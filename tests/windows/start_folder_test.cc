@@ -1,7 +1,5 @@
 #include "editor/start_folder.h"
 
-#include <windows.h>
-
 #include "tests/windows/list_test_base.h"
 #include "win32/current_folder.h"
 #include "win32/text.h"

@@ -9,8 +9,6 @@ using testing_menus::UserDefinedMenu;
 
 namespace {
 
-using Names = std::vector<std::string>;
-
 const std::string kSamples = CORVALIS_PROJECT_FOLDER "/samples/";
 const std::string kSystem = "C:\\windows\\system32\\";
 
@@ -36,7 +34,7 @@ class StartUpTest : public Form2Test {
                 "The menu file is invalid or a previous version.\r"
                 "Would you like to update the file?");
       EXPECT_EQ(box.title, "Query?");
-      EXPECT_EQ(box.buttons, (Names{"Yes", "No"}));
+      EXPECT_EQ(box.buttons, (Texts{"Yes", "No"}));
       // The window is not shown yet, so a box that it owned would not be in the task bar.
       EXPECT_EQ(box.owner, nullptr);
     }
@@ -54,15 +52,15 @@ class StartUpTest : public Form2Test {
 TEST_F(StartUpTest, ToolsSample) {
   ASSERT_TRUE(OpenSample("tools.menu"));
   const std::string separator(87, '-');
-  EXPECT_EQ(Rows(), (Names{"Notepad", "Read win.ini", "Command Prompt, opened in C:\\", separator,
+  EXPECT_EQ(Rows(), (Texts{"Notepad", "Read win.ini", "Command Prompt, opened in C:\\", separator,
                            "Registry Editor", "Task Manager", "About Windows", separator, "Drive C",
                            "Windows Folder", "Explorer", "Debian on the Web"}));
-  Names targets;
+  Texts targets;
   for (const editor::HiddenRow& row : HiddenRows()) {
     targets.push_back(row.tag);
   }
   EXPECT_EQ(targets,
-            (Names{"C:\\windows\\notepad.exe", "C:\\windows\\notepad.exe", kSystem + "cmd.exe", "",
+            (Texts{"C:\\windows\\notepad.exe", "C:\\windows\\notepad.exe", kSystem + "cmd.exe", "",
                    "C:\\windows\\regedit.exe", kSystem + "taskmgr.exe", kSystem + "winver.exe", "",
                    "C:\\", "C:\\windows", "C:\\windows\\explorer.exe", "http://www.debian.org/"}));
   EXPECT_EQ(OwnIcons()[0], true);
@@ -108,7 +106,7 @@ TEST_F(StartUpTest, PreviousVersionSampleAfterAYes) {
   ExpectQuestions(1);
   EXPECT_EQ(MenuBytes(), Converted(sample_));
   EXPECT_FALSE(Exists(PathOf("temporaryfile")));
-  EXPECT_EQ(Rows(), (Names{"Notepad", std::string(87, '-'), "Command Prompt", "Windows Folder"}));
+  EXPECT_EQ(Rows(), (Texts{"Notepad", std::string(87, '-'), "Command Prompt", "Windows Folder"}));
   EXPECT_TRUE(IsVisible(IDC_FORM2_FRAME3));
   // The next start asks nothing.
   ASSERT_TRUE(Open(MenuBytes()));
@@ -144,12 +142,11 @@ TEST_F(StartUpTest, AReadOnlyPreviousVersionAsksUntilANo) {
 TEST_F(StartUpTest, APreviousVersionInUseAsksUntilANo) {
   const std::string old = ReadBytes(kSamples + "previous-version.menu");
   WriteBytes(MenuPath(), old);
-  const HANDLE held = CreateFileA(MenuPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                  OPEN_EXISTING, 0, nullptr);
-  ASSERT_NE(held, INVALID_HANDLE_VALUE);
-  answers.Answer({IDYES, IDYES, IDYES, IDNO});
-  EXPECT_FALSE(Load());
-  CloseHandle(held);
+  {
+    const LockedFile held(MenuPath());
+    answers.Answer({IDYES, IDYES, IDYES, IDNO});
+    EXPECT_FALSE(Load());
+  }
   ExpectQuestions(4);
   EXPECT_EQ(MenuBytes(), old);
   EXPECT_FALSE(Exists(PathOf("temporaryfile")));
@@ -159,12 +156,9 @@ TEST_F(StartUpTest, AFileThatOthersReadOrWriteLoads) {
   const std::string menu = UserDefinedMenu({ItemLine("One", "C:\\one.exe")});
   for (const DWORD access : {DWORD{GENERIC_READ}, DWORD{GENERIC_WRITE}}) {
     WriteBytes(MenuPath(), menu);
-    const HANDLE held = CreateFileA(MenuPath().c_str(), access, FILE_SHARE_READ, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    const LockedFile held(MenuPath(), FILE_SHARE_READ, access);
     EXPECT_TRUE(Load());
-    EXPECT_EQ(Rows(), Names{"One"});
-    CloseHandle(held);
+    EXPECT_EQ(Rows(), Texts{"One"});
   }
   EXPECT_TRUE(answers.Shown().empty());
 }
@@ -180,7 +174,7 @@ TEST_F(StartUpTest, TheFirstTabIsSelected) {
   ASSERT_TRUE(Open(UserDefinedMenu({})));
   const HWND tabs = Control(IDC_FORM2_SSTAB1);
   EXPECT_EQ(SendMessageA(tabs, TCM_GETCURSEL, 0, 0), 0);
-  Names captions;
+  Texts captions;
   for (int tab = 0; tab < SendMessageA(tabs, TCM_GETITEMCOUNT, 0, 0); ++tab) {
     char text[64] = "";
     TCITEMA item{};
@@ -190,7 +184,7 @@ TEST_F(StartUpTest, TheFirstTabIsSelected) {
     SendMessageA(tabs, TCM_GETITEMA, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&item));
     captions.push_back(text);
   }
-  EXPECT_EQ(captions, (Names{"Contents", "Appearance", "About"}));
+  EXPECT_EQ(captions, (Texts{"Contents", "Appearance", "About"}));
   EXPECT_EQ(WindowBytes(form().window()), "Corvalis Edit");
 }
 

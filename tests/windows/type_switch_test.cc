@@ -20,12 +20,7 @@ class TypeSwitchTest : public DirectoryTest {
     EXPECT_FALSE(Exists(PathOf("temporaryfile")));
     EXPECT_FALSE(Exists(PathOf("zoltempfileoktodelete")));
   }
-  void ExpectOneQuestion() {
-    ASSERT_EQ(answers.Shown().size(), 1U);
-    EXPECT_EQ(answers.Shown()[0].text, kQuestion);
-    EXPECT_EQ(answers.Shown()[0].title, "Query?");
-    EXPECT_EQ(answers.Shown()[0].buttons, (std::vector<std::string>{"Yes", "No"}));
-  }
+  void ExpectOneQuestion() { ExpectBoxes(1, "Query?", kQuestion, {"Yes", "No"}); }
 
   const std::string someEntries = UserDefinedMenu(
       {ItemLine("One", "C:\\one.exe"), kSeparatorLine,
@@ -59,7 +54,7 @@ TEST_F(TypeSwitchTest, ToADirectoryPointerNotAfterANo) {
   answers.Answer({IDNO});
   ASSERT_TRUE(Open(someEntries));
   SelectRow(2);
-  const std::vector<std::string> rows = Rows();
+  const Texts rows = Rows();
   const std::string icon = form().items().Hidden(2).text;
   Press(IDC_FORM2_COMMAND13);
   ExpectOneQuestion();

@@ -1,9 +1,5 @@
 #include "tests/windows/window_tour.h"
 
-#include <utility>
-
-#include "tests/windows/related_window.h"
-
 using testing_menus::DirectoryMenu;
 using testing_menus::ItemLine;
 using testing_menus::UserDefinedMenu;
@@ -15,14 +11,14 @@ void WindowTour::VisitAll(const Visit& visit) {
 
   Press(IDC_FORM2_COMMAND2);
   VisitChild("target of a new entry", "Form3", 0, visit);
-  SendMessageA(GetDlgItem(Find("Form3"), IDC_FORM3_TEXT1), WM_SETTEXT, 0,
+  SendMessageA(GetDlgItem(ThreadWindow("Form3"), IDC_FORM3_TEXT1), WM_SETTEXT, 0,
                reinterpret_cast<LPARAM>("C:\\windows\\notepad.exe"));
-  SendMessageA(GetDlgItem(Find("Form3"), IDC_FORM3_COMMAND1), BM_CLICK, 0, 0);
+  SendMessageA(GetDlgItem(ThreadWindow("Form3"), IDC_FORM3_COMMAND1), BM_CLICK, 0, 0);
   VisitChild("name of a new entry", "Form3", IDC_FORM3_COMMAND2, visit);
 
   Press(IDC_FORM2_COMMAND3);
   VisitChild("target of an entry", "Form3", 0, visit);
-  SendMessageA(GetDlgItem(Find("Form3"), IDC_FORM3_COMMAND1), BM_CLICK, 0, 0);
+  SendMessageA(GetDlgItem(ThreadWindow("Form3"), IDC_FORM3_COMMAND1), BM_CLICK, 0, 0);
   VisitChild("name of an entry", "Form3", IDC_FORM3_COMMAND2, visit);
 
   Press(IDC_FORM2_COMMAND11);
@@ -36,23 +32,22 @@ void WindowTour::VisitAll(const Visit& visit) {
   visit("directory", form().window());
 }
 
-void WindowTour::VisitChild(const std::string& page, const std::string& windowClass,
-                            int cancelButton, const Visit& visit) {
+void WindowTour::VisitChild(const std::string& page, const char* windowClass, int cancelButton,
+                            const Visit& visit) {
   RunMessages();
-  const HWND window = Find(windowClass);
+  const HWND window = ThreadWindow(windowClass);
   ASSERT_NE(window, nullptr) << page;
   visit(page, window);
   if (cancelButton != 0) {
     SendMessageA(GetDlgItem(window, cancelButton), BM_CLICK, 0, 0);
     RunMessages();
-    ASSERT_EQ(Find(windowClass), nullptr) << page;
+    ASSERT_EQ(ThreadWindow(windowClass), nullptr) << page;
   }
 }
 
 std::vector<HWND> WindowTour::Shown(HWND window) {
   std::vector<HWND> shown;
-  for (HWND control = RelatedWindow(window, GW_CHILD); control != nullptr;
-       control = RelatedWindow(control, GW_HWNDNEXT)) {
+  for (const HWND control : ControlsOf(window)) {
     if ((GetWindowLongA(control, GWL_STYLE) & WS_VISIBLE) != 0) {
       shown.push_back(control);
     }
@@ -62,14 +57,8 @@ std::vector<HWND> WindowTour::Shown(HWND window) {
   return shown;
 }
 
-std::string WindowTour::Class(HWND control) {
-  char name[32] = "";
-  GetClassNameA(control, name, sizeof name);
-  return name;
-}
-
 bool WindowTour::IsFrame(HWND control) {
-  return Class(control) == "Button" &&
+  return ClassOf(control) == "Button" &&
          (GetWindowLongA(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
 }
 
@@ -80,17 +69,10 @@ RECT WindowTour::Place(HWND control) {
   return rect;
 }
 
-HWND WindowTour::Find(const std::string& windowClass) {
-  std::pair<std::string, HWND> search{windowClass, nullptr};
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM data) -> BOOL {
-        auto& [name, found] = *reinterpret_cast<std::pair<std::string, HWND>*>(data);
-        if (Class(window) == name) {
-          found = window;
-        }
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&search));
-  return search.second;
+void WindowTour::Enlarge(HWND window, int width, int height) {
+  RECT rect{};
+  GetWindowRect(window, &rect);
+  SetWindowPos(window, nullptr, 0, 0, rect.right - rect.left + width,
+               rect.bottom - rect.top + height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  RunMessages();
 }

@@ -1,13 +1,8 @@
 #ifndef CORVALIS_TESTS_WINDOWS_WINDOW_TOUR_H_
 #define CORVALIS_TESTS_WINDOWS_WINDOW_TOUR_H_
 
-#include <windows.h>
-
-#include <functional>
-#include <string>
-#include <vector>
-
 #include "tests/windows/form2_test_base.h"
+#include "tests/windows/related_window.h"
 
 // Visits every page of every window, for tests that apply to all of them.
 class WindowTour : public Form2Test {
@@ -18,15 +13,13 @@ class WindowTour : public Form2Test {
 
   // The visible controls of the page in z-order, the top one first.
   static std::vector<HWND> Shown(HWND window);
-  static std::string Class(HWND control);
   static bool IsFrame(HWND control);
   // The place of a control in its window's client area.
   static RECT Place(HWND control);
-  // The open window of this thread with that class; nullptr if there is none.
-  static HWND Find(const std::string& windowClass);
+  static void Enlarge(HWND window, int width, int height);
 
  private:
-  void VisitChild(const std::string& page, const std::string& windowClass, int cancelButton,
+  void VisitChild(const std::string& page, const char* windowClass, int cancelButton,
                   const Visit& visit);
 };
 

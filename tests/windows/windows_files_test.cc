@@ -1,15 +1,12 @@
 // Tests WindowsFileSystem.
-#include "editor/windows_files.h"
 
 #include <algorithm>
 #include <array>
-#include <string>
 #include <string_view>
 
 #include "menufile/changes.h"
 #include "menufile/failure.h"
 #include "tests/windows/form2_test_base.h"
-#include "tests/windows/menu_bytes.h"
 
 namespace {
 
@@ -82,9 +79,9 @@ TEST_F(WindowsFilesTest, ListsTheFilesThatBeginWithAName) {
     WriteBytes(PathOf(name), "");
   }
   for (const std::string& prefix : {std::string("scratch"), PathOf("scratch")}) {
-    std::vector<std::string> paths = windowsFiles.FilesThatBeginWith(prefix);
+    Texts paths = windowsFiles.FilesThatBeginWith(prefix);
     std::sort(paths.begin(), paths.end());
-    EXPECT_EQ((std::vector<std::string>{prefix, prefix + "-1", prefix + "-declined-1"}), paths);
+    EXPECT_EQ((Texts{prefix, prefix + "-1", prefix + "-declined-1"}), paths);
   }
   EXPECT_TRUE(windowsFiles.FilesThatBeginWith("none").empty());
   EXPECT_TRUE(windowsFiles.FilesThatBeginWith("no\\folder\\none").empty());

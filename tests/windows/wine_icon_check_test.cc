@@ -1,9 +1,6 @@
 #include "win32/wine_icon_check.h"
 
-#include <windows.h>
-
 #include <cstring>
-#include <string>
 #include <tuple>
 
 #include "icons/icon_browser.h"
@@ -207,11 +204,10 @@ TEST_F(WineIconCheckTest, KeepsItsVerdictForAFileThatHasNotChanged) {
   // Nobody can open the file now. For a file that cannot be opened, the answer is true.
   WriteBytes(path, IconFile(colours[0]).substr(0, 500));
   EXPECT_FALSE(MayExtractIcon(path, 0));
-  const HANDLE lock =
-      CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  ASSERT_NE(lock, INVALID_HANDLE_VALUE);
-  EXPECT_FALSE(MayExtractIcon(path, 0));
-  CloseHandle(lock);
+  {
+    const LockedFile lock(path, 0);
+    EXPECT_FALSE(MayExtractIcon(path, 0));
+  }
   WriteBytes(path, IconFile(colours[0]));
   EXPECT_TRUE(MayExtractIcon(path, 0));
 }

@@ -20,8 +20,8 @@ const std::string kC = ItemLine("Gamma", "C:\\c.exe", "/c", "", "", "2");
 
 class WizardFinishTest : public WizardTestBase {
  protected:
-  static std::vector<std::string> Tags(const std::vector<RowState>& state) {
-    std::vector<std::string> tags;
+  static Texts Tags(const std::vector<RowState>& state) {
+    Texts tags;
     for (const RowState& row : state) {
       tags.push_back(row.target);
     }
@@ -72,7 +72,7 @@ TEST_F(WizardFinishTest, TextsAreWrittenAsTheyStand) {
   OpenAdd();
   Finish("http://x,y ", name, " -x, ", " ");
   ExpectSettled({ItemLine(name, "http://x,y ", " -x, ", " ")});
-  EXPECT_EQ(Rows(), std::vector<std::string>{name});
+  EXPECT_EQ(Rows(), Texts{name});
 }
 
 TEST_F(WizardFinishTest, EditKeepsTheIconOfTheRecord) {
@@ -99,7 +99,7 @@ TEST_F(WizardFinishTest, EditOfTheFirstAndTheLastEntry) {
   OpenEdit(2);
   Finish("news:last", "Last");
   ExpectSettled({first, kB, ItemLine("Last", "news:last", "", "", "", "2")});
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"First", "Beta", "Last"}));
+  EXPECT_EQ(Rows(), (Texts{"First", "Beta", "Last"}));
 }
 
 TEST_F(WizardFinishTest, EditWithNothingChangedWritesTheSameBytes) {
@@ -193,4 +193,40 @@ TEST_F(WizardFinishTest, AnOldScratchFileGoesFirst) {
       ExpectSettled({kB, ItemLine("X", "news:x")});
     }
   }
+}
+
+TEST_F(WizardFinishTest, TheListScrollsSidewaysAsFarAsItsEntriesGo) {
+  const auto extent = [this] {
+    return SendMessageW(Control(IDC_FORM2_LIST1), LB_GETHORIZONTALEXTENT, 0, 0);
+  };
+  const std::string wideName(150, 'W');
+  ASSERT_TRUE(OpenLines({kB}));
+  const LRESULT narrow = extent();
+  ASSERT_TRUE(OpenLines({ItemLine(wideName, "news:x"), kB}));
+  const LRESULT wide = extent();
+  RECT inside{};
+  GetClientRect(Control(IDC_FORM2_LIST1), &inside);
+  EXPECT_GT(narrow, 0);
+  EXPECT_LT(narrow, inside.right);
+  EXPECT_GT(wide, inside.right);
+  EXPECT_NE(GetWindowLongW(Control(IDC_FORM2_LIST1), GWL_STYLE) & WS_HSCROLL, 0);
+  OpenEdit(0);
+  Finish("news:x", "X");
+  EXPECT_EQ(extent(), narrow) << "renamed";
+  OpenAdd();
+  Finish("news:x", wideName);
+  EXPECT_EQ(extent(), wide) << "added";
+  Press(IDC_FORM2_COMMAND8);
+  EXPECT_EQ(extent(), wide) << "another one moved";
+  SelectRow(2);
+  Press(IDC_FORM2_COMMAND7);
+  EXPECT_EQ(extent(), narrow) << "deleted";
+  WriteBytes(MenuPath(), testing_menus::UserDefinedMenu({ItemLine(wideName, "news:x"), kB}));
+  SelectRow(1);
+  Press(IDC_FORM2_COMMAND9);
+  EXPECT_EQ(extent(), wide) << "read again";
+  WriteBytes(MenuPath(), testing_menus::UserDefinedMenu({kB}));
+  SelectRow(0);
+  Press(IDC_FORM2_COMMAND9);
+  EXPECT_EQ(extent(), narrow) << "read again without it";
 }

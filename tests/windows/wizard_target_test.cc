@@ -20,8 +20,7 @@ class WizardTargetTest : public WizardTestBase {
 
   void ExpectAccepted(const std::string& target) {
     SCOPED_TRACE(target);
-    TypeWizard(kTarget, target);
-    PressWizard(kNext);
+    Next(target);
     EXPECT_TRUE(answers.Shown().empty());
     ExpectNamePage();
     PressWizard(IDC_FORM3_COMMAND4);
@@ -31,13 +30,9 @@ class WizardTargetTest : public WizardTestBase {
     SCOPED_TRACE(target);
     const std::size_t before = answers.Shown().size();
     const int defaultButton = DefaultButton();
-    TypeWizard(kTarget, target);
-    PressWizard(kNext);
-    ASSERT_EQ(answers.Shown().size(), before + 1);
-    const ShownBox& box = answers.Shown().back();
-    EXPECT_EQ(box.title, "Error!");
-    EXPECT_EQ(box.text, "File " + target + " cannot be accessed. Please check the path.");
-    EXPECT_EQ(box.buttons, std::vector<std::string>{"OK"});
+    Next(target);
+    ExpectBoxes(before + 1, "Error!",
+                "File " + target + " cannot be accessed. Please check the path.");
     ExpectTargetPage(defaultButton);
     EXPECT_EQ(WizardText(kTarget), target);
     EXPECT_TRUE(IsWindowEnabled(Wizard()));
@@ -70,16 +65,11 @@ TEST_F(WizardTargetTest, OtherPrefixesAreFiles) {
 
 TEST_F(WizardTargetTest, AcceptsFilesAndFoldersWithAnyAttribute) {
   WriteBytes(PathOf("plain.txt"), "");
-  ExpectAccepted(PathOf("plain.txt"));
-  ExpectAccepted("plain.txt");  // in the current directory
-  ExpectAccepted(folder());
-  ExpectAccepted(folder() + "\\");
-  ExpectAccepted("C:\\windows");
-  ExpectAccepted("C:\\windows\\");
-  ExpectAccepted("C:\\");
-  ExpectAccepted("c:/windows/notepad.exe");
-  ExpectAccepted(".");
-  ExpectAccepted("..");
+  for (const std::string& target :
+       Texts{PathOf("plain.txt"), "plain.txt", folder(), folder() + "\\", "C:\\windows",
+             "C:\\windows\\", "C:\\", "c:/windows/notepad.exe", ".", ".."}) {
+    ExpectAccepted(target);
+  }
   CreateDirectoryA(PathOf("empty").c_str(), nullptr);
   ExpectAccepted(PathOf("empty"));
   ExpectAccepted(PathOf("empty") + "\\");
@@ -100,11 +90,10 @@ TEST_F(WizardTargetTest, AcceptsFilesAndFoldersWithAnyAttribute) {
 
 TEST_F(WizardTargetTest, AcceptsPatternsThatMatch) {
   WriteBytes(PathOf("one.exe"), "");
-  ExpectAccepted(PathOf("*.exe"));
-  ExpectAccepted(PathOf("o?e.exe"));
-  ExpectAccepted(PathOf("*"));
-  ExpectAccepted("*.exe");
-  ExpectAccepted("C:\\windows\\*.exe");
+  for (const std::string& target :
+       Texts{PathOf("*.exe"), PathOf("o?e.exe"), PathOf("*"), "*.exe", "C:\\windows\\*.exe"}) {
+    ExpectAccepted(target);
+  }
   ExpectRefused(PathOf("*.com"));
   ExpectRefused(PathOf("x*"));
   ExpectRefused("C:\\*\\notepad.exe");
@@ -116,10 +105,10 @@ TEST_F(WizardTargetTest, RefusesWhatDoesNotExist) {
   ExpectRefused(PathOf("missing") + "\\");
   WriteBytes(PathOf("plain.txt"), "");
   ExpectRefused(PathOf("plain.txt") + "\\");
-  ExpectRefused("Q:\\");
-  ExpectRefused("Q:\\file.txt");
-  ExpectRefused("q:");
-  ExpectRefused("\\\\no_such_server\\share\\file.txt");
+  for (const std::string& target :
+       Texts{"Q:\\", "Q:\\file.txt", "q:", "\\\\no_such_server\\share\\file.txt"}) {
+    ExpectRefused(target);
+  }
   ExpectRefused("\"" + PathOf("plain.txt") + "\"");
 }
 
@@ -144,18 +133,18 @@ TEST_F(WizardTargetTest, RefusesPathsThatAreTooLong) {
   WriteBytes(longest, "");
   ASSERT_TRUE(Exists(longest));
   ExpectAccepted(longest);
-  ExpectRefused(longest + "f");
-  ExpectRefused(longest.substr(0, longest.size() - 1) + "*\\");
-  ExpectRefused("C:\\" + std::string(257, 'x'));
-  ExpectRefused("C:\\" + std::string(5000, 'x'));
-  ExpectRefused(std::string(30000, '\\'));
-  ExpectRefused(std::string(260, '.'));
+  for (const std::string& target :
+       Texts{longest + "f", longest.substr(0, longest.size() - 1) + "*\\",
+             "C:\\" + std::string(257, 'x'), "C:\\" + std::string(5000, 'x'),
+             std::string(30000, '\\'), std::string(260, '.')}) {
+    ExpectRefused(target);
+  }
 }
 
 TEST_F(WizardTargetTest, BrowseTakesTheChosenFile) {
   WriteBytes(PathOf("chosen.exe"), "");
   std::string title;
-  std::vector<std::string> filters;
+  Texts filters;
   answers.OnDialog([&](HWND dialog) {
     title = WindowBytes(dialog);
     const HWND types = GetDlgItem(dialog, 0x470);  // the list of file types
@@ -164,8 +153,7 @@ TEST_F(WizardTargetTest, BrowseTakesTheChosenFile) {
       SendMessageA(types, CB_GETLBTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text));
       filters.push_back(text);
     }
-    HWND name = GetDlgItem(dialog, 0x47C);  // the name box with a list, or without
-    name = name != nullptr ? name : GetDlgItem(dialog, 0x480);
+    const HWND name = FileNameBox(dialog);
     EXPECT_EQ(WindowBytes(name), "");
     SetWindowTextA(name, PathOf("chosen.exe").c_str());
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
@@ -174,7 +162,7 @@ TEST_F(WizardTargetTest, BrowseTakesTheChosenFile) {
   const std::string before = CurrentFolder();
   PressWizard(kBrowse);
   EXPECT_EQ(title, "Select Program");
-  EXPECT_EQ(filters, (std::vector<std::string>{"Program Files", "All files"}));
+  EXPECT_EQ(filters, (Texts{"Program Files", "All files"}));
   EXPECT_EQ(WizardText(kTarget), PathOf("chosen.exe"));
   EXPECT_TRUE(IsWizardEnabled(kNext));
   EXPECT_EQ(CurrentFolder(), before);
@@ -182,9 +170,7 @@ TEST_F(WizardTargetTest, BrowseTakesTheChosenFile) {
 
 TEST_F(WizardTargetTest, BrowseInAnotherFolderKeepsTheCurrentDirectory) {
   answers.OnDialog([&](HWND dialog) {
-    HWND name = GetDlgItem(dialog, 0x47C);
-    name = name != nullptr ? name : GetDlgItem(dialog, 0x480);
-    SetWindowTextA(name, "C:\\windows\\notepad.exe");
+    SetWindowTextA(FileNameBox(dialog), "C:\\windows\\notepad.exe");
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
   });
   const std::string before = CurrentFolder();
@@ -201,8 +187,7 @@ TEST_F(WizardTargetTest, EnteringAFolderInBrowseKeepsTheCurrentDirectory) {
     SCOPED_TRACE(button);
     bool entered = false;
     answers.OnDialog([&](HWND dialog) {
-      HWND name = GetDlgItem(dialog, 0x47C);
-      name = name != nullptr ? name : GetDlgItem(dialog, 0x480);
+      const HWND name = FileNameBox(dialog);
       SetWindowTextA(name, PathOf("inside").c_str());
       SendMessageA(dialog, WM_COMMAND, IDOK, 0);
       entered = IsWindow(dialog) != FALSE;  // it stays open, on that folder

@@ -1,10 +1,6 @@
-#include <windows.h>
 
-#include <commctrl.h>
 
-#include <functional>
-#include <optional>
-
+#include "tests/windows/message_watch.h"
 #include "tests/windows/wizard_test_base.h"
 
 using testing_menus::ItemLine;
@@ -38,9 +34,7 @@ TEST_F(WizardTest, OpensEmptyOnItsFirstPage) {
   OpenAdd();
   ExpectTargetPage(kNext);
   EXPECT_EQ(WindowBytes(Wizard()), "New Shortcut");
-  for (const int box : {kTarget, kArguments, kStartIn, kName}) {
-    EXPECT_EQ(WizardText(box), "");
-  }
+  EXPECT_EQ(Boxes(), Texts(4));
   EXPECT_FALSE(IsWizardEnabled(kNext));
   EXPECT_EQ(DrawnAsDefault(), std::vector<int>{kNext});
   ExpectFront(Wizard());
@@ -120,10 +114,7 @@ TEST_F(WizardTest, BackKeepsTheTextsAndHasNoDefaultButton) {
   EXPECT_EQ(DrawnAsDefault(), std::vector<int>{});
   ExpectFront(Wizard());
   EXPECT_EQ(GetFocus(), WizardControl(kTarget));
-  EXPECT_EQ(WizardText(kTarget), "news:one");
-  EXPECT_EQ(WizardText(kArguments), "two");
-  EXPECT_EQ(WizardText(kStartIn), "three");
-  EXPECT_EQ(WizardText(kName), "four");
+  EXPECT_EQ(Boxes(), (Texts{"news:one", "two", "three", "four"}));
   // Typing, or moving the focus to a box, does not make a default button either.
   TypeWizard(kTarget, "news:other");
   SendMessageA(Wizard(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(WizardControl(kStartIn)), TRUE);
@@ -138,8 +129,7 @@ TEST_F(WizardTest, BackKeepsTheTextsAndHasNoDefaultButton) {
 
 TEST_F(WizardTest, BackWithAnEmptyNameEnablesFinishAllTheSame) {
   OpenAdd();
-  TypeWizard(kTarget, "news:one");
-  PressWizard(kNext);
+  Next("news:one");
   TypeWizard(kName, "");
   ASSERT_FALSE(IsWizardEnabled(kFinish));
   PressWizard(kBack);
@@ -172,18 +162,15 @@ TEST_F(WizardTest, EveryWayOutGivesTheEditorBackAndWritesNothing) {
       closeBox,
       [this] { Key(WizardControl(kTarget), VK_ESCAPE); },
       [this] {
-        TypeWizard(kTarget, "news:x");
-        PressWizard(kNext);
+        Next("news:x");
         PressWizard(kCancel);
       },
       [this] {
-        TypeWizard(kTarget, "news:x");
-        PressWizard(kNext);
+        Next("news:x");
         Key(WizardControl(kName), VK_ESCAPE);
       },
       [this, closeBox] {
-        TypeWizard(kTarget, "news:x");
-        PressWizard(kNext);
+        Next("news:x");
         PressWizard(kBack);
         closeBox();
       },
@@ -199,7 +186,7 @@ TEST_F(WizardTest, EveryWayOutGivesTheEditorBackAndWritesNothing) {
     waysOut[way]();
     ExpectClosed();
     EXPECT_EQ(MenuBytes(), menu);
-    EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", kSeparatorRow}));
+    EXPECT_EQ(Rows(), (Texts{"Alpha", kSeparatorRow}));
     EXPECT_EQ(SelectedRow(), 0);
   }
 }
@@ -207,30 +194,19 @@ TEST_F(WizardTest, EveryWayOutGivesTheEditorBackAndWritesNothing) {
 // Otherwise Windows would activate another program's window when the wizard closes.
 TEST_F(WizardTest, TheEditorIsEnabledBeforeTheWizardGoes) {
   OpenAdd();
-  struct Seen {
-    HWND editor;
-    std::optional<bool> enabled;
-  } seen{form().window(), {}};
-  const auto watch = [](HWND window, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
-                        DWORD_PTR context) -> LRESULT {
+  std::optional<bool> enabled;
+  const MessageWatch watch(Wizard(), [&](UINT message, WPARAM) {
     if (message == WM_DESTROY) {
-      Seen& what = *reinterpret_cast<Seen*>(context);
-      what.enabled = IsWindowEnabled(what.editor) != FALSE;
+      enabled = IsWindowEnabled(form().window()) != FALSE;
     }
-    return DefSubclassProc(window, message, wide, data);
-  };
-  SetWindowSubclass(Wizard(), watch, 1, reinterpret_cast<DWORD_PTR>(&seen));
+  });
   PressWizard(kCancel);
-  EXPECT_EQ(seen.enabled, true);
+  EXPECT_EQ(enabled, true);
 }
 
 TEST_F(WizardTest, CancelAfterAFinishThatFailedGivesTheEditorBack) {
   for (const bool edits : {false, true}) {
-    if (edits) {
-      OpenEdit(0);
-    } else {
-      OpenAdd();
-    }
+    OpenWizard(edits, 0);
     MakeReadOnly(MenuPath());
     Finish("news:x", "X");
     MakeWritable(MenuPath());
@@ -238,21 +214,18 @@ TEST_F(WizardTest, CancelAfterAFinishThatFailedGivesTheEditorBack) {
     EXPECT_FALSE(IsWindowEnabled(form().window()));
     PressWizard(kCancel);
     ExpectClosed();
-    EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", kSeparatorRow}));
+    EXPECT_EQ(Rows(), (Texts{"Alpha", kSeparatorRow}));
   }
   EXPECT_TRUE(answers.Shown().empty());
 }
 
 TEST_F(WizardTest, EachOpeningStartsAnew) {
   OpenEdit(0);
-  TypeWizard(kTarget, "news:edited");
-  PressWizard(kNext);
+  Next("news:edited");
   PressWizard(kCancel);
   OpenAdd();
   ExpectTargetPage(kNext);
-  for (const int box : {kTarget, kArguments, kStartIn, kName}) {
-    EXPECT_EQ(WizardText(box), "");
-  }
+  EXPECT_EQ(Boxes(), Texts(4));
   Finish("news:new", "New");
   // It is not an edit of entry 0.
   ExpectSettled({kA, kSeparatorLine, ItemLine("New", "news:new")});
@@ -261,8 +234,7 @@ TEST_F(WizardTest, EachOpeningStartsAnew) {
 TEST_F(WizardTest, NextProposesTheShellsNameEachTimeInAddMode) {
   WriteBytes(PathOf("thing.txt"), "");
   OpenAdd();
-  TypeWizard(kTarget, PathOf("thing.txt"));
-  PressWizard(kNext);
+  Next(PathOf("thing.txt"));
   EXPECT_EQ(WizardText(kName), "thing.txt");
   TypeWizard(kName, "My own name");
   PressWizard(kBack);
@@ -273,8 +245,7 @@ TEST_F(WizardTest, NextProposesTheShellsNameEachTimeInAddMode) {
 
 TEST_F(WizardTest, NoNameOfTheShellLeavesTheBoxEmpty) {
   OpenAdd();
-  TypeWizard(kTarget, "gopher://example.org/1");
-  PressWizard(kNext);
+  Next("gopher://example.org/1");
   EXPECT_EQ(WizardText(kName), "");
   EXPECT_FALSE(IsWizardEnabled(kFinish));
   // A typed name is replaced, too.
@@ -289,13 +260,9 @@ TEST_F(WizardTest, EditFillsTheBoxesAndKeepsTheName) {
   WriteBytes(PathOf("thing.txt"), "");
   OpenEdit(0);
   ExpectTargetPage(kNext);
-  EXPECT_EQ(WizardText(kTarget), "C:\\a.exe");
-  EXPECT_EQ(WizardText(kArguments), "-a ");
-  EXPECT_EQ(WizardText(kStartIn), "C:\\");
-  EXPECT_EQ(WizardText(kName), "Alpha");
+  EXPECT_EQ(Boxes(), (Texts{"C:\\a.exe", "-a ", "C:\\", "Alpha"}));
   EXPECT_TRUE(IsWizardEnabled(kNext));
-  TypeWizard(kTarget, PathOf("thing.txt"));
-  PressWizard(kNext);
+  Next(PathOf("thing.txt"));
   ExpectNamePage();
   EXPECT_EQ(WizardText(kName), "Alpha");
   TypeWizard(kName, "Changed");
@@ -307,13 +274,10 @@ TEST_F(WizardTest, EditFillsTheBoxesAndKeepsTheName) {
 TEST_F(WizardTest, EditOfASeparatorIsEmpty) {
   OpenEdit(1);
   ExpectTargetPage(kNext);
-  for (const int box : {kTarget, kArguments, kStartIn, kName}) {
-    EXPECT_EQ(WizardText(box), "");
-  }
+  EXPECT_EQ(Boxes(), Texts(4));
   EXPECT_FALSE(IsWizardEnabled(kNext));
   // The wizard asks for a name, as for every other entry.
-  TypeWizard(kTarget, "news:x");
-  PressWizard(kNext);
+  Next("news:x");
   ExpectNamePage();
   EXPECT_FALSE(IsWizardEnabled(kFinish));
 }

@@ -1,33 +1,16 @@
 #include "tests/windows/wizard_test_base.h"
 
-#include <cstring>
+#include "tests/windows/drag_data.h"
 
 namespace {
 
-constexpr int kControls[] = {
-    IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1,   IDC_FORM3_TEXT1,    IDC_FORM3_COMMAND3,
-    IDC_FORM3_LABEL2,   IDC_FORM3_TEXT2,    IDC_FORM3_LABEL3,   IDC_FORM3_TEXT3,
-    IDC_FORM3_TEXT4,    IDC_FORM3_COMMAND4, IDC_FORM3_COMMAND1, IDC_FORM3_COMMAND5,
-    IDC_FORM3_COMMAND2,
-};
-
-BOOL CALLBACK TakeWizard(HWND window, LPARAM found) {
-  char name[16] = "";
-  GetClassNameA(window, name, sizeof name);
-  if (std::strcmp(name, "Form3") == 0) {
-    *reinterpret_cast<HWND*>(found) = window;
-  }
-  return TRUE;
-}
+constexpr int kControls[] = {IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1,   IDC_FORM3_TEXT1,
+                             IDC_FORM3_COMMAND3, IDC_FORM3_LABEL2,   IDC_FORM3_TEXT2,
+                             IDC_FORM3_LABEL3,   IDC_FORM3_TEXT3,    IDC_FORM3_TEXT4,
+                             IDC_FORM3_COMMAND4, IDC_FORM3_COMMAND1, IDC_FORM3_COMMAND5,
+                             IDC_FORM3_COMMAND2};
 
 }  // namespace
-
-// Other processes may have a wizard open, too.
-HWND WizardTestBase::Wizard() {
-  HWND wizard = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), TakeWizard, reinterpret_cast<LPARAM>(&wizard));
-  return wizard;
-}
 
 void WizardTestBase::OpenAdd() {
   Press(IDC_FORM2_COMMAND2);
@@ -56,6 +39,16 @@ void WizardTestBase::Key(HWND control, int key) {
 }
 
 std::string WizardTestBase::WizardText(int id) { return WindowBytes(WizardControl(id)); }
+
+Texts WizardTestBase::Boxes() {
+  return {WizardText(IDC_FORM3_TEXT1), WizardText(IDC_FORM3_TEXT2), WizardText(IDC_FORM3_TEXT3),
+          WizardText(IDC_FORM3_TEXT4)};
+}
+
+void WizardTestBase::Next(const std::string& target) {
+  TypeWizard(IDC_FORM3_TEXT1, target);
+  PressWizard(IDC_FORM3_COMMAND1);
+}
 
 int WizardTestBase::DefaultButton() {
   const LRESULT answer = SendMessageA(Wizard(), DM_GETDEFID, 0, 0);
@@ -133,4 +126,14 @@ void WizardTestBase::Finish(const std::string& target, const std::string& name,
   PressWizard(IDC_FORM3_COMMAND1);
   TypeWizard(IDC_FORM3_TEXT4, name);
   PressWizard(IDC_FORM3_COMMAND5);
+}
+
+void WizardTestBase::Drop(const std::vector<std::wstring>& paths) {
+  DragData* const data = DragData::Files(paths);
+  DWORD effect = DROPEFFECT_COPY;
+  EXPECT_EQ(Target()->DragEnter(data, MK_LBUTTON, {}, &effect), S_OK);
+  EXPECT_EQ(Target()->Drop(data, 0, {}, &effect), S_OK);
+  EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_COPY));
+  data->Release();
+  RunMessages();  // the files are added after the drop
 }

@@ -3,18 +3,20 @@
 
 #include <windows.h>
 
-#include <string>
-#include <vector>
+#include <ole2.h>
 
 #include "tests/windows/list_test_base.h"
+#include "tests/windows/related_window.h"
 
 // Opens the wizard from the editor window.
 class WizardTestBase : public ListTest {
  protected:
   void OpenAdd();
   void OpenEdit(int row);
+  // Opens the wizard on that row, or to add an entry.
+  void OpenWizard(bool edits, int row) { edits ? OpenEdit(row) : OpenAdd(); }
   // The wizard; nullptr if it is not open.
-  static HWND Wizard();
+  static HWND Wizard() { return ThreadWindow("Form3"); }
   static HWND WizardControl(int id) { return GetDlgItem(Wizard(), id); }
 
   void PressWizard(int buttonId);
@@ -23,6 +25,10 @@ class WizardTestBase : public ListTest {
   void Key(HWND control, int key);
 
   static std::string WizardText(int id);
+  // The texts of its boxes: target, arguments, start-in folder, name.
+  static Texts Boxes();
+  // Types a target and presses Next.
+  void Next(const std::string& target);
   static bool IsWizardEnabled(int id) { return IsWindowEnabled(WizardControl(id)) != FALSE; }
   static int DefaultButton();
   // The buttons that are drawn as the default one.
@@ -36,6 +42,13 @@ class WizardTestBase : public ListTest {
 
   // Waits until the window is in front.
   static void ExpectFront(HWND window);
+
+  // What the list has registered with OLE: Windows and Wine keep it in this property.
+  IDropTarget* Target() {
+    return static_cast<IDropTarget*>(GetPropA(Control(IDC_FORM2_LIST1), "OleDropTargetInterface"));
+  }
+  // Drops these files on the list.
+  void Drop(const std::vector<std::wstring>& paths);
 
   // Fills both pages of a wizard that has just opened and presses Finish.
   void Finish(const std::string& target, const std::string& name, const std::string& arguments = "",

@@ -31,33 +31,11 @@ std::vector<std::size_t> ShortEntries(const KnownMenu& menu, const std::string& 
 }  // namespace
 
 const char* NameOf(ChangeKind kind) {
-  switch (kind) {
-    case ChangeKind::MoveUp:
-      return "move up";
-    case ChangeKind::MoveDown:
-      return "move down";
-    case ChangeKind::Delete:
-      return "delete";
-    case ChangeKind::Separator:
-      return "separator";
-    case ChangeKind::Add:
-      return "add";
-    case ChangeKind::Drop:
-      return "drop";
-    case ChangeKind::Edit:
-      return "edit";
-    case ChangeKind::ChangeIcon:
-      return "change icon";
-    case ChangeKind::SaveAppearance:
-      return "save appearance";
-    case ChangeKind::ToDirectory:
-      return "switch to directory";
-    case ChangeKind::SaveDirectory:
-      return "save directory";
-    case ChangeKind::ToList:
-      return "switch to list";
-  }
-  return "";
+  static constexpr const char* kNames[] = {
+      "move up",        "move down",     "delete",      "separator",       "add",
+      "drop",           "edit",          "change icon", "save appearance", "switch to directory",
+      "save directory", "switch to list"};
+  return kNames[static_cast<int>(kind)];
 }
 
 Changes::Changes(const Program& program, HWND form2, std::mt19937_64& random,
@@ -95,17 +73,14 @@ std::optional<PreparedChange> Changes::Prepare(ChangeKind kind, const KnownMenu&
     SelectRow(GetDlgItem(form2_, IDC_FORM2_LIST1), static_cast<int>(row));
   };
   switch (kind) {
-    case ChangeKind::MoveUp: {
-      const std::size_t row = 1 + Below(count - 1);
-      select(row);
-      std::swap(after.entries[row], after.entries[row - 1]);
-      return PreparedChange{std::move(after), form2_, IDC_FORM2_COMMAND4, nullptr};
-    }
+    case ChangeKind::MoveUp:
     case ChangeKind::MoveDown: {
+      const bool isUp = kind == ChangeKind::MoveUp;
       const std::size_t row = Below(count - 1);
-      select(row);
+      select(isUp ? row + 1 : row);
       std::swap(after.entries[row], after.entries[row + 1]);
-      return PreparedChange{std::move(after), form2_, IDC_FORM2_COMMAND8, nullptr};
+      return PreparedChange{std::move(after), form2_,
+                            isUp ? IDC_FORM2_COMMAND4 : IDC_FORM2_COMMAND8, nullptr};
     }
     case ChangeKind::Delete: {
       // Delete a short entry, so that the menu stays large.

@@ -1,12 +1,7 @@
 #ifndef CORVALIS_TESTS_WINDOWS_OUTSIDE_CHANGES_H_
 #define CORVALIS_TESTS_WINDOWS_OUTSIDE_CHANGES_H_
 
-#include <windows.h>
-
-#include <functional>
-#include <optional>
 #include <random>
-#include <string>
 
 #include "tests/windows/outside/known_menu.h"
 #include "tests/windows/outside/program.h"

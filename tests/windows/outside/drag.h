@@ -1,12 +1,7 @@
 #ifndef CORVALIS_TESTS_WINDOWS_OUTSIDE_DRAG_H_
 #define CORVALIS_TESTS_WINDOWS_OUTSIDE_DRAG_H_
 
-#include <windows.h>
-
-#include <ole2.h>
-
 #include <functional>
-#include <string>
 
 #include "tests/windows/drag_data.h"
 

@@ -1,9 +1,6 @@
 #ifndef CORVALIS_TESTS_WINDOWS_OUTSIDE_FAILING_CHANGES_TEST_BASE_H_
 #define CORVALIS_TESTS_WINDOWS_OUTSIDE_FAILING_CHANGES_TEST_BASE_H_
 
-#include <random>
-#include <string>
-
 #include "tests/windows/outside/changes.h"
 #include "tests/windows/outside/options.h"
 #include "tests/windows/outside/outside_test_base.h"

@@ -1,12 +1,10 @@
 // Tests changes to a menu on a full disk: that of the menu file, that of the current
 // directory, or both. tests/tools/full_disk_test.sh runs them and makes a small file
 // system for them.
-#include <windows.h>
 
 #include "tests/windows/outside/drag.h"
 #include "tests/windows/outside/failing_changes_test_base.h"
 #include "tests/windows/outside/host.h"
-#include "tests/windows/outside/options.h"
 
 using outside::ChangeKind;
 using outside::Changes;
@@ -44,17 +42,9 @@ KnownMenu DirectoryMenu() {
 }
 
 bool MakesLonger(ChangeKind kind) {
-  switch (kind) {
-    case ChangeKind::Separator:
-    case ChangeKind::Add:
-    case ChangeKind::Edit:
-    case ChangeKind::ChangeIcon:
-    case ChangeKind::SaveAppearance:
-    case ChangeKind::SaveDirectory:
-      return true;
-    default:
-      return false;
-  }
+  using enum ChangeKind;
+  return kind == Separator || kind == Add || kind == Edit || kind == ChangeIcon ||
+         kind == SaveAppearance || kind == SaveDirectory;
 }
 
 }  // namespace

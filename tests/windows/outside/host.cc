@@ -1,7 +1,5 @@
 #include "tests/windows/outside/host.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>

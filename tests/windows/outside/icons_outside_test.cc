@@ -115,7 +115,7 @@ TEST_F(IconsOutsideTest, SavesTheMenusIconOnTheColourOfTheDesktop) {
   Confirm("Corvalis Edit", kSaved);
   const std::string saved = MenuBytes();
   const std::string picture = PictureIn(saved);
-  EXPECT_EQ(Difference(picture, testing_menus::BitmapFile(testing_icons::PixelsOf(
+  EXPECT_EQ(Difference(picture, testing_icons::BitmapFile(testing_icons::PixelsOf(
                                     colours[4], GetSysColor(COLOR_BACKGROUND)))),
             "");
   EXPECT_EQ(saved, UserDefinedMenu(items, kAppearance, picture));

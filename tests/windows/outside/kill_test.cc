@@ -2,7 +2,6 @@
 // the old or the new state of both must be complete, in the menu file or in a scratch
 // file. The files that a kill leaves stay in the folder.
 #include <array>
-#include <cstdint>
 #include <cstdio>
 #include <map>
 

@@ -48,29 +48,9 @@ std::string Difference(const std::string& actual, const std::string& expected) {
          part(expected);
 }
 
-std::string BitmapFile(const std::vector<COLORREF>& pixels) {
-  constexpr int kSide = testing_icons::kIconSize;
-  // The file has 3126 bytes, 54 of them headers. The picture has 32 by 32 pixels, one
-  // plane, 24 bits, no compression, and 3072 bytes.
-  std::string file(
-      "BM\x36\x0C\0\0\0\0\0\0\x36\0\0\0"
-      "\x28\0\0\0\x20\0\0\0\x20\0\0\0\x01\0\x18\0\0\0\0\0\0\x0C\0\0"
-      "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0",
-      54);
-  for (int y = kSide - 1; y >= 0; --y) {
-    for (int x = 0; x < kSide; ++x) {
-      const COLORREF pixel = pixels.at(static_cast<std::size_t>(y * kSide + x));
-      file += static_cast<char>(GetBValue(pixel));
-      file += static_cast<char>(GetGValue(pixel));
-      file += static_cast<char>(GetRValue(pixel));
-    }
-  }
-  return file;
-}
-
 std::string EmptyPreview() {
   constexpr std::size_t kPixels = testing_icons::kIconSize * testing_icons::kIconSize;
-  return BitmapFile(std::vector<COLORREF>(kPixels, GetSysColor(COLOR_BTNFACE)));
+  return testing_icons::BitmapFile(std::vector<COLORREF>(kPixels, GetSysColor(COLOR_BTNFACE)));
 }
 
 }  // namespace testing_menus

@@ -3,9 +3,6 @@
 
 #include <windows.h>
 
-#include <string>
-#include <vector>
-
 #include "tests/windows/menu_bytes.h"
 
 namespace testing_menus {
@@ -41,11 +38,7 @@ struct KnownMenu {
 // may have some megabytes.)
 std::string Difference(const std::string& actual, const std::string& expected);
 
-// The bitmap file that the Appearance page saves: 24 bits for each pixel, the bottom row
-// first. `pixels` are those of an icon, row by row from the top left.
-std::string BitmapFile(const std::vector<COLORREF>& pixels);
-
-// The same without an icon: the background of the box.
+// The bitmap file that the Appearance page saves without an icon: the background of the box.
 std::string EmptyPreview();
 
 }  // namespace testing_menus

@@ -1,3 +1,4 @@
+#include "tests/windows/locked_file.h"
 #include "tests/windows/outside/drag.h"
 #include "tests/windows/outside/host.h"
 #include "tests/windows/outside/outside_test_base.h"
@@ -148,9 +149,7 @@ TEST_F(ListOutsideTest, FilesAreRefusedWhileTheWizardIsOpen) {
 
 TEST_F(ListOutsideTest, AMenuFileThatAnotherProcessHolds) {
   Start(UserDefinedMenu({kA, kB}));
-  const HANDLE lock = CreateFileA(MenuPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                  OPEN_EXISTING, 0, nullptr);
-  ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+  std::optional<LockedFile> lock(MenuPath());
   outside::SelectRow(List(), 0);
   Press(IDC_FORM2_COMMAND8);
   EXPECT_EQ(Rows(), (std::vector<std::string>{"Beta", "Alpha"}));
@@ -163,7 +162,7 @@ TEST_F(ListOutsideTest, AMenuFileThatAnotherProcessHolds) {
   EXPECT_TRUE(outside::Press(wizard, IDC_FORM3_COMMAND5));
   EXPECT_EQ(program().Find("Form3"), wizard);
   EXPECT_EQ(program().Find("#32770"), nullptr);
-  CloseHandle(lock);
+  lock.reset();
   EXPECT_EQ(MenuBytes(), UserDefinedMenu({kA, kB}));
   Finish(wizard);
   EXPECT_EQ(MenuBytes(), UserDefinedMenu({kA, kB, ItemLine("X", "news:x")}));

@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "resources/resource.h"
 #include "tests/windows/menu_bytes.h"

@@ -52,12 +52,6 @@ bool WaitUntil(const std::function<bool()>& condition, DWORD milliseconds) {
   return true;
 }
 
-std::string ClassOf(HWND window) {
-  char name[64] = "";
-  GetClassNameA(window, name, sizeof name);
-  return name;
-}
-
 std::string EditorPath() { return BuildFolder() + "\\windows\\CorvalisEdit.exe"; }
 
 Program::Program(const CommandLine& line, const std::string& folder) {

@@ -1,12 +1,9 @@
 #ifndef CORVALIS_TESTS_WINDOWS_OUTSIDE_PROGRAM_H_
 #define CORVALIS_TESTS_WINDOWS_OUTSIDE_PROGRAM_H_
 
-#include <windows.h>
-
-#include <functional>
 #include <optional>
-#include <string>
-#include <vector>
+
+#include "tests/windows/related_window.h"
 
 // Uses the finished program from another process, like a user. Every function that waits
 // gives up after kPatience; its result shows that.
@@ -64,8 +61,6 @@ class Program {
  private:
   PROCESS_INFORMATION process_{};
 };
-
-std::string ClassOf(HWND window);
 
 // These functions work with windows of other processes. Click() returns at once, so that
 // the caller can handle a dialog that it opens. The others wait for the window.

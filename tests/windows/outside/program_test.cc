@@ -1,3 +1,4 @@
+#include "tests/windows/locked_file.h"
 #include "tests/windows/outside/host.h"
 #include "tests/windows/outside/outside_test_base.h"
 
@@ -25,7 +26,7 @@ class ProgramTest : public OutsideTest {
     if (box == nullptr) {
       return {};
     }
-    EXPECT_EQ(outside::ClassOf(box), "#32770");
+    EXPECT_EQ(ClassOf(box), "#32770");
     EXPECT_EQ(outside::Text(box), "Error!");
     const std::string message = outside::Text(box, outside::kMessageTextId);
     EXPECT_NE(message.find(name), std::string::npos) << message;
@@ -49,7 +50,7 @@ TEST_F(ProgramTest, ShowsTheMenuAndEndsWithItsWindow) {
     const Program editor(CommandLine{Quoted()}, folder());
     const HWND window = editor.WaitForFirst();
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(outside::ClassOf(window), "Form2");
+    EXPECT_EQ(ClassOf(window), "Form2");
     EXPECT_EQ(outside::Text(window), "Corvalis Edit");
     EXPECT_EQ(SendMessageA(GetDlgItem(window, IDC_FORM2_LIST1), LB_GETCOUNT, 0, 0), 1);
     PostMessageA(window, message, parameter, 0);
@@ -79,7 +80,7 @@ TEST_F(ProgramTest, WhateverStandsAroundThePathIsDropped) {
     const Program editor(CommandLine{around[0] + MenuPath() + around[1] + "  "}, folder());
     const HWND window = editor.WaitForFirst();
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(outside::ClassOf(window), "Form2") << around;
+    EXPECT_EQ(ClassOf(window), "Form2") << around;
   }
 }
 
@@ -89,7 +90,7 @@ TEST_F(ProgramTest, TheProgramsNameMayStandWithoutQuotes) {
   for (const char* name :
        {"CorvalisEdit.exe", "C:\\menus\\CorvalisEdit", "\"Corvalis Edit.exe\""}) {
     const Program editor(CommandLine{" \t" + Quoted(), name}, folder());
-    EXPECT_EQ(outside::ClassOf(editor.WaitForFirst()), "Form2") << name;
+    EXPECT_EQ(ClassOf(editor.WaitForFirst()), "Form2") << name;
   }
 }
 
@@ -113,7 +114,7 @@ TEST_F(ProgramTest, LibrariesComeFromTheSystemAlone) {
 TEST_F(ProgramTest, ARelativePathIsOneInTheCurrentDirectory) {
   WriteBytes(MenuPath(), menu);
   const Program editor(CommandLine{"\"test.menu\""}, folder());
-  EXPECT_EQ(outside::ClassOf(editor.WaitForFirst()), "Form2");
+  EXPECT_EQ(ClassOf(editor.WaitForFirst()), "Form2");
 }
 
 // A shortcut may have a folder of the system under "Start in".
@@ -124,7 +125,7 @@ TEST_F(ProgramTest, ChangesItsMenuFromAFolderThatTakesNoFile) {
   // /proc takes no file, not even from root.
   const Program editor(MenuPath(), "Z:\\proc");
   const HWND window = editor.WaitForFirst();
-  ASSERT_EQ(outside::ClassOf(window), "Form2");
+  ASSERT_EQ(ClassOf(window), "Form2");
   outside::SelectRow(GetDlgItem(window, IDC_FORM2_LIST1), 0);
   EXPECT_TRUE(outside::Press(window, IDC_FORM2_COMMAND8));
   EXPECT_EQ(MenuBytes(), UserDefinedMenu({b, a}));
@@ -198,11 +199,10 @@ TEST_F(ProgramTest, AFolder) {
 
 TEST_F(ProgramTest, AFileThatMayNotBeRead) {
   WriteBytes(MenuPath(), menu);
-  const HANDLE held =
-      CreateFileA(MenuPath().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  ASSERT_NE(held, INVALID_HANDLE_VALUE);
-  ExpectFailure(Quoted(), MenuPath());
-  CloseHandle(held);
+  {
+    const LockedFile held(MenuPath(), 0);
+    ExpectFailure(Quoted(), MenuPath());
+  }
   EXPECT_EQ(MenuBytes(), menu);
 }
 

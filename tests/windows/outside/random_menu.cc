@@ -126,31 +126,31 @@ class Generator {
     KnownMenu menu;
     menu.isDirectory = true;
     menu.appearance = Appearance();
-    const std::string folder = Chance(3) ? Text()
-                                         : AnyOf({"C:\\",
-                                                  "C:",
-                                                  "",
-                                                  "\\",
-                                                  "Q:\\",
-                                                  "Z:\\",
-                                                  "C:\\windows\\system32\\",
-                                                  "C:\\nothing\\here\\",
-                                                  "..\\",
-                                                  ".",
-                                                  "/",
-                                                  "\\\\",
-                                                  "\\\\nothing\\here\\",
-                                                  "\\\\?\\C:\\",
-                                                  "\\\\.\\C:\\",
-                                                  "C:\\windows\\..\\windows",
-                                                  "C:\\*",
-                                                  "AB:\\",
-                                                  "con",
-                                                  "c:windows",
-                                                  "C:\\windows\\win.ini",
-                                                  ":",
-                                                  "::",
-                                                  "C:\\\\\\windows"});
+    static constexpr const char* kFolders[] = {"C:\\",
+                                               "C:",
+                                               "",
+                                               "\\",
+                                               "Q:\\",
+                                               "Z:\\",
+                                               "C:\\windows\\system32\\",
+                                               "C:\\nothing\\here\\",
+                                               "..\\",
+                                               ".",
+                                               "/",
+                                               "\\\\",
+                                               "\\\\nothing\\here\\",
+                                               "\\\\?\\C:\\",
+                                               "\\\\.\\C:\\",
+                                               "C:\\windows\\..\\windows",
+                                               "C:\\*",
+                                               "AB:\\",
+                                               "con",
+                                               "c:windows",
+                                               "C:\\windows\\win.ini",
+                                               ":",
+                                               "::",
+                                               "C:\\\\\\windows"};
+    const std::string folder = Chance(3) ? Text() : AnyOf(kFolders);
     menu.directory = "\"" + (Chance(20) ? folder + std::string(40000, 'a') : folder) + "\",\"" +
                      Text() + "\"," + Number() + "," + Number() + "," + Number() + "\r\n";
     return menu;

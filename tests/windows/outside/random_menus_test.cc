@@ -1,6 +1,5 @@
 // Opens random menu files with the finished program. It has to show its window, ask a
 // question, or show an error and end. It must neither crash nor hang.
-#include <windows.h>
 
 #include <atomic>
 #include <cstdio>

@@ -1,7 +1,6 @@
 // Takes one menu from its previous version to a directory pointer and back, with every
 // change that a user can make. After each step, the test compares the menu file byte by
 // byte with the expected one, and saves the screen below build/screenshots/story.
-#include <functional>
 #include <utility>
 
 #include "tests/windows/icon_files.h"
@@ -172,7 +171,7 @@ class StoryTest : public OutsideTest {
 
     outside::Click(form2(), IDC_FORM2_COMMAND12);
     ASSERT_NE(WaitForDialog("Corvalis Edit"), nullptr);
-    menu_.picture = testing_menus::BitmapFile(
+    menu_.picture = testing_icons::BitmapFile(
         testing_icons::PixelsOf(colours_[5], GetSysColor(COLOR_BACKGROUND)));
     menu_.appearance = "1,\"Liberation Mono\",14,-1,-1\r\n";
     ExpectMenu("appearance_saved");

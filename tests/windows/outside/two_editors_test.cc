@@ -1,11 +1,10 @@
 // Runs two editors in one folder, and on one menu. Neither may crash, and the menu files
 // have to be as if one change had come after the other.
-#include <windows.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <functional>
 
+#include "tests/windows/locked_file.h"
 #include "tests/windows/outside/failing_changes_test_base.h"
 
 using outside::Changes;
@@ -121,17 +120,15 @@ class TwoEditorsTest : public FailingChangesTest {
     const auto row = static_cast<std::ptrdiff_t>(Below(rows - 1));
     switch (Below(5)) {
       case 0:
-        outside::SelectRow(list, static_cast<int>(row + 1));
-        return {GetDlgItem(editor.form2, IDC_FORM2_COMMAND4), [row](KnownMenu& menu) {
+      case 1: {
+        const bool isUp = Below(2) == 0;
+        outside::SelectRow(list, static_cast<int>(isUp ? row + 1 : row));
+        return {GetDlgItem(editor.form2, isUp ? IDC_FORM2_COMMAND4 : IDC_FORM2_COMMAND8),
+                [row](KnownMenu& menu) {
                   std::swap(menu.entries.at(static_cast<std::size_t>(row)),
                             menu.entries.at(static_cast<std::size_t>(row + 1)));
                 }};
-      case 1:
-        outside::SelectRow(list, static_cast<int>(row));
-        return {GetDlgItem(editor.form2, IDC_FORM2_COMMAND8), [row](KnownMenu& menu) {
-                  std::swap(menu.entries.at(static_cast<std::size_t>(row)),
-                            menu.entries.at(static_cast<std::size_t>(row + 1)));
-                }};
+      }
       case 2:
         outside::SelectRow(list, static_cast<int>(row));
         return {GetDlgItem(editor.form2, IDC_FORM2_COMMAND9), [row](KnownMenu& menu) {
@@ -315,11 +312,10 @@ TEST_F(TwoEditorsTest, AChangeWhileTheOtherWrites) {
       const std::optional<PreparedChange> change = changes.Prepare(kind, before);
       ASSERT_TRUE(change.has_value());
       const std::string held = menuIsHeld ? MenuPath() : PathOf(ScratchName(kind));
-      const HANDLE file = CreateFileA(held.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
-                                      nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-      ASSERT_NE(file, INVALID_HANDLE_VALUE);
-      ExpectFailureIsShown(kind, *change);
-      CloseHandle(file);
+      {
+        const LockedFile file(held, FILE_SHARE_READ, GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS);
+        ExpectFailureIsShown(kind, *change);
+      }
       EXPECT_EQ(Difference(MenuBytes(), before.Bytes()), "");
       if (IsWizard(kind) || kind == ChangeKind::SaveDirectory) {
         EXPECT_TRUE(change->Make());
