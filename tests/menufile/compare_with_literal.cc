@@ -1,7 +1,6 @@
 #include "tests/menufile/compare_with_literal.h"
 
 #include "menufile/failure.h"
-#include "tests/menufile/literal_rewrite.h"
 #include "tests/menufile/loaded_menu.h"
 
 namespace menufile {

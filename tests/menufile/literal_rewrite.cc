@@ -1,7 +1,6 @@
-#include "tests/menufile/literal_rewrite.h"
-
 #include <vector>
 
+#include "tests/menufile/compare_with_literal.h"
 #include "tests/menufile/literal_file.h"
 
 namespace menufile {

@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 #include "menufile/upgrade.h"
-#include "tests/menufile/literal_rewrite.h"
+#include "tests/menufile/compare_with_literal.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"
 

@@ -11,9 +11,7 @@
 #include "tests/windows/replaced_import.h"
 #include "win32/text.h"
 
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 
@@ -180,14 +178,6 @@ TEST_F(AppearanceTest, AMissingMenuIsNotMade) {
   Save();
   ExpectWriteError();
   EXPECT_FALSE(Exists(MenuPath()));
-}
-
-TEST_F(AppearanceTest, AnOldScratchFileIsDeletedFirst) {
-  OpenPage(Menu(kLine));
-  WriteBytes(PathOf(scratch), std::string(9000, '#'));
-  Save();
-  ExpectSaved();
-  EXPECT_EQ(MenuBytes(), Menu(kLine, EmptyPicture()));
 }
 
 TEST_F(AppearanceTest, ThatFailsHalfWayIsFinishedByTheNextStart) {

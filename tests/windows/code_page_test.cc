@@ -5,9 +5,7 @@
 #include "win32/text.h"
 #include "win32/window_text.h"
 
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 using win32::ToBytes;
 using win32::ToText;
 

@@ -7,9 +7,7 @@
 #include "resources/version.h"
 #include "tests/windows/window_tour.h"
 
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 
@@ -257,21 +255,6 @@ TEST_F(ControlsTest, TheWindowHasALeastSize) {
   SendMessageA(form().window(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
   EXPECT_EQ(info.ptMinTrackSize.x, before.right - before.left);
   EXPECT_EQ(info.ptMinTrackSize.y, before.bottom - before.top);
-}
-
-TEST_F(ControlsTest, ListsAndPathGrowWithTheWindow) {
-  ASSERT_TRUE(Open(UserDefinedMenu({})));
-  const auto size = [this](int id) {
-    const RECT rect = Place(Control(id));
-    return std::make_pair(rect.right - rect.left, rect.bottom - rect.top);
-  };
-  const auto list = size(IDC_FORM2_LIST1);
-  const auto folders = size(IDC_FORM2_DIR1);
-  const auto path = size(IDC_FORM2_TEXT7);
-  Enlarge(form().window(), 200, 150);
-  EXPECT_EQ(size(IDC_FORM2_LIST1), std::make_pair(list.first + 200, list.second + 150));
-  EXPECT_EQ(size(IDC_FORM2_DIR1), std::make_pair(folders.first + 200, folders.second + 150));
-  EXPECT_EQ(size(IDC_FORM2_TEXT7), std::make_pair(path.first + 200, path.second));
 }
 
 }  // namespace

@@ -3,11 +3,7 @@
 #include "tests/windows/directory_test_base.h"
 #include "tests/windows/faulty_files.h"
 
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::kAppearance;
-using testing_menus::kPicture;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 

@@ -4,9 +4,7 @@
 #include "tests/windows/directory_test_base.h"
 #include "win32/window_text.h"
 
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 // Tests how the page is filled, and its lists and boxes.
 class DirectoryPageTest : public DirectoryTest {};

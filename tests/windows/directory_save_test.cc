@@ -2,10 +2,6 @@
 #include "tests/windows/directory_test_base.h"
 
 using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::kAppearance;
-using testing_menus::kPicture;
-using testing_menus::UserDefinedMenu;
 
 // Tests "Save Changes" on the directory page.
 class DirectorySaveTest : public DirectoryTest {
@@ -79,11 +75,6 @@ TEST_F(DirectorySaveTest, TheAppearanceIsTheFilesOwn) {
   ExpectSaved(DirectoryMenu(Line("C:\\"), other));
 }
 
-TEST_F(DirectorySaveTest, AppearanceValuesAreReadAndWrittenAgain) {
-  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"), "  01 , \"A, B\" junk,8.250,-1 ,\r\n")));
-  ExpectSaved(DirectoryMenu(Line("C:\\"), "1,\"A, B\",8.25,-1,\r\n"));
-}
-
 TEST_F(DirectorySaveTest, TextsAreWrittenAsTheyStand) {
   const std::string& bytes = testing_pages::ThisPage().bytes;
   const std::pair<std::string, std::string> cases[] = {
@@ -105,31 +96,6 @@ TEST_F(DirectorySaveTest, TextsAreWrittenAsTheyStand) {
 TEST_F(DirectorySaveTest, AnEmptyPathIsWrittenEmpty) {
   ASSERT_TRUE(Open(DirectoryMenu(Line("", ""))));
   ExpectSaved(DirectoryMenu("\"\",\"\",1,0,1\r\n"));
-}
-
-TEST_F(DirectorySaveTest, WhatFollowsTheRecordGoes) {
-  ASSERT_TRUE(
-      Open(DirectoryMenu(Line("C:\\") + "\r\nmore, and \"more\"\r\n" + ItemLine("a", "b"))));
-  ExpectSaved(DirectoryMenu(Line("C:\\")));
-}
-
-TEST_F(DirectorySaveTest, AShorterMenuLeavesNothingBehind) {
-  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\" + std::string(2000, 'x')))));
-  Type(IDC_FORM2_TEXT7, "C:\\");
-  ExpectSaved(DirectoryMenu(Line("C:\\")));
-}
-
-TEST_F(DirectorySaveTest, AnOldScratchFileIsThrownAway) {
-  WriteBytes(PathOf("temporaryfile"), std::string(10000, 'z'));
-  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
-  ExpectSaved(DirectoryMenu(Line("C:\\")));
-}
-
-// Another program has changed the type: it is overwritten.
-TEST_F(DirectorySaveTest, TheTypeIsWrittenAnew) {
-  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
-  WriteBytes(MenuPath(), UserDefinedMenu({ItemLine("One", "C:\\one.exe")}));
-  ExpectSaved(DirectoryMenu(Line("C:\\")));
 }
 
 TEST_F(DirectorySaveTest, WhatWasSavedLoadsAgain) {

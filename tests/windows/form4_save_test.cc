@@ -119,20 +119,6 @@ TEST_F(Form4SaveTest, OkOnAFileWithoutIconsLeavesTheRowWithoutOne) {
   EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), std::vector<COLORREF>(Empty().size(), PageColour()));
 }
 
-// The window overwrites an old scratch file from its front. The rest of a longer one ends
-// up after the menu.
-TEST_F(Form4SaveTest, AnOldScratchFileIsWrittenOver) {
-  OpenForItem(two, "1");
-  const std::string old(2000, '#');
-  WriteBytes(PathOf(scratch), old);
-  Choose(twelve);
-  PressOk();
-  const std::string menu = Menu(Item(twelve, "0"));
-  ASSERT_LT(menu.size(), old.size());
-  EXPECT_EQ(MenuBytes(), menu + old.substr(menu.size()));
-  EXPECT_FALSE(Exists(scratch));
-}
-
 TEST_F(Form4SaveTest, AMenuThatCannotBeWrittenIsAnErrorAndNothingChanges) {
   const std::string menu = Menu(Item(two, "1"));
   std::size_t boxes = 0;

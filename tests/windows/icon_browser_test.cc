@@ -11,10 +11,8 @@
 #include "tests/windows/replaced_import.h"
 #include "win32/shell_file.h"
 
-using testing_icons::IconFile;
-using testing_icons::Library;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_icons;
+using namespace testing_menus;
 
 class IconBrowserTest : public IconTest {
  protected:

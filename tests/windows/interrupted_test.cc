@@ -5,15 +5,13 @@
 #include "tests/windows/form2_test_base.h"
 #include "tests/windows/related_window.h"
 
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 
-const std::string kOne = ItemLine("One", "C:\\1");
+const std::string kOne = ItemLine("One", "C:\\windows");  // which has an icon
 const std::string kTwo = ItemLine("Two", "C:\\2");
-const std::string kThree = ItemLine("Three", "C:\\3");
+const std::string kThree = ItemLine("Three", "C:\\windows\\system32");
 const std::string kMenu = UserDefinedMenu({kOne, kTwo, kThree});
 
 class InterruptedTest : public Form2Test {
@@ -110,6 +108,7 @@ TEST_F(InterruptedTest, IsFinishedByTheNextButtonWhichDoesNothingMore) {
     EXPECT_EQ(MenuBytes().size(), 40U);
     faulty.limitedFile.clear();
     SelectRow(next == IDC_FORM2_COMMAND8 ? 0 : 1);
+    ASSERT_NE(form().iconic1().BitmapFile(), clear);
     Press(next);
     const bool deleted = failing == IDC_FORM2_COMMAND7;
     EXPECT_EQ(MenuBytes(), UserDefinedMenu(deleted ? std::vector{kOne, kThree}

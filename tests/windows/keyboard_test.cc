@@ -7,9 +7,7 @@
 #include "tests/windows/related_window.h"
 #include "tests/windows/replaced_import.h"
 
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 

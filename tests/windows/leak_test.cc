@@ -8,9 +8,7 @@
 #include "tests/windows/icon_test_base.h"
 #include "tests/windows/replaced_import.h"
 
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 // Tests that actions which a user repeats leave no handles.
 class LeakTest : public IconTest {

@@ -2,8 +2,7 @@
 #include "tests/windows/faulty_files.h"
 #include "tests/windows/wizard_test_base.h"
 
-using testing_menus::ItemLine;
-using testing_menus::kSeparatorLine;
+using namespace testing_menus;
 
 namespace {
 

@@ -2,9 +2,7 @@
 
 #include "tests/windows/wizard_test_base.h"
 
-using testing_menus::ItemLine;
-using testing_menus::kSeparatorLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 

@@ -2,8 +2,7 @@
 #include "tests/windows/message_watch.h"
 #include "tests/windows/replaced_import.h"
 
-using testing_menus::ItemLine;
-using testing_menus::kSeparatorLine;
+using namespace testing_menus;
 
 namespace {
 

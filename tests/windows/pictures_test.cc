@@ -6,8 +6,7 @@
 #include "tests/windows/related_window.h"
 #include "win32/scaled_bitmap.h"
 
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 

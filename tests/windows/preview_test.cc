@@ -7,9 +7,7 @@
 #include "tests/windows/icon_files.h"
 #include "win32/shell_file.h"
 
-using testing_menus::ItemLine;
-using testing_menus::kSeparatorLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 

@@ -7,8 +7,7 @@
 #include "tests/windows/window_tour.h"
 #include "win32/layout.h"
 
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 

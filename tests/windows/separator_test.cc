@@ -1,8 +1,7 @@
 #include "tests/windows/list_test_base.h"
 #include "tests/windows/message_watch.h"
 
-using testing_menus::ItemLine;
-using testing_menus::kSeparatorLine;
+using namespace testing_menus;
 
 namespace {
 

@@ -8,8 +8,7 @@
 #include "tests/windows/replaced_import.h"
 
 using testing_icons::Library;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 

@@ -4,8 +4,7 @@
 
 #include "tests/windows/form2_test_base.h"
 
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 

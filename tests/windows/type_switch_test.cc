@@ -2,12 +2,7 @@
 
 #include "tests/windows/directory_test_base.h"
 
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::kAppearance;
-using testing_menus::kPicture;
-using testing_menus::kSeparatorLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 
@@ -27,15 +22,44 @@ class TypeSwitchTest : public DirectoryTest {
        ItemLine("Two", "C:\\windows", "", "", "C:\\windows\\system32\\shell32.dll", "3")});
 };
 
-TEST_F(TypeSwitchTest, ToADirectoryPointerAfterAYes) {
-  answers.Answer({IDYES});
-  ASSERT_TRUE(Open(someEntries));
-  Press(IDC_FORM2_COMMAND13);
-  ExpectOneQuestion();
-  EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));
-  ExpectNoScratchFiles();
-  EXPECT_TRUE(ShowsDirectoryPage());
-  EXPECT_TRUE(Rows().empty());
+TEST_F(TypeSwitchTest, HappensAfterAYesAlone) {
+  const std::string pointer = DirectoryMenu(Line("K:\\", "*.txt", "0,1,1"));
+  const struct {
+    int button;
+    std::string before;
+    std::string after;
+  } switches[] = {{IDC_FORM2_COMMAND13, someEntries, DirectoryMenu(kDefaultLine)},
+                  {IDC_FORM2_COMMAND14, pointer, UserDefinedMenu({})}};
+  std::size_t questions = 0;
+  for (const auto& [button, before, after] : switches) {
+    for (const bool yes : {false, true}) {
+      SCOPED_TRACE(std::to_string(button) + (yes ? ", Yes" : ", No"));
+      answers.Answer({yes ? IDYES : IDNO});
+      ASSERT_TRUE(Open(before));
+      SelectRow(2);
+      const Texts rows = Rows();
+      const int selected = SelectedRow();
+      const std::string icon = rows.empty() ? "" : form().items().Hidden(2).text;
+      Press(button);
+      ExpectBoxes(++questions, "Query?", kQuestion, {"Yes", "No"});
+      ExpectNoScratchFiles();
+      EXPECT_EQ(MenuBytes(), yes ? after : before);
+      EXPECT_EQ(ShowsDirectoryPage(), (button == IDC_FORM2_COMMAND13) == yes);
+      if (yes) {
+        EXPECT_TRUE(Rows().empty());
+        continue;
+      }
+      EXPECT_EQ(Rows(), rows);
+      EXPECT_EQ(SelectedRow(), selected);
+      if (!rows.empty()) {
+        EXPECT_EQ(form().items().Hidden(2).text, icon);
+      } else {
+        EXPECT_EQ(Path(), "K:\\");
+        EXPECT_EQ(Pattern(), "*.txt");
+        EXPECT_EQ(Checks(), "011");
+      }
+    }
+  }
 }
 
 TEST_F(TypeSwitchTest, ToADirectoryPointerEmptiesTheHiddenRowsButTheFirst) {
@@ -48,22 +72,6 @@ TEST_F(TypeSwitchTest, ToADirectoryPointerEmptiesTheHiddenRowsButTheFirst) {
   EXPECT_EQ(form().items().Hidden(0).text, "");
   EXPECT_EQ(form().items().Hidden(0).tag, "C:\\windows");
   EXPECT_THROW(form().items().Hidden(1), std::out_of_range);
-}
-
-TEST_F(TypeSwitchTest, ToADirectoryPointerNotAfterANo) {
-  answers.Answer({IDNO});
-  ASSERT_TRUE(Open(someEntries));
-  SelectRow(2);
-  const Texts rows = Rows();
-  const std::string icon = form().items().Hidden(2).text;
-  Press(IDC_FORM2_COMMAND13);
-  ExpectOneQuestion();
-  EXPECT_EQ(MenuBytes(), someEntries);
-  ExpectNoScratchFiles();
-  EXPECT_FALSE(ShowsDirectoryPage());
-  EXPECT_EQ(Rows(), rows);
-  EXPECT_EQ(SelectedRow(), 2);
-  EXPECT_EQ(form().items().Hidden(2).text, icon);
 }
 
 TEST_F(TypeSwitchTest, BothQuestionsBelongToTheWindow) {
@@ -108,12 +116,6 @@ TEST_F(TypeSwitchTest, BothWaysKeepPictureAndAppearance) {
   EXPECT_EQ(answers.Shown().size(), 2U);
 }
 
-TEST_F(TypeSwitchTest, AppearanceValuesAreReadAndWrittenAgain) {
-  ASSERT_TRUE(Open(UserDefinedMenu({}, "007,Tahoma,8.250,-1,\r\n")));
-  Press(IDC_FORM2_COMMAND13);
-  EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine, "7,\"Tahoma\",8.25,-1,\r\n"));
-}
-
 // The page is not loaded from the file, which holds the defaults by then.
 TEST_F(TypeSwitchTest, ThePageShowsWhatItShowedBefore) {
   ASSERT_TRUE(Open(UserDefinedMenu({})));
@@ -146,31 +148,6 @@ TEST_F(TypeSwitchTest, ThereAndBackThePageStillShowsTheLoadedFolder) {
   EXPECT_EQ(Checks(), "001");
 }
 
-TEST_F(TypeSwitchTest, ToAUserDefinedListAfterAYes) {
-  answers.Answer({IDYES});
-  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
-  Press(IDC_FORM2_COMMAND14);
-  ExpectOneQuestion();
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({}));
-  ExpectNoScratchFiles();
-  EXPECT_FALSE(ShowsDirectoryPage());
-  EXPECT_TRUE(Rows().empty());
-}
-
-TEST_F(TypeSwitchTest, ToAUserDefinedListNotAfterANo) {
-  const std::string menu = DirectoryMenu(Line("K:\\", "*.txt", "0,1,1"));
-  answers.Answer({IDNO});
-  ASSERT_TRUE(Open(menu));
-  Press(IDC_FORM2_COMMAND14);
-  ExpectOneQuestion();
-  EXPECT_EQ(MenuBytes(), menu);
-  ExpectNoScratchFiles();
-  EXPECT_TRUE(ShowsDirectoryPage());
-  EXPECT_EQ(Path(), "K:\\");
-  EXPECT_EQ(Pattern(), "*.txt");
-  EXPECT_EQ(Checks(), "011");
-}
-
 TEST_F(TypeSwitchTest, AnEmptyPathIsSwitchedWithoutAQuestion) {
   ASSERT_TRUE(Open(DirectoryMenu(Line("", "*.*"))));
   ASSERT_EQ(Path(), "");
@@ -186,26 +163,6 @@ TEST_F(TypeSwitchTest, AnEmptiedPathIsABackslashAndIsAskedAbout) {
   Type(IDC_FORM2_TEXT7, "");
   Press(IDC_FORM2_COMMAND14);
   ExpectOneQuestion();
-}
-
-TEST_F(TypeSwitchTest, WhatFollowsTheDirectoryRecordGoesToo) {
-  answers.Answer({IDYES});
-  ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\") + ItemLine("a", "b") + "\r\n")));
-  Press(IDC_FORM2_COMMAND14);
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({}));
-}
-
-TEST_F(TypeSwitchTest, AnOldScratchFileIsThrownAway) {
-  answers.Answer({IDYES, IDYES});
-  WriteBytes(PathOf("temporaryfile"), std::string(10000, 'z'));
-  ASSERT_TRUE(Open(someEntries));
-  Press(IDC_FORM2_COMMAND13);
-  EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));
-  WriteBytes(PathOf("temporaryfile"), std::string(10000, 'z'));
-  Type(IDC_FORM2_TEXT7, "C:\\");
-  Press(IDC_FORM2_COMMAND14);
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({}));
-  ExpectNoScratchFiles();
 }
 
 TEST_F(TypeSwitchTest, WhatWasSwitchedLoadsAgain) {

@@ -1,8 +1,6 @@
 #include "tests/windows/window_tour.h"
 
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 void WindowTour::VisitAll(const Visit& visit) {
   ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Notepad", "C:\\windows\\notepad.exe")})));

@@ -6,8 +6,7 @@
 #include "icons/icon_browser.h"
 #include "tests/windows/icon_test_base.h"
 
-using testing_icons::IconFile;
-using testing_icons::Library;
+using namespace testing_icons;
 using win32::MayExtractIcon;
 
 namespace {

@@ -3,8 +3,7 @@
 #include "tests/windows/message_watch.h"
 #include "tests/windows/wizard_test_base.h"
 
-using testing_menus::ItemLine;
-using testing_menus::kSeparatorLine;
+using namespace testing_menus;
 
 namespace {
 
@@ -231,29 +230,21 @@ TEST_F(WizardTest, EachOpeningStartsAnew) {
   ExpectSettled({kA, kSeparatorLine, ItemLine("New", "news:new")});
 }
 
-TEST_F(WizardTest, NextProposesTheShellsNameEachTimeInAddMode) {
+TEST_F(WizardTest, NextProposesTheShellsNameOrNoneEachTimeInAddMode) {
   WriteBytes(PathOf("thing.txt"), "");
-  OpenAdd();
-  Next(PathOf("thing.txt"));
-  EXPECT_EQ(WizardText(kName), "thing.txt");
-  TypeWizard(kName, "My own name");
-  PressWizard(kBack);
-  PressWizard(kNext);
-  EXPECT_EQ(WizardText(kName), "thing.txt");
-  EXPECT_TRUE(IsWizardEnabled(kFinish));
-}
-
-TEST_F(WizardTest, NoNameOfTheShellLeavesTheBoxEmpty) {
-  OpenAdd();
-  Next("gopher://example.org/1");
-  EXPECT_EQ(WizardText(kName), "");
-  EXPECT_FALSE(IsWizardEnabled(kFinish));
-  // A typed name is replaced, too.
-  TypeWizard(kName, "Typed");
-  PressWizard(kBack);
-  PressWizard(kNext);
-  EXPECT_EQ(WizardText(kName), "");
-  EXPECT_FALSE(IsWizardEnabled(kFinish));
+  const std::pair<std::string, std::string> targets[] = {{PathOf("thing.txt"), "thing.txt"},
+                                                         {"gopher://example.org/1", ""}};
+  for (const auto& [target, name] : targets) {
+    OpenAdd();
+    Next(target);
+    EXPECT_EQ(WizardText(kName), name);
+    TypeWizard(kName, "My own name");
+    PressWizard(kBack);
+    PressWizard(kNext);
+    EXPECT_EQ(WizardText(kName), name);
+    EXPECT_EQ(IsWizardEnabled(kFinish), !name.empty());
+    PressWizard(kCancel);
+  }
 }
 
 TEST_F(WizardTest, EditFillsTheBoxesAndKeepsTheName) {

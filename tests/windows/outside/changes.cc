@@ -8,8 +8,7 @@
 namespace outside {
 namespace {
 
-using testing_menus::Entry;
-using testing_menus::KnownMenu;
+using namespace testing_menus;
 
 // Longer texts only make writing slow; they would make a text box slow, too.
 constexpr std::size_t kShort = 1000;

@@ -3,8 +3,7 @@
 #include "tests/windows/outside/outside_test_base.h"
 
 using outside::WaitUntil;
-using testing_menus::ItemLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 

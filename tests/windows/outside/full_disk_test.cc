@@ -10,9 +10,7 @@ using outside::ChangeKind;
 using outside::Changes;
 using outside::PreparedChange;
 using outside::WaitUntil;
-using testing_menus::Difference;
-using testing_menus::Entry;
-using testing_menus::KnownMenu;
+using namespace testing_menus;
 
 namespace {
 

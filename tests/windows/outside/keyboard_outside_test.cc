@@ -12,10 +12,7 @@ using outside::PressKey;
 using outside::TypeText;
 using outside::WaitUntil;
 using testing_icons::Library;
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::kSeparatorLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 // Goes through all windows of the program with keys alone.
 class KeyboardOutsideTest : public OutsideTest {

@@ -1,18 +1,14 @@
-#include "tests/windows/locked_file.h"
+#include "tests/windows/icon_files.h"
 #include "tests/windows/outside/drag.h"
 #include "tests/windows/outside/host.h"
 #include "tests/windows/outside/outside_test_base.h"
 
 using outside::WaitUntil;
-using testing_menus::ItemLine;
-using testing_menus::kSeparatorLine;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 
-const std::string kSeparatorRow(87, '-');
 const std::string kA = ItemLine("Alpha", "C:\\windows\\notepad.exe", "-a", "C:\\");
-const std::string kB = ItemLine("Beta", "C:\\windows", "", "", "C:\\x.ico", "7");
 
 std::wstring Wide(const std::string& text) { return {text.begin(), text.end()}; }
 
@@ -59,42 +55,6 @@ TEST_F(ListOutsideTest, TheEditorComesToTheFrontThoughTheWizardWasNotThere) {
   EXPECT_TRUE(outside::Press(wizard, IDC_FORM3_COMMAND2));
   EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == form2(); }));
   DestroyWindow(other);
-  ExpectCleanEnd();
-}
-
-TEST_F(ListOutsideTest, EditsMovesDeletesAndSeparates) {
-  Start(UserDefinedMenu({kA, kB}));
-  outside::SelectRow(List(), 0);
-  const HWND wizard = OpenWizard(IDC_FORM2_COMMAND3);
-  ASSERT_NE(wizard, nullptr);
-  EXPECT_TRUE(WaitUntil([&] { return outside::Text(wizard, IDC_FORM3_TEXT4) == "Alpha"; }));
-  EXPECT_EQ(outside::Text(wizard, IDC_FORM3_TEXT2), "-a");
-  outside::Type(wizard, IDC_FORM3_TEXT2, "-b");
-  Next(wizard);
-  Finish(wizard);
-  const std::string edited = ItemLine("Alpha", "C:\\windows\\notepad.exe", "-b", "C:\\");
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({edited, kB}));
-
-  Press(IDC_FORM2_COMMAND8);
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kB, edited}));
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"Beta", "Alpha"}));
-  EXPECT_EQ(outside::SelectedRow(List()), 1);
-
-  Press(IDC_FORM2_COMMAND9);
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kB, kSeparatorLine, edited}));
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"Beta", kSeparatorRow, "Alpha"}));
-  EXPECT_EQ(outside::SelectedRow(List()), -1);
-
-  outside::SelectRow(List(), 2);
-  Press(IDC_FORM2_COMMAND4);
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kB, edited, kSeparatorLine}));
-  EXPECT_EQ(outside::SelectedRow(List()), 1);
-
-  outside::SelectRow(List(), 0);
-  Press(IDC_FORM2_COMMAND7);
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({edited, kSeparatorLine}));
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"Alpha", kSeparatorRow}));
-  EXPECT_EQ(outside::SelectedRow(List()), -1);
   ExpectCleanEnd();
 }
 
@@ -147,28 +107,6 @@ TEST_F(ListOutsideTest, FilesAreRefusedWhileTheWizardIsOpen) {
   ExpectCleanEnd();
 }
 
-TEST_F(ListOutsideTest, AMenuFileThatAnotherProcessHolds) {
-  Start(UserDefinedMenu({kA, kB}));
-  std::optional<LockedFile> lock(MenuPath());
-  outside::SelectRow(List(), 0);
-  Press(IDC_FORM2_COMMAND8);
-  EXPECT_EQ(Rows(), (std::vector<std::string>{"Beta", "Alpha"}));
-  EXPECT_EQ(program().Find("#32770"), nullptr);
-  const HWND wizard = OpenWizard(IDC_FORM2_COMMAND2);
-  ASSERT_NE(wizard, nullptr);
-  outside::Type(wizard, IDC_FORM3_TEXT1, "news:x");
-  Next(wizard);
-  outside::Type(wizard, IDC_FORM3_TEXT4, "X");
-  EXPECT_TRUE(outside::Press(wizard, IDC_FORM3_COMMAND5));
-  EXPECT_EQ(program().Find("Form3"), wizard);
-  EXPECT_EQ(program().Find("#32770"), nullptr);
-  lock.reset();
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kA, kB}));
-  Finish(wizard);
-  EXPECT_EQ(MenuBytes(), UserDefinedMenu({kA, kB, ItemLine("X", "news:x")}));
-  ExpectCleanEnd();
-}
-
 TEST_F(ListOutsideTest, TheMessageOfNextCanBeReadAndClosed) {
   Start(UserDefinedMenu({}));
   const HWND wizard = OpenWizard(IDC_FORM2_COMMAND2);
@@ -186,5 +124,40 @@ TEST_F(ListOutsideTest, TheMessageOfNextCanBeReadAndClosed) {
   EXPECT_TRUE(IsWindowVisible(GetDlgItem(wizard, IDC_FORM3_TEXT1)));
   outside::CloseWindow(wizard);
   EXPECT_TRUE(program().WaitUntilGone("Form3"));
+  ExpectCleanEnd();
+}
+
+TEST_F(ListOutsideTest, ChangesAnEntrysIcon) {
+  const auto menu = [&](const std::string& iconFile, const std::string& iconIndex) {
+    return UserDefinedMenu({kSeparatorLine, ItemLine("Entry", "C:\\windows\\notepad.exe", "", "",
+                                                     iconFile, iconIndex)});
+  };
+  const std::string two = PathOf("two.dll");
+  const std::string twelve = PathOf("twelve.dll");
+  WriteBytes(two, testing_icons::Library(testing_icons::Colours(2)));
+  WriteBytes(twelve, testing_icons::Library(testing_icons::Colours(12)));
+  Start(menu(two, "1"));
+  outside::SelectRow(List(), 1);
+  outside::Click(form2(), IDC_FORM2_COMMAND11);
+  const HWND form4 = program().WaitFor("Form4");
+  ASSERT_NE(form4, nullptr);
+  EXPECT_TRUE(WaitForText(form4, IDC_FORM4_LABEL1, "2 Icons"));
+  EXPECT_FALSE(IsWindowEnabled(form2()));
+  EXPECT_EQ(SendMessageA(GetDlgItem(form4, IDC_FORM4_HSCROLL1), SBM_GETPOS, 0, 0), 1);
+
+  ChooseFile(form4, IDC_FORM4_COMMAND2, "Select a DLL or EXE which includes Icons", twelve);
+  EXPECT_TRUE(WaitForText(form4, IDC_FORM4_LABEL1, "12 Icons"));
+  ScrollTo(form4, IDC_FORM4_HSCROLL1, 9);
+  // The old file must not come back with the focus.
+  EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == form4; }));
+  EXPECT_EQ(outside::Text(form4, IDC_FORM4_LABEL1), "12 Icons");
+  EXPECT_EQ(SendMessageA(GetDlgItem(form4, IDC_FORM4_HSCROLL1), SBM_GETPOS, 0, 0), 9);
+
+  outside::Click(form4, IDC_FORM4_COMMAND1);
+  EXPECT_TRUE(program().WaitUntilGone("Form4"));
+  EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == form2(); }));
+  EXPECT_TRUE(IsWindowEnabled(form2()));
+  EXPECT_EQ(MenuBytes(), menu(twelve, "9"));
+  EXPECT_EQ(outside::SelectedRow(List()), 1);
   ExpectCleanEnd();
 }

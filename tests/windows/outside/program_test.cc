@@ -4,11 +4,7 @@
 
 using outside::CommandLine;
 using outside::Program;
-using testing_menus::DirectoryMenu;
-using testing_menus::ItemLine;
-using testing_menus::kAppearance;
-using testing_menus::kPicture;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 
@@ -152,18 +148,6 @@ TEST_F(ProgramTest, ANoToTheConversionEndsItWell) {
   PostMessageA(box, WM_COMMAND, IDNO, 0);
   EXPECT_EQ(editor.WaitForExit(), 0U);
   EXPECT_EQ(MenuBytes(), old);
-}
-
-TEST_F(ProgramTest, AYesConvertsAndGoesOn) {
-  const std::string old = "0,\"Tahoma\",8.25,0,0\r\n" + ItemLine("One", "C:\\one.exe");
-  WriteBytes(MenuPath(), old);
-  const Program editor(CommandLine{Quoted()}, folder());
-  const HWND box = editor.WaitForFirst();
-  ASSERT_NE(box, nullptr);
-  PostMessageA(box, WM_COMMAND, IDYES, 0);
-  EXPECT_NE(editor.WaitFor("Form2"), nullptr);
-  EXPECT_EQ(MenuBytes(), BytesOf(outside::BuildFolder() + "\\..\\resources\\default_menu.ico") +
-                             "\r\n<START ZOL>\r\n\"USERDEF\"\r\n" + old);
 }
 
 TEST_F(ProgramTest, NoPath) {

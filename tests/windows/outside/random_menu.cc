@@ -11,8 +11,7 @@
 namespace outside {
 namespace {
 
-using testing_menus::Entry;
-using testing_menus::KnownMenu;
+using namespace testing_menus;
 
 constexpr int kIconFiles = 6;
 

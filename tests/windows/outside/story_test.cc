@@ -10,9 +10,7 @@
 #include "tests/windows/outside/outside_test_base.h"
 
 using outside::WaitUntil;
-using testing_menus::Difference;
-using testing_menus::Entry;
-using testing_menus::KnownMenu;
+using namespace testing_menus;
 
 namespace {
 

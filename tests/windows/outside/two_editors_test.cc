@@ -10,11 +10,7 @@
 using outside::Changes;
 using outside::PreparedChange;
 using outside::Program;
-using testing_menus::Difference;
-using testing_menus::Entry;
-using testing_menus::ItemLine;
-using testing_menus::KnownMenu;
-using testing_menus::UserDefinedMenu;
+using namespace testing_menus;
 
 namespace {
 
