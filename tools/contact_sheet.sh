@@ -26,9 +26,7 @@ scales='96 144 192'
 for dpi in $scales; do
   use_look "$dpi" "$scheme"
   rm -rf "$build_dir/screenshots/$scheme.$dpi"
-  for what in wizard icons directory; do
-    "$project_root/tools/photograph_$what.sh" "$build_dir/screenshots/$scheme.$dpi"
-  done
+  "$project_root/tools/photograph_pages.sh" "$build_dir/screenshots/$scheme.$dpi"
 done
 
 # A row for each page, and a column for each scale.

@@ -3,8 +3,18 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <string_view>
+
+// Ends the process if `holds` is false: a fuzz target reports a fault that way.
+inline void Require(bool holds, const char* what) {
+  if (!holds) {
+    std::fprintf(stderr, "not true: %s\n", what);
+    std::abort();
+  }
+}
 
 // Reads values from the bytes of a fuzz target. Bytes after the end count as 0.
 class FuzzInput {

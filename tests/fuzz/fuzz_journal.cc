@@ -12,7 +12,6 @@
 #include "menufile/journal.h"
 #include "menufile/scratch_file.h"
 #include "tests/fuzz/fuzz_input.h"
-#include "tests/fuzz/require.h"
 #include "tests/menufile/memory_files.h"
 #include "tests/menufile/plain_journal.h"
 #include "tests/menufile/user_change.h"

@@ -1,7 +1,7 @@
 // Loads any bytes as a menu file. Loading has to end like LoadLiterally(): with a menu,
 // the upgrade question or a failure. The converted file has to load like that, too.
 
-#include "tests/fuzz/require.h"
+#include "tests/fuzz/fuzz_input.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"
 

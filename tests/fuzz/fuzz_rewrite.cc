@@ -5,7 +5,6 @@
 // flags say so, the texts of the change. The rest is the menu file.
 
 #include "tests/fuzz/fuzz_input.h"
-#include "tests/fuzz/require.h"
 #include "tests/menufile/compare_with_literal.h"
 
 namespace {

@@ -8,7 +8,6 @@
 
 #include "menufile/reader.h"
 #include "tests/fuzz/fuzz_input.h"
-#include "tests/fuzz/require.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/sample_menus.h"
 #include "tests/menufile/user_change.h"

@@ -1,4 +1,3 @@
-// Tests adding entries at the end of a menu file.
 #include <gtest/gtest.h>
 
 #include "menufile/failure.h"

@@ -1,4 +1,3 @@
-// Tests rewrites with an old scratch file.
 #include <gtest/gtest.h>
 
 #include "menufile/rewrite.h"
@@ -100,8 +99,7 @@ TEST(LeftoverOfTheOtherName, IsNotTouched) {
     const bool isList = ScratchFileOf(kind) == "temporaryfile"s;
     const char* const other = isList ? "zoltempfileoktodelete" : "temporaryfile";
     files.Put(other, "x");
-    const UserChange operation = SampleChange(kind, 1);
-    Make(files, kMenuPath, operation);
+    Make(files, kMenuPath, SampleChange(kind, 1));
     EXPECT_EQ("x", files.Get(other)) << NameOf(kind);
   }
 }

@@ -49,17 +49,11 @@ class LiteralRewrite {
 
   void TypeLine() {
     std::string keyword = Read(1)[0];
-    switch (change_.kind) {
-      case Kind::Keep:
-      case Kind::Edit:
-      case Kind::ChangeIcon:
-        break;
-      case Kind::SaveDirectory:
-      case Kind::SwitchToDirectory:
-        keyword = "DIRPOINT";
-        break;
-      default:
-        keyword = "USERDEF";
+    if (change_.kind == Kind::SaveDirectory || change_.kind == Kind::SwitchToDirectory) {
+      keyword = "DIRPOINT";
+    } else if (change_.kind != Kind::Keep && change_.kind != Kind::Edit &&
+               change_.kind != Kind::ChangeIcon) {
+      keyword = "USERDEF";
     }
     PutLine("\"" + keyword + "\"\r\n");
   }
@@ -80,46 +74,21 @@ class LiteralRewrite {
     const int row = static_cast<int>(change_.row);
     while (!menu_.AtEnd()) {
       Fields record = Read(6);
-      switch (change_.kind) {
-        case Kind::MoveUp:
-          if (counter == row - 1) {
-            PutItem(Read(6));
-          }
-          PutItem(record);
-          break;
-        case Kind::MoveDown:
-          if (counter == row) {
-            PutItem(Read(6));
-          }
-          PutItem(record);
-          break;
-        case Kind::Delete:
-          if (counter != row) {
-            PutItem(record);
-          }
-          break;
-        case Kind::Separator:
-          if (counter == row) {
-            PutLine("\"\",\"\",\"\",\"\",\"\",\r\n");
-          }
-          PutItem(record);
-          break;
-        case Kind::Edit:
-          if (counter == row) {
-            const EntryTexts& t = change_.texts;
-            record = {t.caption, t.target, t.arguments, t.startIn, record[4], record[5]};
-          }
-          PutItem(record);
-          break;
-        case Kind::ChangeIcon:
-          if (counter == row) {
-            record[4] = change_.iconFile == record[0] ? "" : change_.iconFile;
-            record[5] = change_.iconIndex;
-          }
-          PutItem(record);
-          break;
-        default:
-          PutItem(record);
+      const bool isRow = counter == row;
+      if (change_.kind == Kind::MoveUp ? counter == row - 1
+                                       : change_.kind == Kind::MoveDown && isRow) {
+        PutItem(Read(6));
+      } else if (change_.kind == Kind::Separator && isRow) {
+        PutLine("\"\",\"\",\"\",\"\",\"\",\r\n");
+      } else if (change_.kind == Kind::Edit && isRow) {
+        const EntryTexts& t = change_.texts;
+        record = {t.caption, t.target, t.arguments, t.startIn, record[4], record[5]};
+      } else if (change_.kind == Kind::ChangeIcon && isRow) {
+        record[4] = change_.iconFile == record[0] ? "" : change_.iconFile;
+        record[5] = change_.iconIndex;
+      }
+      if (change_.kind != Kind::Delete || !isRow) {
+        PutItem(record);
       }
       ++counter;
     }
@@ -182,15 +151,10 @@ LiteralResult RewriteLiterally(std::string_view menuBytes,
     }
     rewrite.TypeLine();
     rewrite.AppearanceLine();
-    switch (change.kind) {
-      case Kind::SaveDirectory:
-      case Kind::SwitchToDirectory:
-        rewrite.DirectoryLine();
-        break;
-      case Kind::SwitchToUserDefined:
-        break;
-      default:
-        rewrite.Items();
+    if (change.kind == Kind::SaveDirectory || change.kind == Kind::SwitchToDirectory) {
+      rewrite.DirectoryLine();
+    } else if (change.kind != Kind::SwitchToUserDefined) {
+      rewrite.Items();
     }
   } catch (const ReadFailed&) {
     result.menu = menuBytes;

@@ -26,7 +26,6 @@ Writes WritesOf(Kind kind, std::size_t blockSize = 1000) {
       ScratchFileOf(kind) == std::string("temporaryfile") ? Kind::SwitchToUserDefined : Kind::Edit,
       9);
   Make(menu, first);
-  const std::string left = files.Get(kMenuPath).value();
   files.SetFault({});
   Make(menu, change);
   return files.Writes();

@@ -13,13 +13,6 @@ namespace {
 using namespace std::string_literals;
 using Kind = UserChange::Kind;
 
-std::string Rewritten(const std::string& menu, Kind kind, std::size_t row = 0) {
-  MemoryFiles files(kMenuPath, menu);
-  const UserChange operation = SampleChange(kind, row);
-  Make(files, kMenuPath, operation);
-  return files.Get(kMenuPath).value_or("(none)");
-}
-
 void ExpectPictureStays(const std::string& picture) {
   const std::string menu = UserMenu(3, picture);
   ASSERT_EQ(menu, Rewritten(menu, Kind::Keep)) << testing::PrintToString(picture);
@@ -78,13 +71,11 @@ TEST(Picture, KeepsTheBytesBeforeTheMarkerAndBringsItsLineEndInOrder) {
 
 TEST(NewPicture, MayHoldAnyBytes) {
   for (const std::string& picture : {""s, "<"s, "\r\n"s, "\0\xff\r<START"s, SamplePicture()}) {
-    MemoryFiles files(kMenuPath, UserMenu(3));
     UserChange operation = SampleChange(Kind::SaveAppearance);
     operation.appearance.picture = picture;
-    Make(files, kMenuPath, operation);
     EXPECT_EQ(picture + "\r\n<START ZOL>\r\n\"USERDEF\"\r\n1,\"Courier New\",10,-1,0\r\n" +
                   ItemLine(0) + ItemLine(1) + ItemLine(2),
-              files.Get(kMenuPath));
+              Rewritten(UserMenu(3), operation));
   }
 }
 
@@ -115,12 +106,11 @@ TEST(NoMarker, FailsOtherwiseAndTheMenuStays) {
   for (Kind kind : {Kind::Edit, Kind::ChangeIcon, Kind::SaveAppearance, Kind::SaveDirectory,
                     Kind::SwitchToDirectory, Kind::SwitchToUserDefined}) {
     MemoryFiles files(kMenuPath, PreviousVersionMenu(2));
-    const UserChange operation = SampleChange(kind);
     EXPECT_EQ(
         "Cannot read the type line, field menu type, of the file:\nC:\\menus\\a.menu\n\n"
         "The file ends too early (at byte offset " +
             std::to_string(PreviousVersionMenu(2).size()) + ").",
-        FailureOf([&] { Make(files, kMenuPath, operation); }))
+        FailureOf([&] { Make(files, kMenuPath, SampleChange(kind)); }))
         << NameOf(kind);
     EXPECT_EQ(PreviousVersionMenu(2), files.Get(kMenuPath));
   }

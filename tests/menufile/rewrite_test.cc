@@ -19,18 +19,6 @@ const std::string kHead =
 const std::string kPointerHead =
     SamplePicture() + std::string(kMarker) + "\"DIRPOINT\"\r\n" + std::string(kAppearanceLine);
 
-// The menu file after the change. Fails if a scratch file is left.
-std::string Rewritten(const std::string& menu, const UserChange& operation) {
-  MemoryFiles files(kMenuPath, menu);
-  Make(files, kMenuPath, operation);
-  EXPECT_EQ(std::nullopt, files.Get(ScratchFileOf(operation.kind)));
-  return files.Get(kMenuPath).value_or("(none)");
-}
-
-std::string Rewritten(const std::string& menu, Kind kind, std::size_t row = 0) {
-  return Rewritten(menu, SampleChange(kind, row));
-}
-
 std::string Items(std::vector<int> numbers) {
   std::string items;
   for (int number : numbers) {
@@ -227,8 +215,7 @@ TEST(Rewrite, KeepsAFontSizeThatIsText) {
 
 TEST(Rewrite, ABlankLastLineFailsOtherwise) {
   MemoryFiles files(kMenuPath, UserMenu(1) + "\r\n");
-  const UserChange operation = SampleChange(Kind::Edit, 0);
-  EXPECT_THROW(Make(files, kMenuPath, operation), Failure);
+  EXPECT_THROW(Make(files, kMenuPath, SampleChange(Kind::Edit, 0)), Failure);
   EXPECT_EQ(UserMenu(1) + "\r\n", files.Get(kMenuPath));
 }
 
@@ -252,8 +239,7 @@ TEST(Rewrite, AMissingMenuFileFailsAndIsNotMade) {
 
 TEST(Rewrite, AMissingMenuFileIsNotMadeWhereFailuresAreIgnored) {
   MemoryFiles files;
-  const UserChange operation = SampleChange(Kind::MoveUp, 1);
-  Make(files, kMenuPath, operation);
+  Make(files, kMenuPath, SampleChange(Kind::MoveUp, 1));
   EXPECT_EQ(std::nullopt, files.Get(kMenuPath));
   EXPECT_EQ(std::nullopt, files.Get("temporaryfile"));
 }

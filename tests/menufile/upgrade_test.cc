@@ -57,21 +57,18 @@ TEST(UpgradeMenuFile, LeavesAFileThatHasAMarkerLineByNow) {
   EXPECT_EQ(UserMenu(2), files.Get(kMenuPath));
 }
 
-TEST(UpgradeMenuFile, DeletesAnOldScratchFileFirst) {
-  MemoryFiles files(kMenuPath, "old");
-  files.Put("temporaryfile", "longer than the menu");
-  Upgrade(files);
-  EXPECT_EQ("ico\r\n<START ZOL>\r\n\"USERDEF\"\r\nold", files.Get(kMenuPath));
-  EXPECT_EQ(std::nullopt, files.Get("temporaryfile"));
-}
-
-TEST(UpgradeMenuFile, TheTailOfAScratchFileThatCannotBeDeletedComesAlong) {
-  MemoryFiles files(kMenuPath, "old");
-  files.Put("temporaryfile", "longer");
-  files.ForbidRemove("temporaryfile");
-  Upgrade(files);
-  EXPECT_EQ("ico\r\n<START ZOL>\r\n\"USERDEF\"\r\noldger", files.Get(kMenuPath));
-  EXPECT_EQ("oldger", files.Get("temporaryfile"));
+TEST(UpgradeMenuFile, TheTailOfAnOldScratchFileComesAlongWhereItCannotBeDeleted) {
+  for (const bool canBeDeleted : {true, false}) {
+    MemoryFiles files(kMenuPath, "old");
+    files.Put("temporaryfile", "longer");
+    if (!canBeDeleted) {
+      files.ForbidRemove("temporaryfile");
+    }
+    Upgrade(files);
+    EXPECT_EQ("ico\r\n<START ZOL>\r\n\"USERDEF\"\r\nold"s + (canBeDeleted ? "" : "ger"),
+              files.Get(kMenuPath));
+    EXPECT_EQ(canBeDeleted ? std::nullopt : std::optional("oldger"s), files.Get("temporaryfile"));
+  }
 }
 
 TEST(UpgradeMenuFile, AMissingMenuFileIsNotMade) {

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "tests/menufile/memory_files.h"
 #include "tests/menufile/sample_menus.h"
 
 namespace menufile {
@@ -95,6 +96,15 @@ ChangeResult Make(MenuFile& menu, const UserChange& change) {
 ChangeResult Make(FileSystem& files, const std::string& path, const UserChange& change) {
   MenuFile menu(files, path);
   return Make(menu, change);
+}
+
+std::string Rewritten(const std::string& menu, const UserChange& change) {
+  MemoryFiles files("a.menu", menu);
+  Make(files, "a.menu", change);
+  if (files.Get(ScratchFileOf(change.kind))) {
+    throw std::logic_error("a scratch file is left");
+  }
+  return files.Get("a.menu").value();
 }
 
 }  // namespace menufile

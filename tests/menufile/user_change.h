@@ -69,6 +69,12 @@ ChangeResult Make(MenuFile& menu, const UserChange& change);
 // The same with a new MenuFile.
 ChangeResult Make(FileSystem& files, const std::string& path, const UserChange& change);
 
+// The bytes of a menu file after the change.
+std::string Rewritten(const std::string& menu, const UserChange& change);
+inline std::string Rewritten(const std::string& menu, UserChange::Kind kind, std::size_t row = 0) {
+  return Rewritten(menu, SampleChange(kind, row));
+}
+
 }  // namespace menufile
 
 #endif  // CORVALIS_TESTS_MENUFILE_USER_CHANGE_H_

@@ -151,12 +151,16 @@ TEST_F(AppearanceTest, ADirectoryPointerIsNotSavedAndKeepsItsBytes) {
   EXPECT_EQ(MenuBytes(), menu);
 }
 
-TEST_F(AppearanceTest, AMenuWithoutMarkerIsNotSaved) {
-  OpenPage(Menu(kLine));
-  WriteBytes(MenuPath(), "no marker");
-  Save();
-  ExpectWriteError();
-  EXPECT_EQ(MenuBytes(), "no marker");
+TEST_F(AppearanceTest, AMenuThatIsGoneOrHasNoMarkerIsNotSaved) {
+  for (const bool isGone : {true, false}) {
+    OpenPage(Menu(kLine));
+    WriteBytes(MenuPath(), "no marker");
+    ASSERT_TRUE(!isGone || DeleteFileA(MenuPath().c_str()));
+    Save();
+    ExpectWriteError(isGone ? 1 : 2);
+    EXPECT_EQ(Exists(MenuPath()), !isGone);
+    EXPECT_EQ(MenuBytes(), isGone ? "" : "no marker");
+  }
 }
 
 TEST_F(AppearanceTest, AMenuThatCannotBeWrittenStays) {
@@ -170,14 +174,6 @@ TEST_F(AppearanceTest, AMenuThatCannotBeWrittenStays) {
     ExpectWriteError(++boxes);
     EXPECT_EQ(MenuBytes(), Menu(kLine));
   }
-}
-
-TEST_F(AppearanceTest, AMissingMenuIsNotMade) {
-  OpenPage(Menu(kLine));
-  ASSERT_TRUE(DeleteFileA(MenuPath().c_str()));
-  Save();
-  ExpectWriteError();
-  EXPECT_FALSE(Exists(MenuPath()));
 }
 
 TEST_F(AppearanceTest, ThatFailsHalfWayIsFinishedByTheNextStart) {

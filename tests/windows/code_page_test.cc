@@ -108,14 +108,14 @@ TEST_F(CodePageTest, TextConvertsToBytesAndBack) {
 TEST_F(CodePageTest, BoxesTakeTypedPastedAndSetTextAndRefuseTheRest) {
   ASSERT_TRUE(OpenLines({}));
   OpenAdd();
-  TypeCharacters(WizardControl(IDC_FORM3_TEXT1), L"news:" + page.held);
+  TypeCharacters(WizardControl(kTarget), L"news:" + page.held);
   // Characters that the code page does not have are refused.
-  TypeCharacters(WizardControl(IDC_FORM3_TEXT2), L"-" + page.held + page.other + L"z");
-  Paste(WizardControl(IDC_FORM3_TEXT2), page.other);
-  Paste(WizardControl(IDC_FORM3_TEXT3), page.held + L"\r\n" + page.other);
-  PressWizard(IDC_FORM3_COMMAND1);
-  SetWide(WizardControl(IDC_FORM3_TEXT4), L"b" + page.held);
-  PressWizard(IDC_FORM3_COMMAND5);
+  TypeCharacters(WizardControl(kArguments), L"-" + page.held + page.other + L"z");
+  Paste(WizardControl(kArguments), page.other);
+  Paste(WizardControl(kStartIn), page.held + L"\r\n" + page.other);
+  PressWizard(kNext);
+  SetWide(WizardControl(kName), L"b" + page.held);
+  PressWizard(kFinish);
   ExpectSettled(
       {ItemLine("b" + page.bytes, "news:" + page.bytes, "-" + page.bytes + "z", page.bytes)});
   EXPECT_EQ(Row(0), L"b" + page.held);
@@ -125,25 +125,25 @@ TEST_F(CodePageTest, FinishTellsWhichBoxCannotBeSaved) {
   const std::string line = ItemLine("Name", "news:x", "-x", "C:\\");
   ASSERT_TRUE(OpenLines({line}));
   OpenEdit(0);
-  PressWizard(IDC_FORM3_COMMAND1);
+  PressWizard(kNext);
   const struct {
     int box;
     const wchar_t* name;
-  } boxes[] = {{IDC_FORM3_TEXT4, L"name"},
-               {IDC_FORM3_TEXT1, L"target"},
-               {IDC_FORM3_TEXT2, L"command line"},
-               {IDC_FORM3_TEXT3, L"start in folder"}};
+  } boxes[] = {{kName, L"name"},
+               {kTarget, L"target"},
+               {kArguments, L"command line"},
+               {kStartIn, L"start in folder"}};
   for (const auto& box : boxes) {
     const std::wstring before = win32::WindowText(WizardControl(box.box));
     SetWide(WizardControl(box.box), page.other);
-    PressWizard(IDC_FORM3_COMMAND5);
+    PressWizard(kFinish);
     ASSERT_NE(Wizard(), nullptr);
     ExpectError(std::wstring(L"The ") + box.name + L" " + page.other +
                 L" cannot be saved. It has characters that a menu file cannot hold.");
     SetWide(WizardControl(box.box), before);
   }
   EXPECT_EQ(MenuBytes(), UserDefinedMenu({line}));
-  PressWizard(IDC_FORM3_COMMAND5);
+  PressWizard(kFinish);
   EXPECT_EQ(Wizard(), nullptr);
   EXPECT_EQ(MenuBytes(), UserDefinedMenu({line}));
 }
@@ -157,11 +157,11 @@ TEST_F(CodePageTest, ATargetGetsShortNamesOnlyWhereItNeedsThem) {
   const std::wstring stored = WidePathOf(L"held " + page.held + L"\\" + ShortNameOf(inside));
   ASSERT_TRUE(OpenLines({}));
   OpenAdd();
-  SetWide(WizardControl(IDC_FORM3_TEXT1), inside + L"\\*.txt");
-  PressWizard(IDC_FORM3_COMMAND1);
-  EXPECT_EQ(win32::WindowText(WizardControl(IDC_FORM3_TEXT1)), stored + L"\\*.txt");
-  SetWide(WizardControl(IDC_FORM3_TEXT4), L"name");
-  PressWizard(IDC_FORM3_COMMAND5);
+  SetWide(WizardControl(kTarget), inside + L"\\*.txt");
+  PressWizard(kNext);
+  EXPECT_EQ(win32::WindowText(WizardControl(kTarget)), stored + L"\\*.txt");
+  SetWide(WizardControl(kName), L"name");
+  PressWizard(kFinish);
   ExpectSettled({ItemLine("name", ToBytes(stored + L"\\*.txt").value())});
 }
 
@@ -175,12 +175,12 @@ TEST_F(CodePageTest, AFileWithASimilarNameIsNotTheTarget) {
   OpenAdd();
   for (const std::wstring& name :
        {page.other + L"b.txt", page.other + L"*", page.other + L"\\b.txt", page.other}) {
-    SetWide(WizardControl(IDC_FORM3_TEXT1), WidePathOf(name));
-    PressWizard(IDC_FORM3_COMMAND1);
+    SetWide(WizardControl(kTarget), WidePathOf(name));
+    PressWizard(kNext);
     ExpectError(L"File " + WidePathOf(name) + L" cannot be accessed. Please check the path.");
-    EXPECT_TRUE(IsOnThePage(IDC_FORM3_TEXT1));
+    EXPECT_TRUE(IsOnThePage(kTarget));
   }
-  PressWizard(IDC_FORM3_COMMAND2);
+  PressWizard(kCancel);
 }
 
 // More than two hundred characters may be four hundred bytes.
@@ -195,11 +195,11 @@ TEST_F(CodePageTest, APathIsTooLongByItsCharacters) {
   WriteEmpty(path);
   ASSERT_TRUE(OpenLines({}));
   OpenAdd();
-  SetWide(WizardControl(IDC_FORM3_TEXT1), path);
-  PressWizard(IDC_FORM3_COMMAND1);
-  ASSERT_TRUE(IsOnThePage(IDC_FORM3_TEXT4));
-  EXPECT_EQ(win32::WindowText(WizardControl(IDC_FORM3_TEXT4)), path.substr(path.size() - 60));
-  PressWizard(IDC_FORM3_COMMAND5);
+  SetWide(WizardControl(kTarget), path);
+  PressWizard(kNext);
+  ASSERT_TRUE(IsOnThePage(kName));
+  EXPECT_EQ(win32::WindowText(WizardControl(kName)), path.substr(path.size() - 60));
+  PressWizard(kFinish);
   ExpectSettled({ItemLine(ToBytes(path.substr(path.size() - 60)).value(), ToBytes(path).value())});
 }
 
@@ -231,9 +231,9 @@ TEST_F(CodePageTest, AllFileDialogsTakeTheName) {
   OpenEdit(0);
   ChooseInDialog(path);
   PressWizard(IDC_FORM3_COMMAND3);
-  EXPECT_EQ(win32::WindowText(WizardControl(IDC_FORM3_TEXT1)), path);
-  PressWizard(IDC_FORM3_COMMAND1);
-  PressWizard(IDC_FORM3_COMMAND5);
+  EXPECT_EQ(win32::WindowText(WizardControl(kTarget)), path);
+  PressWizard(kNext);
+  PressWizard(kFinish);
   EXPECT_EQ(MenuBytes(), UserDefinedMenu({ItemLine("Name", bytes, "", "", bytes, "0")}));
 }
 
@@ -267,11 +267,11 @@ TEST_F(CodePageTest, AnEntryIsLoadedMovedEditedAndSaved) {
   Press(IDC_FORM2_COMMAND8);
   EXPECT_EQ(Row(1), page.held);
   OpenEdit(1);
-  PressWizard(IDC_FORM3_COMMAND1);
-  EXPECT_EQ(win32::WindowText(WizardControl(IDC_FORM3_TEXT4)), page.held);
-  SendMessageW(WizardControl(IDC_FORM3_TEXT4), EM_SETSEL, 0, 0);
-  TypeCharacters(WizardControl(IDC_FORM3_TEXT4), page.held);
-  PressWizard(IDC_FORM3_COMMAND5);
+  PressWizard(kNext);
+  EXPECT_EQ(win32::WindowText(WizardControl(kName)), page.held);
+  SendMessageW(WizardControl(kName), EM_SETSEL, 0, 0);
+  TypeCharacters(WizardControl(kName), page.held);
+  PressWizard(kFinish);
   EXPECT_EQ(MenuBytes(), UserDefinedMenu({other, line(page.bytes + page.bytes)}));
   EXPECT_EQ(Row(1), page.held + page.held);
   Press(IDC_FORM2_COMMAND4);
@@ -299,22 +299,22 @@ TEST_F(CodePageTest, ALoneLeadByteGoesBackAsItWas) {
   EXPECT_EQ(MenuBytes(), menu);
 
   OpenEdit(0);
-  PressWizard(IDC_FORM3_COMMAND1);
-  EXPECT_EQ(win32::WindowText(WizardControl(IDC_FORM3_TEXT4)), shown);
-  PressWizard(IDC_FORM3_COMMAND5);
+  PressWizard(kNext);
+  EXPECT_EQ(win32::WindowText(WizardControl(kName)), shown);
+  PressWizard(kFinish);
   ASSERT_EQ(Wizard(), nullptr);
   EXPECT_EQ(MenuBytes(), menu);
 
   // Together with a typed character it might become another character.
   OpenEdit(0);
-  PressWizard(IDC_FORM3_COMMAND1);
-  SetWide(WizardControl(IDC_FORM3_TEXT4), shown + L"\\");
-  PressWizard(IDC_FORM3_COMMAND5);
+  PressWizard(kNext);
+  SetWide(WizardControl(kName), shown + L"\\");
+  PressWizard(kFinish);
   if (HasLeadBytes()) {
     ExpectError(L"The name " + shown +
                 L"\\ cannot be saved. It has characters that a menu file cannot hold.");
-    SetWide(WizardControl(IDC_FORM3_TEXT4), L"Caf\\");
-    PressWizard(IDC_FORM3_COMMAND5);
+    SetWide(WizardControl(kName), L"Caf\\");
+    PressWizard(kFinish);
     EXPECT_EQ(Row(0), L"Caf\\");
   } else {
     EXPECT_EQ(Row(0), shown + L"\\");

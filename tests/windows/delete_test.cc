@@ -33,26 +33,20 @@ TEST_F(DeleteTest, RemovesEachRow) {
 }
 
 TEST_F(DeleteTest, TheOnlyEntryLeavesItsHiddenRow) {
-  ASSERT_TRUE(OpenLines({kC}));
-  SelectRow(0);
-  Press(kDelete);
-  ExpectSettled({});
-  EXPECT_TRUE(Rows().empty());
-  EXPECT_EQ(HiddenIcon(0), "0");
-  EXPECT_EQ(HiddenTag(0), "C:\\c.exe");
-  EXPECT_TRUE(PreviewIsClear());
-}
-
-TEST_F(DeleteTest, TheOnlyEntryWithAnIconLeavesItsNumber) {
-  ASSERT_TRUE(OpenLines({IconLine("With", "C:\\with")}));
-  const std::string icon = HiddenIcon(0);
-  ASSERT_TRUE(IsIcon(icon));
-  SelectRow(0);
-  ASSERT_FALSE(PreviewIsClear());
-  Press(kDelete);
-  EXPECT_FALSE(IsIcon(icon));
-  EXPECT_EQ(HiddenIcon(0), icon);
-  EXPECT_EQ(HiddenTag(0), "C:\\with");
+  for (const bool hasIcon : {false, true}) {
+    ASSERT_TRUE(OpenLines({hasIcon ? IconLine("With", "C:\\c.exe") : kC}));
+    const std::string icon = HiddenIcon(0);
+    ASSERT_EQ(IsIcon(icon), hasIcon);
+    SelectRow(0);
+    ASSERT_TRUE(!hasIcon || !PreviewIsClear());
+    Press(kDelete);
+    ExpectSettled({});
+    EXPECT_TRUE(Rows().empty());
+    EXPECT_FALSE(IsIcon(icon));
+    EXPECT_EQ(HiddenIcon(0), hasIcon ? icon : "0");
+    EXPECT_EQ(HiddenTag(0), "C:\\c.exe");
+    EXPECT_TRUE(PreviewIsClear());
+  }
 }
 
 TEST_F(DeleteTest, ReleasesTheIconOfTheRowAlone) {

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "tests/windows/related_window.h"
-#include "tests/windows/window_bytes.h"
 #include "win32/window_text.h"
 
 namespace {

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-// A message box that was shown.
 struct ShownBox {
   std::string title;
   std::string text;

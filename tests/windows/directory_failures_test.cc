@@ -72,9 +72,7 @@ class DirectoryFailuresTest : public DirectoryTest {
     SCOPED_TRACE(action.name);
     EXPECT_EQ(ShowsDirectoryPage(), action.onDirectoryPage);
     if (action.onDirectoryPage) {
-      EXPECT_EQ(Pattern(), "*.changed");
-      EXPECT_EQ(Path(), "C:\\windows\\");
-      EXPECT_EQ(Checks(), "001");
+      ExpectPage({.path = "C:\\windows\\", .pattern = "*.changed", .checks = "001"});
     } else {
       EXPECT_EQ(Rows(), (Texts{"One", "Two"}));
       EXPECT_EQ(form().items().Hidden(1).tag, "C:\\two.exe");

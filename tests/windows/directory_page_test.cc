@@ -15,12 +15,9 @@ TEST_F(DirectoryPageTest, ShowsTheRecord) {
   const std::string menu = DirectoryMenu(Line(PathOf("sub"), "*.exe", "1,0,1"));
   ASSERT_TRUE(Open(menu));
   EXPECT_TRUE(ShowsDirectoryPage());
-  EXPECT_EQ(Drive(), folder().substr(0, 2));
-  EXPECT_EQ(ListPath(), PathOf("sub"));
+  ExpectPage({.drive = folder().substr(0, 2), .list = PathOf("sub")});
   EXPECT_GE(RowOf("inside"), 0);
-  EXPECT_EQ(Path(), PathOf("sub\\"));
-  EXPECT_EQ(Pattern(), "*.exe");
-  EXPECT_EQ(Checks(), "110");
+  ExpectPage({.path = PathOf("sub\\"), .pattern = "*.exe", .checks = "110"});
   EXPECT_EQ(MenuBytes(), menu);
   EXPECT_TRUE(answers.Shown().empty());
 }
@@ -40,19 +37,15 @@ TEST_F(DirectoryPageTest, EachFlagHasItsCheckBox) {
 
 TEST_F(DirectoryPageTest, AStoredBackslashIsNotDoubled) {
   ASSERT_TRUE(Open(DirectoryMenu(Line(folder() + "\\"))));
-  EXPECT_EQ(Path(), folder() + "\\");
-  EXPECT_EQ(ListPath(), folder());
+  ExpectPage({.list = folder(), .path = folder() + "\\"});
   ASSERT_TRUE(Open(DirectoryMenu(Line("C:\\"))));
-  EXPECT_EQ(Path(), "C:\\");
-  EXPECT_EQ(ListPath(), "C:\\");
+  ExpectPage({.list = "C:\\", .path = "C:\\"});
 }
 
 TEST_F(DirectoryPageTest, AFolderThatIsNotThereLeavesTheListWhereItWas) {
   ASSERT_TRUE(Open(DirectoryMenu(Line(PathOf("none")))));
   EXPECT_TRUE(ShowsDirectoryPage());
-  EXPECT_EQ(Path(), PathOf("none\\"));
-  EXPECT_EQ(Drive(), folder().substr(0, 2));
-  EXPECT_EQ(ListPath(), folder());
+  ExpectPage({.drive = folder().substr(0, 2), .list = folder(), .path = PathOf("none\\")});
   EXPECT_TRUE(answers.Shown().empty());
 }
 
@@ -69,32 +62,23 @@ TEST_F(DirectoryPageTest, ADriveThatIsNotThereLeavesBothListsWhereTheyWere) {
 
 TEST_F(DirectoryPageTest, AnEmptyDriveIsShownThoughItHasNoFolder) {
   const EmptyDrive drive("Q:");
-  ASSERT_TRUE(drive.made());
   ASSERT_TRUE(Open(DirectoryMenu(Line("Q:\\menus"))));
-  EXPECT_EQ(Path(), "Q:\\menus\\");
-  EXPECT_EQ(Drive(), "Q:");
-  EXPECT_EQ(ListPath(), folder());
+  ExpectPage({.drive = "Q:", .list = folder(), .path = "Q:\\menus\\"});
   EXPECT_TRUE(answers.Shown().empty());
 }
 
 TEST_F(DirectoryPageTest, GoesToAFolderOnAnotherDrive) {
   const std::string other = OtherDrive();
-  ASSERT_NE(other, "") << "there is one drive only";
   const std::string inside = FolderInRoot(other);
   ASSERT_TRUE(Open(DirectoryMenu(Line(inside))));
-  EXPECT_EQ(Drive(), other);
-  EXPECT_EQ(ListPath(), inside);
-  EXPECT_EQ(Path(), inside + "\\");
+  ExpectPage({.drive = other, .list = inside, .path = inside + "\\"});
 }
 
 TEST_F(DirectoryPageTest, ForAFolderThatIsNotThereTheListsGoToItsDrive) {
   const std::string other = OtherDrive();
-  ASSERT_NE(other, "") << "there is one drive only";
   const CurrentFolderOfDrive current(other, FolderInRoot(other));
   ASSERT_TRUE(Open(DirectoryMenu(Line(other + "\\no such folder"))));
-  EXPECT_EQ(Drive(), other);
-  EXPECT_EQ(ListPath(), FolderInRoot(other));
-  EXPECT_EQ(Path(), other + "\\no such folder\\");
+  ExpectPage({.drive = other, .list = FolderInRoot(other), .path = other + "\\no such folder\\"});
 }
 
 // Wine looks for servers in a folder of its own.
@@ -105,9 +89,7 @@ TEST_F(DirectoryPageTest, TheListFollowsAPathOnAServer) {
   std::error_code failed;
   std::filesystem::create_directories(servers + "/server/share/one", failed);
   ASSERT_TRUE(Open(DirectoryMenu(Line("\\\\server\\share\\one"))));
-  EXPECT_EQ(ListPath(), "\\\\server\\share\\one");
-  EXPECT_EQ(Path(), "\\\\server\\share\\one\\");
-  EXPECT_EQ(Drive(), "");
+  ExpectPage({.drive = "", .list = "\\\\server\\share\\one", .path = "\\\\server\\share\\one\\"});
   ChooseDrive(folder().substr(0, 2));
   EXPECT_EQ(ListPath(), folder());
   // The list follows a typed path when the box loses the focus, not at each key.
@@ -116,8 +98,7 @@ TEST_F(DirectoryPageTest, TheListFollowsAPathOnAServer) {
   Type(IDC_FORM2_TEXT7, "\\\\server\\share");
   EXPECT_EQ(ListPath(), folder());
   SetFocus(Control(IDC_FORM2_TEXT8));
-  EXPECT_EQ(ListPath(), "\\\\server\\share\\");
-  EXPECT_EQ(Path(), "\\\\server\\share\\");
+  ExpectPage({.list = "\\\\server\\share\\", .path = "\\\\server\\share\\"});
   // The list follows at once if another program sets the path.
   Type(IDC_FORM2_TEXT7, "\\\\server\\share\\one");
   EXPECT_EQ(ListPath(), "\\\\server\\share\\one");
@@ -128,9 +109,7 @@ TEST_F(DirectoryPageTest, TheListFollowsAPathOnAServer) {
 
 TEST_F(DirectoryPageTest, AnEmptyPathStaysEmpty) {
   ASSERT_TRUE(Open(DirectoryMenu(Line("", ""))));
-  EXPECT_EQ(Path(), "");
-  EXPECT_EQ(Pattern(), "");
-  EXPECT_EQ(ListPath(), folder());
+  ExpectPage({.list = folder(), .path = "", .pattern = ""});
 }
 
 TEST_F(DirectoryPageTest, LongAndOddTextsAreShownAsTheyAre) {
@@ -147,39 +126,34 @@ TEST_F(DirectoryPageTest, LongAndOddTextsAreShownAsTheyAre) {
   EXPECT_EQ(MenuBytes(), DirectoryMenu(Line(bytes + "\\", " *.txt; *.doc ")));
   const std::string longPath = "K:\\" + std::string(40000, 'x');
   ASSERT_TRUE(Open(DirectoryMenu(Line(longPath, std::string(40000, 'y')))));
-  EXPECT_EQ(Path(), longPath + "\\");
-  EXPECT_EQ(Pattern(), std::string(40000, 'y'));
+  ExpectPage({.path = longPath + "\\", .pattern = std::string(40000, 'y')});
 }
 
 TEST_F(DirectoryPageTest, StandsAtTheCurrentFolderBeforeItIsShown) {
   Make("sub");
   ASSERT_TRUE(Open(UserDefinedMenu({})));
   EXPECT_FALSE(ShowsDirectoryPage());
-  EXPECT_EQ(Drive(), folder().substr(0, 2));
-  EXPECT_EQ(ListPath(), folder());
+  ExpectPage({.drive = folder().substr(0, 2), .list = folder()});
   EXPECT_GE(RowOf("sub"), 0);
   EXPECT_EQ(Path(), folder() + "\\");
   Press(IDC_FORM2_COMMAND13);
   EXPECT_TRUE(ShowsDirectoryPage());
-  EXPECT_EQ(Drive(), folder().substr(0, 2));
-  EXPECT_EQ(ListPath(), folder());
-  EXPECT_EQ(Path(), folder() + "\\");
-  EXPECT_EQ(Pattern(), "");
-  EXPECT_EQ(Checks(), "000");
+  ExpectPage({.drive = folder().substr(0, 2),
+              .list = folder(),
+              .path = folder() + "\\",
+              .pattern = "",
+              .checks = "000"});
 }
 
 TEST_F(DirectoryPageTest, AnotherDriveShowsItsCurrentFolder) {
   const std::string other = OtherDrive();
-  ASSERT_NE(other, "") << "there is one drive only";
   const CurrentFolderOfDrive current(other, FolderInRoot(other));
   const std::string menu = DirectoryMenu(Line("C:\\"));
   ASSERT_TRUE(Open(menu));
   ChooseDrive(other);
-  EXPECT_EQ(ListPath(), FolderInRoot(other));
-  EXPECT_EQ(Path(), FolderInRoot(other) + "\\");
+  ExpectPage({.list = FolderInRoot(other), .path = FolderInRoot(other) + "\\"});
   ChooseDrive(folder().substr(0, 2));
-  EXPECT_EQ(ListPath(), folder());
-  EXPECT_EQ(Path(), folder() + "\\");
+  ExpectPage({.list = folder(), .path = folder() + "\\"});
   EXPECT_EQ(MenuBytes(), menu);
 }
 
@@ -189,17 +163,14 @@ TEST_F(DirectoryPageTest, ChoosingTheDriveThatIsChosenChangesNothing) {
   ASSERT_EQ(ListPath(), path);  // not the current folder of the drive
   Type(IDC_FORM2_TEXT7, "K:\\typed");
   ChooseDrive(folder().substr(0, 2));
-  EXPECT_EQ(ListPath(), path);
-  EXPECT_EQ(Path(), "K:\\typed\\");
+  ExpectPage({.list = path, .path = "K:\\typed\\"});
 }
 
 TEST_F(DirectoryPageTest, AnEmptyDriveLeavesFolderAndPath) {
   const EmptyDrive drive("Q:");
-  ASSERT_TRUE(drive.made());
   ASSERT_TRUE(Open(DirectoryMenu(Line(folder()))));
   ChooseDrive("Q:");
-  EXPECT_EQ(ListPath(), folder());
-  EXPECT_EQ(Path(), folder() + "\\");
+  ExpectPage({.list = folder(), .path = folder() + "\\"});
   EXPECT_TRUE(answers.Shown().empty());
   ChooseDrive("C:");
   EXPECT_EQ(Path(), folder() + "\\");
@@ -211,14 +182,12 @@ TEST_F(DirectoryPageTest, TheDriveListIsNewEachTimeItDropsDown) {
   const LRESULT before = SendMessageA(combo, CB_GETCOUNT, 0, 0);
   {
     const EmptyDrive drive("Q:");
-    ASSERT_TRUE(drive.made());
     Notify(IDC_FORM2_DRIVE1, CBN_DROPDOWN);
     EXPECT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), before + 1);
   }
   Notify(IDC_FORM2_DRIVE1, CBN_DROPDOWN);
   EXPECT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), before);
-  EXPECT_EQ(Drive(), folder().substr(0, 2));
-  EXPECT_EQ(Path(), folder() + "\\");
+  ExpectPage({.drive = folder().substr(0, 2), .path = folder() + "\\"});
 }
 
 TEST_F(DirectoryPageTest, EnterOpensTheSelectedFolder) {
@@ -228,8 +197,7 @@ TEST_F(DirectoryPageTest, EnterOpensTheSelectedFolder) {
   ASSERT_TRUE(Open(menu));
   SendMessageA(Control(IDC_FORM2_DIR1), LB_SETCURSEL, static_cast<WPARAM>(RowOf("sub")), 0);
   PressKey(IDC_FORM2_DIR1, VK_RETURN);
-  EXPECT_EQ(Path(), PathOf("sub\\"));
-  EXPECT_EQ(ListPath(), PathOf("sub"));
+  ExpectPage({.list = PathOf("sub"), .path = PathOf("sub\\")});
   EXPECT_GE(RowOf("inside"), 0);
   // Enter also goes up again.
   SendMessageA(Control(IDC_FORM2_DIR1), LB_SETCURSEL, 0, 0);
@@ -265,8 +233,7 @@ TEST_F(DirectoryPageTest, AClickSelectsAndADoubleClickOpens) {
   EXPECT_EQ(SendMessageA(Control(IDC_FORM2_DIR1), LB_GETCURSEL, 0, 0), RowOf("sub"));
   EXPECT_EQ(Path(), folder() + "\\");
   DoubleClickFolder("sub");
-  EXPECT_EQ(Path(), PathOf("sub\\"));
-  EXPECT_EQ(ListPath(), PathOf("sub"));
+  ExpectPage({.list = PathOf("sub"), .path = PathOf("sub\\")});
 }
 
 TEST_F(DirectoryPageTest, AFolderThatIsGoneOpensNothing) {
@@ -349,8 +316,7 @@ TEST_F(DirectoryPageTest, AFolderMayEndWithASecondByte) {
   Make(name);
   Make(name + "\\" + name);
   ASSERT_TRUE(Open(DirectoryMenu(Line(PathOf(name)))));
-  EXPECT_EQ(ListPath(), PathOf(name));
-  EXPECT_EQ(Path(), PathOf(name) + "\\");
+  ExpectPage({.list = PathOf(name), .path = PathOf(name) + "\\"});
   SendMessageA(Control(IDC_FORM2_DIR1), WM_KEYDOWN, VK_DOWN, 1);
   PressKey(IDC_FORM2_DIR1, VK_RETURN);
   EXPECT_EQ(Path(), PathOf(name) + "\\" + name + "\\");

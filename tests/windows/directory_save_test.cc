@@ -105,10 +105,7 @@ TEST_F(DirectorySaveTest, WhatWasSavedLoadsAgain) {
   Press(IDC_FORM2_CHECK3);
   Press(IDC_FORM2_COMMAND15);
   ASSERT_TRUE(Open(MenuBytes()));
-  EXPECT_EQ(Path(), "C:\\windows\\");
-  EXPECT_EQ(Pattern(), "*.txt");
-  EXPECT_EQ(Checks(), "010");
-  EXPECT_EQ(ListPath(), "C:\\windows");
+  ExpectPage({.list = "C:\\windows", .path = "C:\\windows\\", .pattern = "*.txt", .checks = "010"});
 }
 
 // The button does not load the page again.

@@ -14,17 +14,12 @@ class DirectoryTest : public Form2Test {
   static constexpr const char* kQuestion =
       "Changing menu type will lose existing data.\rDo you wish to continue?";
 
-  void Make(const std::string& name) {
-    ASSERT_TRUE(CreateDirectoryA(PathOf(name).c_str(), nullptr));
-  }
-
   // The line of a directory record.
   static std::string Line(const std::string& path, const std::string& pattern = "*.*",
                           const std::string& flags = "1,0,1") {
     return "\"" + path + "\",\"" + pattern + "\"," + flags + "\r\n";
   }
 
-  // The texts of the page.
   std::string Path() { return Text(IDC_FORM2_TEXT7); }
   std::string Pattern() { return Text(IDC_FORM2_TEXT8); }
   std::string Drive() {
@@ -43,6 +38,18 @@ class DirectoryTest : public Form2Test {
     const bool directory = IsVisible(IDC_FORM2_FRAME4);
     EXPECT_NE(directory, IsVisible(IDC_FORM2_FRAME3));
     return directory;
+  }
+
+  // Expects this on the page. What is not given may be anything.
+  struct ShownPage {
+    std::optional<std::string> drive = {}, list = {}, path = {}, pattern = {}, checks = {};
+  };
+  void ExpectPage(const ShownPage& page) {
+    EXPECT_EQ(Drive(), page.drive.value_or(Drive()));
+    EXPECT_EQ(ListPath(), page.list.value_or(ListPath()));
+    EXPECT_EQ(Path(), page.path.value_or(Path()));
+    EXPECT_EQ(Pattern(), page.pattern.value_or(Pattern()));
+    EXPECT_EQ(Checks(), page.checks.value_or(Checks()));
   }
 
   // The path of the rows of the folder list down to the selected one.

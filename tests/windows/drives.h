@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 #include <string>
 
 // Defines a drive letter for an empty drive. The destructor removes it.
@@ -10,12 +12,13 @@ class EmptyDrive {
  public:
   explicit EmptyDrive(const std::string& drive)
       : drive_(drive),
-        made_(DefineDosDeviceA(DDD_RAW_TARGET_PATH, drive.c_str(), kDevice) != FALSE) {}
+        made_(DefineDosDeviceA(DDD_RAW_TARGET_PATH, drive.c_str(), kDevice) != FALSE) {
+    EXPECT_TRUE(made_) << drive;
+  }
   EmptyDrive(const EmptyDrive&) = delete;
   EmptyDrive& operator=(const EmptyDrive&) = delete;
   ~EmptyDrive() { Remove(); }
 
-  bool made() const { return made_; }
   void Remove() {
     if (made_) {
       made_ = false;
@@ -46,8 +49,8 @@ class CurrentFolderOfDrive {
   std::string variable_;
 };
 
-// A readable drive that is not that of the current directory; empty if there is none.
-// Wine always has one, for the files of Linux.
+// A readable drive that is not that of the current directory. Wine always has one, for the
+// files of Linux.
 inline std::string OtherDrive() {
   char current[MAX_PATH] = "";
   GetCurrentDirectoryA(sizeof current, current);
@@ -60,6 +63,7 @@ inline std::string OtherDrive() {
       return drive;
     }
   }
+  ADD_FAILURE() << "there is one drive only";
   return {};
 }
 

@@ -19,6 +19,8 @@ constexpr DWORD kCopyMoveLink = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_L
 // Drops files on the list through the interface that it has registered with OLE.
 class DropTest : public WizardTestBase {
  protected:
+  DropTest() { WriteBytes(PathOf("one"), ""); }
+
   struct Effects {
     DWORD enter;
     DWORD over;
@@ -68,7 +70,7 @@ class DropTest : public WizardTestBase {
 
 TEST_F(DropTest, AFileAndAFolderInTheirOrder) {
   WriteBytes(PathOf("z file.txt"), "");
-  CreateDirectoryA(PathOf("a folder").c_str(), nullptr);
+  Make("a folder");
   ASSERT_TRUE(OpenLines({kA}));
   const std::vector<RowState> before = State();
   SelectRow(0);
@@ -144,7 +146,6 @@ TEST_F(DropTest, NothingLiesAboveTheList) {
 }
 
 TEST_F(DropTest, OnAnEmptyListAndOnThreeRows) {
-  WriteBytes(PathOf("one"), "");
   ASSERT_TRUE(OpenLines({}));
   EXPECT_EQ(DragFiles({PathOf("one")}), kCopied);
   ExpectSettled({ItemLine("one", PathOf("one"))});
@@ -158,7 +159,6 @@ TEST_F(DropTest, OnAnEmptyListAndOnThreeRows) {
 }
 
 TEST_F(DropTest, TheSameFileTwice) {
-  WriteBytes(PathOf("one"), "");
   ASSERT_TRUE(OpenLines({}));
   DragFiles({PathOf("one"), PathOf("one")});
   ExpectSettled({ItemLine("one", PathOf("one")), ItemLine("one", PathOf("one"))});
@@ -175,7 +175,6 @@ TEST_F(DropTest, DataWithoutFilesIsRefused) {
 }
 
 TEST_F(DropTest, NeverMovesTheFiles) {
-  WriteBytes(PathOf("one"), "");
   ASSERT_TRUE(OpenLines({}));
   EXPECT_EQ(DragFiles({PathOf("one")}, DROPEFFECT_LINK | DROPEFFECT_MOVE),
             (Effects{DROPEFFECT_LINK, DROPEFFECT_LINK, DROPEFFECT_LINK}));
@@ -187,12 +186,11 @@ TEST_F(DropTest, NeverMovesTheFiles) {
 }
 
 TEST_F(DropTest, RefusedWhileTheWizardIsOpen) {
-  WriteBytes(PathOf("one"), "");
   ASSERT_TRUE(OpenLines({kA}));
   OpenAdd();
   EXPECT_EQ(DragFiles({PathOf("one")}), kRefused);
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA}));
-  PressWizard(IDC_FORM3_COMMAND2);
+  PressWizard(kCancel);
   EXPECT_EQ(DragFiles({PathOf("one")}), kCopied);
   ExpectSettled({kA, ItemLine("one", PathOf("one"))});
 }
@@ -276,7 +274,6 @@ TEST_F(DropTest, AMenuThatCannotBeWrittenIsNamedAndTheProgramGoesOn) {
 }
 
 TEST_F(DropTest, ADiskThatGetsFullAddsNone) {
-  WriteBytes(PathOf("one"), "");
   WriteBytes(PathOf("two"), "");
   FaultyFiles faulty(windowsFiles);
   files = &faulty;

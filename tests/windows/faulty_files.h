@@ -17,7 +17,6 @@ class FaultyFiles final : public menufile::FileSystem {
  public:
   explicit FaultyFiles(menufile::FileSystem& files) : files_(files) {}
 
-  // Files that cannot be opened for writing.
   std::set<std::string> unwritable;
   // The disk is full for this file after `bytesLeft` bytes more.
   std::string limitedFile;

@@ -32,10 +32,6 @@ class FolderListTest : public Form2Test {
     DestroyWindow(parent_);
   }
 
-  void Make(const std::string& name) {
-    ASSERT_TRUE(CreateDirectoryA(PathOf(name).c_str(), nullptr));
-  }
-
   bool SetPath(const std::string& path) { return folders.SetPath(win32::ToText(path)); }
   std::string Path() const { return win32::ToBytes(folders.Path()).value(); }
   bool SelectDrive(const std::string& path) {

@@ -176,8 +176,8 @@ std::vector<Form2Test::Obstacle> Form2Test::Obstacles() {
            [this] { lock_.reset(); }},
           {"folders with the names of the scratch files",
            [this] {
-             CreateDirectoryA(PathOf("temporaryfile").c_str(), nullptr);
-             CreateDirectoryA(PathOf("zoltempfileoktodelete").c_str(), nullptr);
+             Make("temporaryfile");
+             Make("zoltempfileoktodelete");
            },
            [this] {
              EXPECT_TRUE(RemoveDirectoryA(PathOf("temporaryfile").c_str()));

@@ -10,7 +10,7 @@
 #include "tests/windows/dialog_answers.h"
 #include "tests/windows/locked_file.h"
 #include "tests/windows/menu_bytes.h"
-#include "tests/windows/window_bytes.h"
+#include "tests/windows/related_window.h"
 
 using Texts = std::vector<std::string>;
 
@@ -38,7 +38,6 @@ class Form2Test : public ::testing::Test {
   static std::optional<int> ExitCode();
   static bool TakeQuit() { return ExitCode().has_value(); }
 
-  // The box for the name in a file dialog.
   static HWND FileNameBox(HWND dialog);
   // Calls `run` while these keys are held down.
   static void WithKeys(const std::vector<BYTE>& held, const std::function<void()>& run);
@@ -73,7 +72,9 @@ class Form2Test : public ::testing::Test {
   static std::string ReadBytes(const std::string& path);
   static void WriteBytes(const std::string& path, const std::string& bytes);
   static bool Exists(const std::string& path);
-  // Set and clear the read-only attribute.
+  void Make(const std::string& name) {
+    ASSERT_TRUE(CreateDirectoryA(PathOf(name).c_str(), nullptr));
+  }
   static void MakeReadOnly(const std::string& path);
   static void MakeWritable(const std::string& path);
 

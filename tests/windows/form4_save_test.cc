@@ -43,17 +43,13 @@ TEST_F(Form4SaveTest, OkWritesFileAndIndexAndNothingElse) {
   EXPECT_EQ(Painted(IDC_FORM2_ICONIC1), ShowingOnPage(colours[9]));
 }
 
-TEST_F(Form4SaveTest, OkWithoutAnyChangeWritesTheSameFileAndIndex) {
-  OpenForItem(two, "1");
-  PressOk();
-  EXPECT_EQ(MenuBytes(), Menu(Item(two, "1")));
-}
-
-TEST_F(Form4SaveTest, OkWithoutAnyChangeKeepsTheNumberOfAResource) {
-  for (const std::string& file : {twelve, none, PathOf("missing.dll")}) {
-    OpenForItem(file, "-7");
+TEST_F(Form4SaveTest, OkWithoutAnyChangeKeepsFileAndIndexAndTheNumberOfAResource) {
+  const std::pair<std::string, std::string> icons[] = {
+      {two, "1"}, {twelve, "-7"}, {none, "-7"}, {PathOf("missing.dll"), "-7"}};
+  for (const auto& [file, index] : icons) {
+    OpenForItem(file, index);
     PressOk();
-    EXPECT_EQ(MenuBytes(), Menu(Item(file, "-7")));
+    EXPECT_EQ(MenuBytes(), Menu(Item(file, index)));
   }
   OpenForItem(twelve, "-7");
   PressOk();

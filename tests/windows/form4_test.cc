@@ -23,9 +23,7 @@ TEST_F(Form4Test, OpensOnTheIconOfTheEntryAndDisablesTheEditor) {
   EXPECT_FALSE(IsEditorEnabled());
   EXPECT_EQ(Label(), "12 Icons");
   EXPECT_TRUE(IsWindowEnabled(bar()));
-  EXPECT_EQ(LastPosition(bar()), 11);
-  EXPECT_EQ(Position(bar()), 5);
-  EXPECT_EQ(Preview(), Showing(colours[5]));
+  ExpectShown({.last = 11, .position = 5, .preview = Showing(colours[5])});
   EXPECT_EQ(WindowBytes(Form4Control(IDC_FORM4_COMMAND1)), "OK");
   EXPECT_EQ(WindowBytes(Form4Control(IDC_FORM4_COMMAND2)), "Select Icon Library");
   EXPECT_EQ(WindowBytes(Form4Control(IDC_FORM4_COMMAND3)), "Cancel");
@@ -33,9 +31,7 @@ TEST_F(Form4Test, OpensOnTheIconOfTheEntryAndDisablesTheEditor) {
 
 TEST_F(Form4Test, OpensOnTheTargetWhereNoIconFileIsGiven) {
   OpenForItem("", "0");
-  EXPECT_EQ(Label(), "1 Icon");
-  EXPECT_EQ(LastPosition(bar()), 0);
-  EXPECT_EQ(Preview(), Showing(colours[0]));
+  ExpectShown({.label = "1 Icon", .last = 0, .preview = Showing(colours[0])});
 }
 
 TEST_F(Form4Test, OpensOnTheFirstIconWhereTheIndexIsNoneOfTheFile) {
@@ -53,8 +49,7 @@ TEST_F(Form4Test, ANegativeIndexIsTheNumberOfAResource) {
   for (const int number : {1, 2, 12}) {
     OpenForItem(twelve, std::to_string(-number));
     EXPECT_EQ(Preview(), Showing(colours[static_cast<std::size_t>(number) - 1])) << number;
-    EXPECT_EQ(Label(), "12 Icons");
-    EXPECT_EQ(Position(bar()), 0);
+    ExpectShown({.label = "12 Icons", .position = 0});
     Scroll(bar(), SB_ENDSCROLL);
     EXPECT_EQ(Preview(), Showing(colours[static_cast<std::size_t>(number) - 1])) << number;
     Scroll(bar(), SB_LINERIGHT);
@@ -89,18 +84,7 @@ TEST_F(Form4Test, AStartFileWithoutIconsShowsNothingAndSaysNothing) {
   Choose(two);
   EXPECT_EQ(Label(), "2 Icons");
   EXPECT_TRUE(IsWindowEnabled(bar()));
-  EXPECT_EQ(Position(bar()), 0);
-  EXPECT_EQ(Preview(), Showing(colours[0]));
-}
-
-TEST_F(Form4Test, PagesThroughTheIcons) {
-  OpenForItem(two, "0");
-  Scroll(bar(), SB_LINERIGHT);
-  EXPECT_EQ(Preview(), Showing(colours[1]));
-  Scroll(bar(), SB_LINERIGHT);
-  EXPECT_EQ(Position(bar()), 1);
-  Scroll(bar(), SB_LINELEFT);
-  EXPECT_EQ(Preview(), Showing(colours[0]));
+  ExpectShown({.position = 0, .preview = Showing(colours[0])});
 }
 
 TEST_F(Form4Test, EachActivationStartsAgainWithTheEntrysIcon) {
@@ -110,18 +94,14 @@ TEST_F(Form4Test, EachActivationStartsAgainWithTheEntrysIcon) {
   Activate(WA_INACTIVE);
   EXPECT_EQ(Preview(), Showing(colours[9]));
   Activate(WA_CLICKACTIVE);
-  EXPECT_EQ(Label(), "2 Icons");
-  EXPECT_EQ(LastPosition(bar()), 1);
-  EXPECT_EQ(Position(bar()), 1);
-  EXPECT_EQ(Preview(), Showing(colours[1]));
+  ExpectShown({.label = "2 Icons", .last = 1, .position = 1, .preview = Showing(colours[1])});
 }
 
 TEST_F(Form4Test, AnActivationThatFindsNoIconsLeavesLabelAndScrollBar) {
   OpenForItem(two, "1");
   WriteBytes(two, "");
   Activate(WA_ACTIVE);
-  EXPECT_EQ(Label(), "2 Icons");
-  EXPECT_EQ(LastPosition(bar()), 1);
+  ExpectShown({.label = "2 Icons", .last = 1});
   EXPECT_TRUE(IsWindowEnabled(bar()));
   EXPECT_TRUE(answers.Shown().empty());
 }
@@ -130,16 +110,14 @@ TEST_F(Form4Test, ComingBackFromItsOwnDialogsIsNoActivation) {
   OpenForItem(two, "1");
   // Windows activates the window after the dialog has closed, by OK or by Cancel.
   Choose(twelve);
-  EXPECT_EQ(Label(), "12 Icons");
-  EXPECT_EQ(Preview(), Showing(colours[0]));
+  ExpectShown({.label = "12 Icons", .preview = Showing(colours[0])});
   Scroll(bar(), SB_THUMBPOSITION, 3);
   CancelDialog();
   PressInForm4(IDC_FORM4_COMMAND2);
   EXPECT_EQ(Preview(), Showing(colours[3]));
   Choose(none);
   ExpectBoxes(1, "Error!", "No Icons found in this file!");
-  EXPECT_EQ(Label(), "0 Icons");
-  EXPECT_EQ(Preview(), Empty());
+  ExpectShown({.label = "0 Icons", .preview = Empty()});
   // A real activation while the dialog is open.
   answers.OnDialog([this](HWND dialog) {
     SendMessageA(Form4(), WM_ACTIVATE, WA_ACTIVE, 0);
@@ -159,8 +137,7 @@ TEST_F(Form4Test, AnActivationAfterItsOwnDialogWaitsForTheUser) {
   }
   Scroll(bar(), SB_LINERIGHT);
   Activate(WA_ACTIVE);
-  EXPECT_EQ(Label(), "2 Icons");
-  EXPECT_EQ(Position(bar()), 1);
+  ExpectShown({.label = "2 Icons", .position = 1});
 
   Choose(twelve);
   const ReplacedImport front(

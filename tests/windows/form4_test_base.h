@@ -7,7 +7,6 @@
 // Opens the Select Icon window for an entry of a menu.
 class Form4TestBase : public IconTest {
  protected:
-  // Opens a menu and the Select Icon window for its entry.
   void OpenFor(const std::string& menu, int row) {
     ASSERT_TRUE(Open(menu));
     ChangeIcon(row);
@@ -36,6 +35,10 @@ class Form4TestBase : public IconTest {
   HWND bar() { return Form4Control(IDC_FORM4_HSCROLL1); }
   std::string Label() { return WindowBytes(Form4Control(IDC_FORM4_LABEL1)); }
   std::vector<COLORREF> Preview() { return Painted(Form4Control(IDC_FORM4_PICTURE1)); }
+  void ExpectShown(const ShownIcons& shown) {
+    IconTest::ExpectShown(Form4Control(IDC_FORM4_LABEL1), bar(), Form4Control(IDC_FORM4_PICTURE1),
+                          shown);
+  }
   bool IsEditorEnabled() { return IsWindowEnabled(form().window()) != FALSE; }
 
   void Activate(WORD state) {

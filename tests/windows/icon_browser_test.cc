@@ -24,13 +24,16 @@ class IconBrowserTest : public IconTest {
   std::string Label() { return Text(IDC_FORM2_LABEL8); }
   std::vector<COLORREF> Preview() { return Painted(IDC_FORM2_PICTURE1); }
 
+  void ExpectShown(const ShownIcons& shown) {
+    IconTest::ExpectShown(Control(IDC_FORM2_LABEL8), bar(), Control(IDC_FORM2_PICTURE1), shown);
+  }
+
   // Presses Select Icon File.
   void Choose(const std::string& path) {
     ChooseInDialog(path);
     Press(IDC_FORM2_COMMAND10);
   }
 
-  // Clicks on the picture with the mouse.
   void ClickPicture() {
     SendMessageA(Control(IDC_FORM2_PICTURE1), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(9, 9));
     SendMessageA(Control(IDC_FORM2_PICTURE1), WM_LBUTTONUP, 0, MAKELPARAM(9, 9));
@@ -108,9 +111,7 @@ TEST_F(IconBrowserTest, TooManyIconsAreAnErrorAndShowTheFirstOnes) {
   const ManyIcons<32768> icons(path);
   Choose(path);
   ExpectBoxes(1, "Error!", "More than 32767 icons are in:\n" + path);
-  EXPECT_EQ(Label(), "32767 Icons");
-  EXPECT_EQ(LastPosition(bar()), 32766);
-  EXPECT_EQ(Preview(), Showing(colours[0]));
+  ExpectShown({.label = "32767 Icons", .last = 32766, .preview = Showing(colours[0])});
 
   // The Select Icon window says so once.
   ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Entry", path)})));
@@ -144,21 +145,15 @@ TEST_F(IconBrowserTest, StartsEmptyWithTheScrollBarDisabled) {
 TEST_F(IconBrowserTest, ChoosingAFileShowsItsFirstIcon) {
   OpenAppearance();
   Choose(one);
-  EXPECT_EQ(Label(), "1 Icon");
-  EXPECT_EQ(LastPosition(bar()), 0);
+  ExpectShown({.label = "1 Icon", .last = 0});
   EXPECT_TRUE(IsEnabled(IDC_FORM2_HSCROLL1));
   EXPECT_EQ(Preview(), Showing(colours[0]));
   Choose(two);
-  EXPECT_EQ(Label(), "2 Icons");
-  EXPECT_EQ(LastPosition(bar()), 1);
-  EXPECT_EQ(Preview(), Showing(colours[0]));
+  ExpectShown({.label = "2 Icons", .last = 1, .preview = Showing(colours[0])});
   Scroll(bar(), SB_LINERIGHT);
   EXPECT_EQ(Preview(), Showing(colours[1]));
   Choose(twelve);
-  EXPECT_EQ(Label(), "12 Icons");
-  EXPECT_EQ(LastPosition(bar()), 11);
-  EXPECT_EQ(Position(bar()), 0);
-  EXPECT_EQ(Preview(), Showing(colours[0]));
+  ExpectShown({.label = "12 Icons", .last = 11, .position = 0, .preview = Showing(colours[0])});
   EXPECT_TRUE(answers.Shown().empty());
 }
 
@@ -184,9 +179,7 @@ TEST_F(IconBrowserTest, CancellingTheDialogChangesNothing) {
   CancelDialog();
   Press(IDC_FORM2_COMMAND10);
   EXPECT_EQ(FileDialogs().size(), 3U);
-  EXPECT_EQ(Label(), "12 Icons");
-  EXPECT_EQ(Position(bar()), 7);
-  EXPECT_EQ(Preview(), Showing(colours[7]));
+  ExpectShown({.label = "12 Icons", .position = 7, .preview = Showing(colours[7])});
   EXPECT_TRUE(answers.Shown().empty());
 }
 
@@ -267,8 +260,7 @@ TEST_F(IconBrowserTest, AFileWithoutIconsBecomesTheSourceAfterAMessage) {
   Scroll(bar(), SB_THUMBPOSITION, 3);
   Choose(none);
   ExpectBoxes(1, "Error!", "No Icons found in this file!");
-  EXPECT_EQ(Label(), "0 Icons");
-  EXPECT_EQ(Preview(), Empty());
+  ExpectShown({.label = "0 Icons", .preview = Empty()});
   EXPECT_TRUE(IsEnabled(IDC_FORM2_HSCROLL1));
   EXPECT_EQ(LastPosition(bar()), 0);
   EXPECT_EQ(Position(bar()), 0);

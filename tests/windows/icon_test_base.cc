@@ -57,6 +57,13 @@ int IconTest::LastPosition(HWND bar) {
   return info.nMax;
 }
 
+void IconTest::ExpectShown(HWND label, HWND bar, HWND preview, const ShownIcons& shown) {
+  EXPECT_EQ(WindowBytes(label), shown.label.value_or(WindowBytes(label)));
+  EXPECT_EQ(LastPosition(bar), shown.last.value_or(LastPosition(bar)));
+  EXPECT_EQ(Position(bar), shown.position.value_or(Position(bar)));
+  EXPECT_TRUE(!shown.preview || Painted(preview) == *shown.preview) << "another preview";
+}
+
 std::vector<COLORREF> IconTest::Painted(HWND pictureBox) {
   const SIZE size = win32::PictureBox::Size();
   return Drawn(size, CLR_INVALID, [&](HDC dc) {

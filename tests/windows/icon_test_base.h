@@ -34,6 +34,16 @@ class IconTest : public Form2Test {
   static int Position(HWND bar);
   static int LastPosition(HWND bar);
 
+  // What a window shows of a file with icons.
+  struct ShownIcons {
+    std::optional<std::string> label = {};
+    std::optional<int> last = {};
+    std::optional<int> position = {};
+    std::optional<std::vector<COLORREF>> preview = {};
+  };
+  // Expects this in such controls. What is not given may be anything.
+  static void ExpectShown(HWND label, HWND bar, HWND preview, const ShownIcons& shown);
+
   // The pixels that a picture box paints, row by row from the top left.
   static std::vector<COLORREF> Painted(HWND pictureBox);
   std::vector<COLORREF> Painted(int id) { return Painted(Control(id)); }

@@ -147,7 +147,6 @@ TEST_F(LayoutTest, EveryTextHasRoom) {
   });
 }
 
-// A text that is longer than its box scrolls in it.
 TEST_F(LayoutTest, BoxesScrollSideways) {
   VisitAll([](const std::string& page, HWND window) {
     for (const HWND control : Shown(window)) {
@@ -245,7 +244,6 @@ TEST_F(LayoutTest, DraggingTheBorderPaintsNoMoreThanItHasTo) {
   EXPECT_EQ(paints, 1);
 }
 
-// A box of one line is just high enough for its text.
 TEST_F(LayoutTest, BoxesOfOneLineFitIt) {
   VisitAll([](const std::string& page, HWND window) {
     for (const HWND control : Shown(window)) {
@@ -268,7 +266,6 @@ TEST_F(LayoutTest, TheDriveListIsAsHighAsTheBoxBesideIt) {
   });
 }
 
-// The place of the pages in the tab control.
 COLORREF PaintedFace(HWND tabs, const RECT& page) {
   const win32::WindowDc screen(tabs);
   const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));

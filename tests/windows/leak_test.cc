@@ -101,7 +101,7 @@ TEST_F(LeakTest, TheSelectIconWindow) {
 }
 
 TEST_F(LeakTest, TheDirectoryPage) {
-  CreateDirectoryA(PathOf("a folder").c_str(), nullptr);
+  Make("a folder");
   ASSERT_TRUE(Open(DirectoryMenu("\"C:\\\",\"*.*\",1,0,0\r\n")));
   ExpectNoHandlesLeft("folders", [&] {
     Type(IDC_FORM2_TEXT7, "C:\\");

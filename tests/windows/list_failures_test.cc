@@ -6,8 +6,6 @@ using namespace testing_menus;
 
 namespace {
 
-constexpr int kFinish = IDC_FORM3_COMMAND5;
-
 const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a", "C:\\");
 const std::string kB = ItemLine("Beta", "C:\\windows\\notepad.exe", "", "", "C:\\x.ico", "7");
 const std::string kC = ItemLine("Gamma", "C:\\c.exe");
@@ -70,7 +68,7 @@ class ListFailuresTest : public WizardTestBase {
     Finish("news:x", "New");
     mendIt();
     ExpectNamePage();
-    EXPECT_EQ(WizardText(IDC_FORM3_TEXT4), "New");
+    EXPECT_EQ(WizardText(kName), "New");
     EXPECT_TRUE(answers.Shown().empty());
     EXPECT_FALSE(IsWindowEnabled(form().window()));
     EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu({kA, kB, kC}));
@@ -176,7 +174,7 @@ TEST_F(ListFailuresTest, FinishWithTheMenuFileGoneMakesNone) {
     ExpectNoScratchFiles();
     EXPECT_EQ(Rows().size(), 3U);
     EXPECT_TRUE(answers.Shown().empty());
-    PressWizard(IDC_FORM3_COMMAND2);
+    PressWizard(kCancel);
   }
 }
 

@@ -117,18 +117,14 @@ TEST_F(ListKeysTest, KeysDoWhatTheButtonsDo) {
   Show({kA, kB, kC});
   SelectRow(0);
   Press(VK_DOWN, {VK_CONTROL});
-  ExpectSettled({kB, kA, kC});
-  EXPECT_EQ(SelectedRow(), 1);
+  ExpectSettled({kB, kA, kC}, 1);
   Press(VK_DOWN, {VK_CONTROL});
   Press(VK_DOWN, {VK_CONTROL});
-  ExpectSettled({kB, kC, kA});
-  EXPECT_EQ(SelectedRow(), 2);
+  ExpectSettled({kB, kC, kA}, 2);
   Press(VK_UP, {VK_CONTROL});
-  ExpectSettled({kB, kA, kC});
-  EXPECT_EQ(SelectedRow(), 1);
+  ExpectSettled({kB, kA, kC}, 1);
   Press(VK_DELETE);
-  ExpectSettled({kB, kC});
-  EXPECT_EQ(SelectedRow(), -1);
+  ExpectSettled({kB, kC}, -1);
   // No row is selected now, so no command does anything.
   Press(VK_DELETE);
   Press(VK_UP, {VK_CONTROL});
@@ -142,13 +138,13 @@ TEST_F(ListKeysTest, EnterEditsAndInsertAdds) {
   SelectRow(1);
   Press(VK_RETURN);
   ASSERT_NE(Wizard(), nullptr);
-  EXPECT_EQ(WizardText(IDC_FORM3_TEXT4), "B");
-  ExpectTargetPage(IDC_FORM3_COMMAND1);  // Enter pressed nothing there
-  PressWizard(IDC_FORM3_COMMAND2);
+  EXPECT_EQ(WizardText(kName), "B");
+  ExpectTargetPage(kNext);  // Enter pressed nothing there
+  PressWizard(kCancel);
   Press(VK_INSERT);
   ASSERT_NE(Wizard(), nullptr);
-  EXPECT_EQ(WizardText(IDC_FORM3_TEXT4), "");
-  PressWizard(IDC_FORM3_COMMAND2);
+  EXPECT_EQ(WizardText(kName), "");
+  PressWizard(kCancel);
   ExpectSettled({kA, kB});
 }
 
@@ -175,8 +171,8 @@ TEST_F(ListKeysTest, ADoubleClickEditsItsRow) {
   Show({kA, kB});
   DoubleClick(PointIn(1));
   ASSERT_NE(Wizard(), nullptr);
-  EXPECT_EQ(WizardText(IDC_FORM3_TEXT4), "B");
-  PressWizard(IDC_FORM3_COMMAND2);
+  EXPECT_EQ(WizardText(kName), "B");
+  PressWizard(kCancel);
   // Below the last row there is nothing to edit.
   const RECT last = RectOf(1);
   DoubleClick(MAKELPARAM(last.left + 5, last.bottom + 20));

@@ -123,7 +123,7 @@ class ListSequencesTest : public WizardTestBase, public ::testing::WithParamInte
     EXPECT_EQ(Boxes(),
               (Texts{edited.fields[1], edited.fields[2], edited.fields[3], edited.fields[0]}));
     if (Random(4) == 0) {
-      PressWizard(IDC_FORM3_COMMAND2);
+      PressWizard(kCancel);
       return;
     }
     Finish(entry.fields[1], entry.fields[0], entry.fields[2], entry.fields[3]);

@@ -18,11 +18,12 @@ std::vector<RowState> ListTest::State() {
   return state;
 }
 
-void ListTest::ExpectSettled(const Texts& itemLines) {
+void ListTest::ExpectSettled(const Texts& itemLines, std::optional<int> selected) {
   EXPECT_EQ(MenuBytes(), testing_menus::UserDefinedMenu(itemLines));
   ExpectNoScratchFiles();
   EXPECT_TRUE(answers.Shown().empty());
   EXPECT_TRUE(IsWindowEnabled(form().window()));
+  EXPECT_EQ(SelectedRow(), selected.value_or(SelectedRow()));
 }
 
 void ListTest::ExpectNoScratchFiles() {

@@ -25,8 +25,9 @@ class ListTest : public Form2Test {
   std::string HiddenTag(int row) { return form().items().Hidden(row).tag; }
 
   // Expects that the file holds these entries and is otherwise unchanged, that no scratch
-  // file is left, that no message was shown, and that the window is enabled.
-  void ExpectSettled(const Texts& itemLines);
+  // file is left, that no message was shown, that the window is enabled, and that this row
+  // is selected.
+  void ExpectSettled(const Texts& itemLines, std::optional<int> selected = {});
   void ExpectNoScratchFiles();
 
   bool PreviewIsClear();

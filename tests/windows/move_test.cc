@@ -36,18 +36,14 @@ TEST_F(MoveTest, ToBothEndsAndNoFurther) {
   ASSERT_TRUE(OpenLines({kA, kB, kC}));
   SelectRow(1);
   Press(kMoveUp);
-  ExpectSettled({kB, kA, kC});
-  EXPECT_EQ(SelectedRow(), 0);
+  ExpectSettled({kB, kA, kC}, 0);
   Press(kMoveUp);
-  ExpectSettled({kB, kA, kC});
-  EXPECT_EQ(SelectedRow(), 0);
+  ExpectSettled({kB, kA, kC}, 0);
   Press(kMoveDown);
   Press(kMoveDown);
-  ExpectSettled({kA, kC, kB});
-  EXPECT_EQ(SelectedRow(), 2);
+  ExpectSettled({kA, kC, kB}, 2);
   Press(kMoveDown);
-  ExpectSettled({kA, kC, kB});
-  EXPECT_EQ(SelectedRow(), 2);
+  ExpectSettled({kA, kC, kB}, 2);
 }
 
 TEST_F(MoveTest, UpAndDownAgainGivesTheSameBytes) {

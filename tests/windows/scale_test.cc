@@ -252,7 +252,6 @@ TEST_F(ScaleTest, EveryControlCanBeReachedWhereThePlanIsTooLarge) {
   });
 }
 
-// A window as large as its plan has no scroll bars.
 TEST_F(ScaleTest, AWindowThatFitsDoesNotScroll) {
   VisitAll([](const std::string& page, HWND window) {
     EXPECT_EQ(GetWindowLongW(window, GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL), 0) << page;

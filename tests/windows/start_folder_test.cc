@@ -26,7 +26,7 @@ class StartFolderTest : public ListTest {
 };
 
 TEST_F(StartFolderTest, IsLeftOnlyWhereItTakesNoFile) {
-  ASSERT_TRUE(CreateDirectoryA(PathOf("other").c_str(), nullptr));
+  Make("other");
   wchar_t temporary[MAX_PATH + 1] = L"";
   GetTempPathW(MAX_PATH + 1, temporary);
   const std::wstring temporaryFolder(temporary, std::wcslen(temporary) - 1);

@@ -54,9 +54,7 @@ TEST_F(TypeSwitchTest, HappensAfterAYesAlone) {
       if (!rows.empty()) {
         EXPECT_EQ(form().items().Hidden(2).text, icon);
       } else {
-        EXPECT_EQ(Path(), "K:\\");
-        EXPECT_EQ(Pattern(), "*.txt");
-        EXPECT_EQ(Checks(), "011");
+        ExpectPage({.path = "K:\\", .pattern = "*.txt", .checks = "011"});
       }
     }
   }
@@ -120,11 +118,11 @@ TEST_F(TypeSwitchTest, BothWaysKeepPictureAndAppearance) {
 TEST_F(TypeSwitchTest, ThePageShowsWhatItShowedBefore) {
   ASSERT_TRUE(Open(UserDefinedMenu({})));
   Press(IDC_FORM2_COMMAND13);
-  EXPECT_EQ(Drive(), folder().substr(0, 2));
-  EXPECT_EQ(ListPath(), folder());
-  EXPECT_EQ(Path(), folder() + "\\");
-  EXPECT_EQ(Pattern(), "");
-  EXPECT_EQ(Checks(), "000");
+  ExpectPage({.drive = folder().substr(0, 2),
+              .list = folder(),
+              .path = folder() + "\\",
+              .pattern = "",
+              .checks = "000"});
   EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));
   // The next save writes what the page shows.
   Type(IDC_FORM2_TEXT8, "*.txt");
@@ -142,10 +140,7 @@ TEST_F(TypeSwitchTest, ThereAndBackThePageStillShowsTheLoadedFolder) {
   Press(IDC_FORM2_COMMAND13);
   EXPECT_EQ(answers.Shown().size(), 1U);
   EXPECT_EQ(MenuBytes(), DirectoryMenu(kDefaultLine));
-  EXPECT_EQ(ListPath(), PathOf("sub"));
-  EXPECT_EQ(Path(), PathOf("sub\\"));
-  EXPECT_EQ(Pattern(), "*.exe");
-  EXPECT_EQ(Checks(), "001");
+  ExpectPage({.list = PathOf("sub"), .path = PathOf("sub\\"), .pattern = "*.exe", .checks = "001"});
 }
 
 TEST_F(TypeSwitchTest, AnEmptyPathIsSwitchedWithoutAQuestion) {
@@ -171,9 +166,7 @@ TEST_F(TypeSwitchTest, WhatWasSwitchedLoadsAgain) {
   Press(IDC_FORM2_COMMAND13);
   ASSERT_TRUE(Open(MenuBytes()));
   EXPECT_TRUE(ShowsDirectoryPage());
-  EXPECT_EQ(Path(), "C:\\");
-  EXPECT_EQ(Pattern(), "*.*");
-  EXPECT_EQ(Checks(), "100");
+  ExpectPage({.path = "C:\\", .pattern = "*.*", .checks = "100"});
   answers.Answer({IDYES});
   Press(IDC_FORM2_COMMAND14);
   ASSERT_TRUE(Open(MenuBytes()));

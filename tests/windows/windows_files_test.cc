@@ -1,4 +1,3 @@
-// Tests WindowsFileSystem.
 
 #include <algorithm>
 #include <array>
@@ -66,7 +65,7 @@ TEST_F(WindowsFilesTest, AMenuNamedLikeAScratchFileStays) {
 TEST_F(WindowsFilesTest, OpensWhatIsThere) {
   EXPECT_EQ(nullptr, windowsFiles.OpenIfThere("none"));
   EXPECT_EQ(nullptr, windowsFiles.OpenIfThere("no\\folder\\none"));
-  CreateDirectoryA(PathOf("a folder").c_str(), nullptr);
+  Make("a folder");
   EXPECT_EQ(nullptr, windowsFiles.OpenIfThere("a folder"));
   RemoveDirectoryA(PathOf("a folder").c_str());
   WriteBytes(PathOf("one"), "123");

@@ -6,11 +6,6 @@ using namespace testing_menus;
 
 namespace {
 
-constexpr int kNext = IDC_FORM3_COMMAND1;
-constexpr int kFinish = IDC_FORM3_COMMAND5;
-constexpr int kTarget = IDC_FORM3_TEXT1;
-constexpr int kName = IDC_FORM3_TEXT4;
-
 const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a", "C:\\", "C:\\x.ico", "3");
 const std::string kB = ItemLine("Beta", "C:\\b.exe");
 const std::string kC = ItemLine("Gamma", "C:\\c.exe", "/c", "", "", "2");

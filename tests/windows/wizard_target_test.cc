@@ -4,9 +4,7 @@
 
 namespace {
 
-constexpr int kNext = IDC_FORM3_COMMAND1;
 constexpr int kBrowse = IDC_FORM3_COMMAND3;
-constexpr int kTarget = IDC_FORM3_TEXT1;
 
 }  // namespace
 
@@ -23,7 +21,7 @@ class WizardTargetTest : public WizardTestBase {
     Next(target);
     EXPECT_TRUE(answers.Shown().empty());
     ExpectNamePage();
-    PressWizard(IDC_FORM3_COMMAND4);
+    PressWizard(kBack);
   }
 
   void ExpectRefused(const std::string& target) {
@@ -70,7 +68,7 @@ TEST_F(WizardTargetTest, AcceptsFilesAndFoldersWithAnyAttribute) {
              "C:\\windows\\", "C:\\", "c:/windows/notepad.exe", ".", ".."}) {
     ExpectAccepted(target);
   }
-  CreateDirectoryA(PathOf("empty").c_str(), nullptr);
+  Make("empty");
   ExpectAccepted(PathOf("empty"));
   ExpectAccepted(PathOf("empty") + "\\");
   int number = 0;
@@ -181,7 +179,7 @@ TEST_F(WizardTargetTest, BrowseInAnotherFolderKeepsTheCurrentDirectory) {
 
 // The dialog changes the current directory to the folder that the user enters.
 TEST_F(WizardTargetTest, EnteringAFolderInBrowseKeepsTheCurrentDirectory) {
-  ASSERT_TRUE(CreateDirectoryA(PathOf("inside").c_str(), nullptr));
+  Make("inside");
   WriteBytes(PathOf("inside\\chosen.exe"), "");
   for (const UINT button : {IDOK, IDCANCEL}) {
     SCOPED_TRACE(button);

@@ -7,15 +7,6 @@ using namespace testing_menus;
 
 namespace {
 
-constexpr int kNext = IDC_FORM3_COMMAND1;
-constexpr int kBack = IDC_FORM3_COMMAND4;
-constexpr int kFinish = IDC_FORM3_COMMAND5;
-constexpr int kCancel = IDC_FORM3_COMMAND2;
-constexpr int kTarget = IDC_FORM3_TEXT1;
-constexpr int kArguments = IDC_FORM3_TEXT2;
-constexpr int kStartIn = IDC_FORM3_TEXT3;
-constexpr int kName = IDC_FORM3_TEXT4;
-
 const std::string kA = ItemLine("Alpha", "C:\\a.exe", "-a ", "C:\\", "C:\\x.ico", "3");
 
 }  // namespace

@@ -41,13 +41,12 @@ void WizardTestBase::Key(HWND control, int key) {
 std::string WizardTestBase::WizardText(int id) { return WindowBytes(WizardControl(id)); }
 
 Texts WizardTestBase::Boxes() {
-  return {WizardText(IDC_FORM3_TEXT1), WizardText(IDC_FORM3_TEXT2), WizardText(IDC_FORM3_TEXT3),
-          WizardText(IDC_FORM3_TEXT4)};
+  return {WizardText(kTarget), WizardText(kArguments), WizardText(kStartIn), WizardText(kName)};
 }
 
 void WizardTestBase::Next(const std::string& target) {
-  TypeWizard(IDC_FORM3_TEXT1, target);
-  PressWizard(IDC_FORM3_COMMAND1);
+  TypeWizard(kTarget, target);
+  PressWizard(kNext);
 }
 
 int WizardTestBase::DefaultButton() {
@@ -77,27 +76,25 @@ void WizardTestBase::ExpectShown(const std::vector<int>& visible) {
 }
 
 void WizardTestBase::ExpectTargetPage(int defaultButton) {
-  ExpectShown({IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1, IDC_FORM3_TEXT1, IDC_FORM3_COMMAND3,
-               IDC_FORM3_LABEL2, IDC_FORM3_TEXT2, IDC_FORM3_LABEL3, IDC_FORM3_TEXT3,
-               IDC_FORM3_COMMAND4, IDC_FORM3_COMMAND1, IDC_FORM3_COMMAND2});
+  ExpectShown({IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1, kTarget, IDC_FORM3_COMMAND3, IDC_FORM3_LABEL2,
+               kArguments, IDC_FORM3_LABEL3, kStartIn, kBack, kNext, kCancel});
   EXPECT_EQ(WizardText(IDC_FORM3_LABEL1),
             "Type the full path of the item you want to create a shortcut to. Or search for the "
             "item by clicking Browse.");
-  EXPECT_EQ(IsWizardEnabled(IDC_FORM3_COMMAND1), !WizardText(IDC_FORM3_TEXT1).empty());
-  EXPECT_FALSE(IsWizardEnabled(IDC_FORM3_COMMAND4));
-  EXPECT_TRUE(IsWizardEnabled(IDC_FORM3_COMMAND5));
+  EXPECT_EQ(IsWizardEnabled(kNext), !WizardText(kTarget).empty());
+  EXPECT_FALSE(IsWizardEnabled(kBack));
+  EXPECT_TRUE(IsWizardEnabled(kFinish));
   EXPECT_TRUE(IsWizardEnabled(IDC_FORM3_COMMAND3));
-  EXPECT_TRUE(IsWizardEnabled(IDC_FORM3_COMMAND2));
+  EXPECT_TRUE(IsWizardEnabled(kCancel));
   EXPECT_EQ(DefaultButton(), defaultButton);
 }
 
 void WizardTestBase::ExpectNamePage(int defaultButton) {
-  ExpectShown({IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1, IDC_FORM3_TEXT4, IDC_FORM3_COMMAND4,
-               IDC_FORM3_COMMAND5, IDC_FORM3_COMMAND2});
+  ExpectShown({IDC_FORM3_PICTURE1, IDC_FORM3_LABEL1, kName, kBack, kFinish, kCancel});
   EXPECT_EQ(WizardText(IDC_FORM3_LABEL1), "Type a friendly name for your shortcut.");
-  EXPECT_TRUE(IsWizardEnabled(IDC_FORM3_COMMAND4));
-  EXPECT_EQ(IsWizardEnabled(IDC_FORM3_COMMAND5), !WizardText(IDC_FORM3_TEXT4).empty());
-  EXPECT_TRUE(IsWizardEnabled(IDC_FORM3_COMMAND2));
+  EXPECT_TRUE(IsWizardEnabled(kBack));
+  EXPECT_EQ(IsWizardEnabled(kFinish), !WizardText(kName).empty());
+  EXPECT_TRUE(IsWizardEnabled(kCancel));
   EXPECT_EQ(DefaultButton(), defaultButton);
 }
 
@@ -120,12 +117,12 @@ void WizardTestBase::ExpectFront(HWND window) {
 
 void WizardTestBase::Finish(const std::string& target, const std::string& name,
                             const std::string& arguments, const std::string& startIn) {
-  TypeWizard(IDC_FORM3_TEXT1, target);
-  TypeWizard(IDC_FORM3_TEXT2, arguments);
-  TypeWizard(IDC_FORM3_TEXT3, startIn);
-  PressWizard(IDC_FORM3_COMMAND1);
-  TypeWizard(IDC_FORM3_TEXT4, name);
-  PressWizard(IDC_FORM3_COMMAND5);
+  TypeWizard(kTarget, target);
+  TypeWizard(kArguments, arguments);
+  TypeWizard(kStartIn, startIn);
+  PressWizard(kNext);
+  TypeWizard(kName, name);
+  PressWizard(kFinish);
 }
 
 void WizardTestBase::Drop(const std::vector<std::wstring>& paths) {

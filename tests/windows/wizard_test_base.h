@@ -11,6 +11,11 @@
 // Opens the wizard from the editor window.
 class WizardTestBase : public ListTest {
  protected:
+  static constexpr int kNext = IDC_FORM3_COMMAND1, kBack = IDC_FORM3_COMMAND4,
+                       kFinish = IDC_FORM3_COMMAND5, kCancel = IDC_FORM3_COMMAND2,
+                       kTarget = IDC_FORM3_TEXT1, kArguments = IDC_FORM3_TEXT2,
+                       kStartIn = IDC_FORM3_TEXT3, kName = IDC_FORM3_TEXT4;
+
   void OpenAdd();
   void OpenEdit(int row);
   // Opens the wizard on that row, or to add an entry.
@@ -40,14 +45,12 @@ class WizardTestBase : public ListTest {
   // Expects that the wizard is closed and the editor window is enabled and in front.
   void ExpectClosed();
 
-  // Waits until the window is in front.
   static void ExpectFront(HWND window);
 
   // What the list has registered with OLE: Windows and Wine keep it in this property.
   IDropTarget* Target() {
     return static_cast<IDropTarget*>(GetPropA(Control(IDC_FORM2_LIST1), "OleDropTargetInterface"));
   }
-  // Drops these files on the list.
   void Drop(const std::vector<std::wstring>& paths);
 
   // Fills both pages of a wizard that has just opened and presses Finish.

@@ -45,7 +45,6 @@ TEST_F(CodePageOutsideTest, AnEntryIsTypedByKeysAndRead) {
   StartOn(PathOf(page.bytes + ".menu"), folder());
   WaitForForm2();
   const HWND wizard = OpenWizard(IDC_FORM2_COMMAND2);
-  ASSERT_NE(wizard, nullptr);
   ASSERT_TRUE(outside::WaitForFront(wizard));
   const HWND target = GetDlgItem(wizard, IDC_FORM3_TEXT1);
   ASSERT_TRUE(WaitForTheKeyboard(target));
@@ -82,7 +81,6 @@ TEST_F(CodePageOutsideTest, BytesComeInAndGoOut) {
   Press(IDC_FORM2_COMMAND8);
   EXPECT_EQ(Rows(), (std::vector<std::string>{"Other", bytes}));
   const HWND wizard = OpenWizard(IDC_FORM2_COMMAND3);
-  ASSERT_NE(wizard, nullptr);
   EXPECT_TRUE(WaitForText(wizard, IDC_FORM3_TEXT2, bytes));
   EXPECT_TRUE(WaitForText(wizard, IDC_FORM3_TEXT4, bytes));
   outside::Type(wizard, IDC_FORM3_TEXT3, bytes);

@@ -7,7 +7,6 @@
 
 namespace outside {
 
-// The result of a drag.
 struct DragResult {
   bool begun = false;    // true if the mouse button reached the source
   bool dropped = false;  // true if the drag was not cancelled

@@ -23,14 +23,12 @@ class FailingChangesTest : public OutsideTest {
   static bool IsOfDirectory(ChangeKind kind);
   static bool IsSwitch(ChangeKind kind);
   static bool IsWizard(ChangeKind kind);
-  // The scratch file of a change.
   static std::string ScratchName(ChangeKind kind);
 
   // Makes the change and expects what the user sees of its failure.
   void ExpectFailureIsShown(ChangeKind kind, const outside::PreparedChange& change);
   void ExpectNoDialog() { EXPECT_EQ(program().Find("#32770"), nullptr); }
 
-  // A library with twelve icons.
   const std::string library_ = PathOf("twelve.dll");
   std::mt19937_64 random_{outside::TestOptions().seed};
 };

@@ -34,25 +34,16 @@ bool StartOnHost(const std::string& commandLine, const std::string& folder) {
 }
 
 int HostProcess(const std::string& argument) {
-  WIN32_FIND_DATAA entry{};
-  const HANDLE search = FindFirstFileA("Z:\\proc\\*", &entry);
-  if (search == INVALID_HANDLE_VALUE) {
-    return 0;
-  }
-  int found = 0;
-  do {
-    const std::string name = entry.cFileName;
-    if (!std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; })) {
-      continue;
-    }
-    std::ifstream file("Z:\\proc\\" + name + "\\cmdline", std::ios::binary);
+  for (const auto& entry : std::filesystem::directory_iterator("Z:\\proc")) {
+    const std::string name = entry.path().filename().string();
+    std::ifstream file(entry.path() / "cmdline", std::ios::binary);
     const std::string line(std::istreambuf_iterator<char>(file), {});
-    if (line.find(argument) != std::string::npos) {
-      found = std::stoi(name);
+    if (std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; }) &&
+        line.find(argument) != std::string::npos) {
+      return std::stoi(name);
     }
-  } while (found == 0 && FindNextFileA(search, &entry));
-  FindClose(search);
-  return found;
+  }
+  return 0;
 }
 
 bool IsHostProcessAtWork(int number) {

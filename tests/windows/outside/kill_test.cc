@@ -3,6 +3,7 @@
 // file. The files that a kill leaves stay in the folder.
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <map>
 
 #include "tests/menufile/plain_journal.h"
@@ -166,14 +167,10 @@ class KillTest : public OutsideTest {
   // The files whose names begin like a scratch file's: a journal may have been put aside.
   std::vector<std::string> ScratchFiles() const {
     std::vector<std::string> names;
-    for (const char* pattern : {"temporaryfile*", "zoltempfileoktodelete*"}) {
-      WIN32_FIND_DATAA found{};
-      const HANDLE search = FindFirstFileA(PathOf(pattern).c_str(), &found);
-      for (BOOL is = search != INVALID_HANDLE_VALUE; is; is = FindNextFileA(search, &found)) {
-        names.push_back(found.cFileName);
-      }
-      if (search != INVALID_HANDLE_VALUE) {
-        FindClose(search);
+    for (const auto& file : std::filesystem::directory_iterator(folder())) {
+      const std::string name = file.path().filename().string();
+      if (name.starts_with("temporaryfile") || name.starts_with("zoltempfileoktodelete")) {
+        names.push_back(name);
       }
     }
     return names;

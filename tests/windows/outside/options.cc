@@ -5,19 +5,8 @@
 #include <string_view>
 
 namespace outside {
-namespace {
-
-Options& Known() {
-  static Options options;
-  return options;
-}
-
-}  // namespace
-
-const Options& TestOptions() { return Known(); }
-
 bool ReadOptions(int argc, char** argv) {
-  Options& options = Known();
+  Options& options = TestOptions();
   options.seed =
       static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count()) %
       1'000'000'000;

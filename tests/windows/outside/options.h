@@ -15,7 +15,10 @@ struct Options {
   std::string smallDisk;  // --small-disk=FOLDER: a folder on a small file system
 };
 
-const Options& TestOptions();
+inline Options& TestOptions() {
+  static Options options;
+  return options;
+}
 
 // To be called once, with the arguments that googletest has left. Returns false if one is
 // unknown.

@@ -21,7 +21,6 @@ struct CommandLine {
   std::string copy = {};
 };
 
-// The path of the finished program.
 std::string EditorPath();
 
 // A running editor. The destructor ends it.

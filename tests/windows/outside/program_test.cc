@@ -153,6 +153,7 @@ TEST_F(ProgramTest, ANoToTheConversionEndsItWell) {
 TEST_F(ProgramTest, NoPath) {
   ExpectFailure("", "path of a menu file");
   ExpectFailure("x", "path of a menu file");
+  ExpectFailure("\"\"", "open");
 }
 
 TEST_F(ProgramTest, WithoutTheQuotesTheMessageAsksForThem) {
@@ -165,8 +166,6 @@ TEST_F(ProgramTest, WithoutTheQuotesTheMessageAsksForThem) {
   const std::string message = ExpectFailure("\"" + PathOf("none") + "\"", PathOf("none"));
   EXPECT_EQ(message.find("quotes"), std::string::npos);
 }
-
-TEST_F(ProgramTest, AnEmptyPath) { ExpectFailure("\"\"", "open"); }
 
 TEST_F(ProgramTest, AFileThatIsMissing) {
   ExpectFailure(Quoted(), MenuPath());

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 #include <mutex>
+#include <thread>
 
 #include "tests/windows/outside/host.h"
 #include "tests/windows/outside/options.h"
@@ -108,11 +109,6 @@ class Opening {
 
 class RandomMenusTest : public OutsideTest {
  protected:
-  static DWORD WINAPI Work(void* test) {
-    static_cast<RandomMenusTest*>(test)->OpenMenus();
-    return 0;
-  }
-
   // A worker takes numbers until none is left.
   void OpenMenus() {
     const std::string own = PathOf(std::to_string(++workers_));
@@ -147,14 +143,12 @@ class RandomMenusTest : public OutsideTest {
 };
 
 TEST_F(RandomMenusTest, NoneCrashesOrHangsTheProgram) {
-  HANDLE threads[kAtATime] = {};
-  for (HANDLE& thread : threads) {
-    thread = CreateThread(nullptr, 0, Work, this, 0, nullptr);
-    ASSERT_NE(thread, nullptr);
+  std::thread threads[kAtATime];
+  for (std::thread& thread : threads) {
+    thread = std::thread([this] { OpenMenus(); });
   }
-  WaitForMultipleObjects(kAtATime, threads, TRUE, INFINITE);
-  for (const HANDLE thread : threads) {
-    CloseHandle(thread);
+  for (std::thread& thread : threads) {
+    thread.join();
   }
   int count = 0;
   for (const auto& [shown, times] : shown_) {

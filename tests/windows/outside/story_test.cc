@@ -56,7 +56,7 @@ class StoryTest : public OutsideTest {
   void UpgradeThePreviousVersion() {
     WriteBytes(MenuPath(), menu_.PreviousVersionBytes());
     StartAsItStands();
-    ASSERT_NE(WaitForDialog("Query?"), nullptr);
+    WaitForDialog("Query?");
     Photograph("question");
     EXPECT_EQ(Difference(MenuBytes(), menu_.PreviousVersionBytes()), "");
     Answer("Query?",
@@ -70,7 +70,6 @@ class StoryTest : public OutsideTest {
 
   void AddWithTheWizard() {
     const HWND wizard = OpenWizard(IDC_FORM2_COMMAND2);
-    ASSERT_NE(wizard, nullptr);
     outside::Type(wizard, IDC_FORM3_TEXT1, "C:\\windows\\system32\\cmd.exe");
     outside::Type(wizard, IDC_FORM3_TEXT2, "/k dir");
     outside::Type(wizard, IDC_FORM3_TEXT3, "C:\\windows");
@@ -99,7 +98,6 @@ class StoryTest : public OutsideTest {
   void EditTheFirst() {
     outside::SelectRow(List(), 0);
     const HWND wizard = OpenWizard(IDC_FORM2_COMMAND3);
-    ASSERT_NE(wizard, nullptr);
     EXPECT_TRUE(WaitForText(wizard, IDC_FORM3_TEXT4, "Notepad"));
     outside::Type(wizard, IDC_FORM3_TEXT1, library_);
     outside::Type(wizard, IDC_FORM3_TEXT3, "");
@@ -157,7 +155,6 @@ class StoryTest : public OutsideTest {
   void SaveTheAppearance() {
     ShowAppearancePage();
     const HWND dialog = OpenFontDialog();
-    ASSERT_NE(dialog, nullptr);
     Photograph("font_dialog");
     ChooseFont(dialog, "Liberation Mono", kBoldItalic, "14");
     ChooseFile(form2(), IDC_FORM2_COMMAND10, kIconFileTitle, library_);
@@ -168,7 +165,7 @@ class StoryTest : public OutsideTest {
     ExpectMenu("appearance_chosen");  // the file is still unchanged
 
     outside::Click(form2(), IDC_FORM2_COMMAND12);
-    ASSERT_NE(WaitForDialog("Corvalis Edit"), nullptr);
+    WaitForDialog("Corvalis Edit");
     menu_.picture = testing_icons::BitmapFile(
         testing_icons::PixelsOf(colours_[5], GetSysColor(COLOR_BACKGROUND)));
     menu_.appearance = "1,\"Liberation Mono\",14,-1,-1\r\n";
@@ -179,7 +176,7 @@ class StoryTest : public OutsideTest {
 
   void SwitchToADirectoryPointer() {
     outside::Click(form2(), IDC_FORM2_COMMAND13);
-    ASSERT_NE(WaitForDialog("Query?"), nullptr);
+    WaitForDialog("Query?");
     ExpectMenu("switch_question");
     Answer("Query?", kSwitchQuestion, IDYES);
     EXPECT_TRUE(WaitUntil([&] { return IsWindowVisible(Control(IDC_FORM2_COMMAND15)) != FALSE; }));

@@ -1,13 +1,36 @@
 #!/bin/bash
-# Saves pictures of the Select Icon window, the Appearance page and the About page
-# for the README:
+# Saves pictures of all pages and windows for the README:
 #
-#   tools/photograph_icons.sh [FOLDER]     default: docs
+#   tools/photograph_pages.sh [FOLDER]     default: docs
 #
 # The editor has to be built. Nothing is shown on the user's display.
 set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/wine_env.sh"
 . "$(dirname "${BASH_SOURCE[0]}")/x_windows.sh"
+
+begin_photographs folder "$@"
+# Move the focus to the folder list: the caret of a box would blink.
+xdotool key --window 0 Tab Tab Tab
+photograph "$main" "$folder/directory_page.png"
+end_photographs
+
+begin_photographs tools "$@"
+# Move the focus from the tabs to the list, and then to the Add button.
+xdotool key --window 0 Tab Tab Home
+photograph "$main" "$folder/contents.png"
+xdotool key --window 0 Tab space
+wizard=$(wait_for_window 'New Shortcut')
+xdotool windowactivate --sync "$wizard"
+sleep 1
+xdotool type --delay 30 'C:\windows\notepad.exe'
+photograph "$wizard" "$folder/wizard_target.png"
+xdotool key Return
+sleep 0.5
+photograph "$wizard" "$folder/wizard_name.png"
+xdotool key Escape
+wait_for_window 'Corvalis Edit' >/dev/null
+sleep 0.5
+end_photographs
 
 begin_photographs tools "$@"
 
