@@ -17,4 +17,4 @@ run=$project_root/tools/wine_run.sh
 "$run" ./windows_tests.exe \
   --gtest_filter='LayoutTest.*:ScaleTest.*:KeyboardTest.*:WizardTest.*'
 "$run" outside/outside_tests.exe \
-  --gtest_filter='KeyboardOutsideTest.*:ListOutsideTest.*:IconsOutsideTest.*:StoryTest.*'
+  --gtest_filter='KeyboardOutsideTest.*:ListOutsideTest.*:StoryTest.*'
