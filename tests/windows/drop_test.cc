@@ -89,19 +89,13 @@ TEST_F(DropTest, AFileAndAFolderInTheirOrder) {
 }
 
 TEST_F(DropTest, TheListIsDrawnAfterTheLastFile) {
-  static std::string drawing;
-  drawing.clear();
   ASSERT_TRUE(OpenLines({}));
-  const HWND list = Control(IDC_FORM2_LIST1);
-  const SUBCLASSPROC watch = [](HWND control, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
-                                DWORD_PTR) -> LRESULT {
+  std::string drawing;
+  const MessageWatch watch(Control(IDC_FORM2_LIST1), [&](UINT message, WPARAM wide) {
     drawing += message == LB_INSERTSTRING ? "+" : message != WM_SETREDRAW ? "" : wide ? ">" : "<";
-    return DefSubclassProc(control, message, wide, data);
-  };
-  SetWindowSubclass(list, watch, 0, 0);
+  });
   DragFiles({PathOf("a.txt"), PathOf("b.txt"), PathOf("c.txt")});
   EXPECT_EQ(drawing, "<+++>");
-  RemoveWindowSubclass(list, watch, 0);
 }
 
 TEST_F(DropTest, GivesBackTheMemoryThatTheSourceGave) {

@@ -5,6 +5,7 @@
 
 #include "tests/windows/form2_test_base.h"
 #include "tests/windows/icon_files.h"
+#include "tests/windows/message_watch.h"
 #include "win32/shell_file.h"
 
 using namespace testing_menus;
@@ -94,19 +95,13 @@ TEST_F(PreviewTest, IsDrawnAnewOnTheColoursThatTheUserChooses) {
 // A themed tab control asks its parent for the background of the page. Its parent takes
 // the colour from what the tab control paints.
 TEST_F(PreviewTest, TheTabControlPaintsOnceForTheColourOfItsPage) {
-  static int painted;
-  painted = 0;
-  const SUBCLASSPROC count = [](HWND control, UINT message, WPARAM wide, LPARAM data, UINT_PTR,
-                                DWORD_PTR) -> LRESULT {
-    painted += message == WM_PRINTCLIENT ? 1 : 0;
-    return DefSubclassProc(control, message, wide, data);
-  };
   ASSERT_TRUE(Open(UserDefinedMenu({})));
-  const HWND tabs = Control(IDC_FORM2_SSTAB1);
-  SetWindowSubclass(tabs, count, 0, 0);
+  int painted = 0;
+  const MessageWatch watch(Control(IDC_FORM2_SSTAB1), [&](UINT message, WPARAM) {
+    painted += message == WM_PRINTCLIENT ? 1 : 0;
+  });
   SendMessageW(form().window(), WM_THEMECHANGED, 0, 0);
   EXPECT_EQ(painted, 1);
-  RemoveWindowSubclass(tabs, count, 0);
 }
 
 TEST_F(PreviewTest, AsksTheShellAboutAnEmptyPathForASeparator) {
