@@ -28,7 +28,7 @@ void Checksum::AddBlock(Sums& sums, const char* bytes) {
 }
 
 void Checksum::Add(std::string_view bytes) {
-  const std::size_t filled = size_ % rest_.size();
+  const std::size_t filled = Filled();
   size_ += bytes.size();
   if (filled > 0) {
     const std::size_t taken = bytes.copy(rest_.data() + filled, rest_.size() - filled);
@@ -49,7 +49,7 @@ void Checksum::Add(std::string_view bytes) {
 std::uint64_t Checksum::value() const {
   Sums sums = sums_;
   Block last{};
-  std::copy_n(rest_.begin(), size_ % rest_.size(), last.begin());
+  std::copy_n(rest_.begin(), Filled(), last.begin());
   AddBlock(sums, last.data());
   std::uint64_t sum = size_;
   for (const std::uint64_t part : sums) {

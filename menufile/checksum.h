@@ -24,9 +24,10 @@ class Checksum {
   using Block = std::array<char, sizeof(Sums)>;
 
   static void AddBlock(Sums& sums, const char* bytes);
+  std::size_t Filled() const { return static_cast<std::size_t>(size_ % sizeof(Block)); }
 
   Sums sums_{0x9E3779B97F4A7C15, 0xBF58476D1CE4E5B9, 0x94D049BB133111EB, 0x2545F4914F6CDD1D};
-  Block rest_{};            // the bytes that do not fill a block yet
+  Block rest_{};            // its first Filled() bytes do not fill a block yet
   std::uint64_t size_ = 0;  // the number of bytes added
 };
 
