@@ -20,9 +20,12 @@ using Step = TwoWindows::Step;
 using Window = TwoWindows::Window;
 
 constexpr int kSteps = 10;
-// One fault in so many is run, a different one in each scenario and with each
-// --gtest_random_seed (which needs --gtest_shuffle).
+// One fault in so many is run, a different one in each scenario.
 constexpr unsigned kOneOf = 23;
+
+// 0 unless the command line has --gtest_random_seed. With another seed other faults are
+// run. UnitTest::random_seed() would return the time if the seed is 0.
+unsigned Seed() { return static_cast<unsigned>(GTEST_FLAG_GET(random_seed)); }
 
 struct Totals {
   std::size_t cases = 0;
@@ -257,7 +260,7 @@ void InjectAll(const Scenario& scenario, unsigned& seed) {
 // Runs a scenario with old scratch files of every kind.
 void InjectAmongLeftovers(Scenario scenario) {
   const std::size_t lostBefore = totals.lost;
-  unsigned seed = static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed());
+  unsigned seed = Seed();
   for (const std::size_t blockSize : {1000u, 60u}) {
     for (const Leftover& leftover : Leftovers()) {
       for (const bool canBeRemoved : {true, false}) {
@@ -306,12 +309,6 @@ TEST(Adding, LosesNothing) {
   }
 }
 
-// The 1-based number of an operation of the last step.
-std::size_t NumberOf(const std::string& operation, const TwoWindows& user) {
-  const auto found = std::find(user.log().begin(), user.log().end(), operation);
-  return static_cast<std::size_t>(found - user.log().begin()) + 1;
-}
-
 constexpr std::size_t kMostOperations = 80;
 
 // A process ended before it flushed its journal. Another process finishes the change,
@@ -322,7 +319,7 @@ TEST(CutShort, IsFinishedFromAJournalThatIsOnTheDisk) {
   TwoWindows whole(disk, {});
   whole.Start(Window::kFirst, true, true, {});
   whole.Do(Window::kFirst, move, {});
-  const Fault beforeFlush{NumberOf("flush temporaryfile", whole), Fault::Kind::EndsProcess};
+  const Fault beforeFlush{whole.LastOf("flush", "temporaryfile"), Fault::Kind::EndsProcess};
   for (std::size_t number = 1; number < kMostOperations; ++number) {
     for (PowerCut cut = 0; cut < 20; ++cut) {
       TwoWindows user(disk, {});
@@ -348,8 +345,8 @@ TEST(CutShort, AsksForNoChangeBeforeTheFinishedOne) {
   TwoWindows whole(disk, folder);
   begin(whole);
   whole.Do(Window::kFirst, add, {});
-  const Fault afterFlush{NumberOf("flush zoltempfileoktodelete-1", whole), Fault::Kind::EndsProcess,
-                         Fault::Done::All};
+  const Fault afterFlush{whole.LastOf("write", "zoltempfileoktodelete-1") + 1,
+                         Fault::Kind::EndsProcess, Fault::Done::All};
   for (std::size_t number = 1; number < kMostOperations; ++number) {
     for (const Fault::Done done : {Fault::Done::Nothing, Fault::Done::All}) {
       TwoWindows user(disk, folder);
@@ -386,9 +383,10 @@ class PrintTotals final : public testing::Environment {
  public:
   void TearDown() override {
     if (totals.cases > 0) {
-      std::cout << "faults: " << totals.cases << " cases were run, " << totals.lost
-                << " lost data; in " << totals.steps
-                << " steps after them a start offered to finish " << totals.offered << " changes\n";
+      std::cout << "Counted: " << totals.cases << " faults, seed " << Seed() << '\n'
+                << "Counted: " << totals.lost << " faults that lost data\n"
+                << "Counted: " << totals.steps << " steps after faults\n"
+                << "Counted: " << totals.offered << " changes that a start offered to finish\n";
       for (const auto& [kind, complaint] : totals.complaints) {
         std::cout << complaint << '\n';
       }

@@ -51,6 +51,9 @@ class TwoWindows {
 
   // The file operations of the last step, each with its file.
   const std::vector<std::string>& log() const { return files_->log(); }
+  std::size_t LastOf(std::string_view operation, std::string_view path) const {
+    return files_->LastOf(operation, path);
+  }
   // True if the process ended at the last step.
   bool ended() const { return ended_; }
   // The first fault that was found; empty if there is none.
