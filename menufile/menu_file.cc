@@ -141,7 +141,7 @@ Journal MenuFile::NewJournal(File& menu) const {
   Journal journal;
   journal.menu = menu.FullName();
   // Even if the clock was set back, this change must be the later one.
-  journal.serial = std::max(files_.Now(), std::max(asked_, declined_) + 1);
+  journal.serial = std::max(files_.Now(), std::max(asked_.serial, declined_.serial) + 1);
   return journal;
 }
 
@@ -191,7 +191,7 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
     DropJournal(scratch, journal);
     // The caller reports a failure, so nobody must finish this change, even if the
     // journal could not be dropped.
-    declined_ = std::max(declined_, journal.serial);
+    MustNotFinish(journal.serial, oldSize);
     throw;
   }
   unfinished_ = journal.serial;
@@ -201,7 +201,7 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
     if (menu.Size() == oldSize) {  // nothing was cut
       unfinished_.reset();
       DropJournal(scratch, journal);
-      declined_ = std::max(declined_, journal.serial);
+      MustNotFinish(journal.serial, oldSize);
     }
     throw;
   }
@@ -242,6 +242,9 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
   const std::string place = PlaceForJournal(name);
   std::unique_ptr<File> scratch = OpenJournal(place, journal);
   const bool hasJournal = scratch != nullptr;
+  if (!hasJournal) {
+    MustNotFinish(journal.serial, oldSize);  // in case there is one on the disk all the same
+  }
   const auto closeJournal = [&](bool isMade) {
     if (!hasJournal) {
       return;
@@ -262,7 +265,7 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
   } catch (const std::exception&) {
     if (TakeBackLines(menu, oldSize)) {
       closeJournal(false);
-      declined_ = std::max(declined_, journal.serial);
+      MustNotFinish(journal.serial, oldSize);
     } else if (hasJournal) {
       unfinished_ = journal.serial;
     } else {
@@ -295,7 +298,6 @@ std::unique_ptr<File> MenuFile::OpenJournal(const std::string& name, const Journ
     WriteJournal(*scratch, name, journal, Checksum(), files_.BlockSize());
     return scratch;
   } catch (const Failure&) {
-    declined_ = std::max(declined_, journal.serial);
   }
   if (scratch != nullptr) {
     DropJournal(*scratch, journal);

@@ -58,7 +58,7 @@ class MenuFile {
   // unless another window has done so meanwhile, or the menu file has been replaced by
   // another complete menu. Throws Failure if that fails.
   void AnswerYes();
-  void AnswerNo() { declined_ = asked_; }
+  void AnswerNo() { declined_ = {asked_.serial, asked_.size}; }
 
   // Called before each change. Returns true if it finished an earlier change: the
   // window then has to load the menu again. Throws Failure if that fails.
@@ -118,6 +118,18 @@ class MenuFile {
     std::uint64_t startSum;  // the SumBefore() of start
     std::string lines;
   };
+  // The change that WasCutShort() found, and the menu file at that time.
+  struct Asked {
+    std::uint64_t serial = 0;
+    std::uint64_t size = 0;
+    std::uint64_t sum = 0;  // the checksum of all its bytes
+  };
+  // This change and all before it must not be finished: the user said No, or it has been
+  // finished, or it failed and that was reported.
+  struct Declined {
+    std::uint64_t serial = 0;
+    std::uint64_t menuSize = 0;  // of the menu file at that time
+  };
 
   // menufile/restore.cc
   std::string MenuName();
@@ -139,6 +151,8 @@ class MenuFile {
   void PutAside(const std::string& scratchFile, const char* infix);
   // Returns true if the lines turned out to be complete.
   bool TakeBackHalfLine();
+  void MustNotFinish(std::uint64_t serial, std::uint64_t menuSize);
+  bool IsDeclined(std::uint64_t serial, MenuState state);
 
   // menufile/menu_file.cc
   std::unique_ptr<File> OpenScratchFile(const ScratchUse& use);
@@ -153,9 +167,8 @@ class MenuFile {
 
   FileSystem& files_;
   std::string path_;
-  std::uint64_t asked_ = 0;     // the serial of the change that WasCutShort() found
-  std::uint64_t askedSum_ = 0;  // the checksum of the menu file at that time
-  std::uint64_t declined_ = 0;  // the serial of the last change that must not be finished
+  Asked asked_;
+  Declined declined_;
   std::optional<std::uint64_t> unfinished_;  // the serial of this object's interrupted change
   std::optional<HalfLine> halfLine_;
   std::optional<Left> left_;

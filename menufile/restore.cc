@@ -130,8 +130,9 @@ bool MenuFile::WasCutShort() {
     try {
       const MenuState state = StateBy(found);
       if (CanBeFinished(state)) {
-        asked_ = found.journal.serial;
-        askedSum_ = SumOfMenu();
+        const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Read);
+        const std::uint64_t size = menu->Size();
+        asked_ = {found.journal.serial, size, SumOfFirst(*menu, size, files_.BlockSize())};
         return true;
       }
       if (state == MenuState::Finished) {
@@ -158,7 +159,7 @@ void MenuFile::AnswerYes() {
     if (state == MenuState::Finished) {
       Retire(found);
     }
-    if (IsReplaced(state) && SumOfMenu() != askedSum_) {
+    if (IsReplaced(state) && SumOfMenu() != asked_.sum) {
       PutAside(found.scratchFile, kOvertaken);  // the user answered about the menu before it
       return;
     }
@@ -187,6 +188,18 @@ bool MenuFile::FinishEarlier() {
   return isFinished;
 }
 
+void MenuFile::MustNotFinish(std::uint64_t serial, std::uint64_t menuSize) {
+  declined_ = {std::max(declined_.serial, serial), menuSize};
+}
+
+// If the menu file has been cut short since, another window has begun to finish the
+// change. Its journal may then be all that is left of the menu.
+bool MenuFile::IsDeclined(std::uint64_t serial, MenuState state) {
+  return serial <= declined_.serial &&
+         (state != MenuState::CutShort ||
+          files_.Open(path_, OpenMode::Read)->Size() == declined_.menuSize);
+}
+
 // Finishes the change of a journal of this menu, or puts the journal aside. Returns
 // true if the change is finished now.
 bool MenuFile::Settle(const Found& found) {
@@ -194,14 +207,14 @@ bool MenuFile::Settle(const Found& found) {
   const MenuState state = StateBy(found);
   if (state == MenuState::Finished) {
     Retire(found);
-    declined_ = std::max(declined_, serial);  // with it, all earlier ones are overtaken
+    MustNotFinish(serial, found.journal.FinishedSize());
     const bool isOwn = unfinished_ == serial;
     if (isOwn) {
       unfinished_.reset();
     }
     return isOwn;
   }
-  if (serial <= declined_ || state == MenuState::Replaced) {
+  if (IsDeclined(serial, state) || state == MenuState::Replaced) {
     PutAside(found.scratchFile, kDeclined);
     return false;
   }
@@ -250,11 +263,11 @@ bool MenuFile::Finish(const Found& found) {
     scratch->Flush();
     WriteMenu(*menu, *scratch, path_, found.journal, files_.BlockSize());
     DropJournal(*scratch, found.journal);
+    MustNotFinish(found.journal.serial, found.journal.FinishedSize());
   }
   if (unfinished_ == found.journal.serial) {
     unfinished_.reset();
   }
-  declined_ = std::max(declined_, found.journal.serial);  // all earlier ones are overtaken
   left_.reset();
   RemoveScratchFile(files_, found.scratchFile);
   RetireCopies(found.journal.serial);

@@ -360,6 +360,29 @@ TEST(CutShort, AsksForNoChangeBeforeTheFinishedOne) {
   }
 }
 
+// A change fails, and its journal cannot be dropped. In another window the user has it
+// finished, and that ends early. The first window must not go on with what is left.
+TEST(CutShort, IsFinishedEvenAfterItWasReportedAsFailed) {
+  const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
+  const auto begin = [](TwoWindows& user, const Step& step, const Fault& fault) {
+    user.Start(Window::kFirst, true, true, {});
+    user.Do(Window::kFirst, step, fault);
+  };
+  for (const Step& failing : {ChangeStep(Kind::MoveUp, 1), AddStep(true, 7)}) {
+    TwoWindows whole(disk, {});
+    begin(whole, failing, {});
+    const std::size_t flush =
+        whole.LastOf("flush", failing.appends ? "zoltempfileoktodelete" : "temporaryfile");
+    for (std::size_t number = 1; number < kMostOperations; ++number) {
+      TwoWindows user(disk, {});
+      begin(user, failing, {flush, Fault::Kind::FailsForGood, Fault::Done::All});
+      user.Start(Window::kSecond, true, true, {number, Fault::Kind::EndsProcess, Fault::Done::All});
+      user.Do(Window::kFirst, ChangeStep(Kind::Delete, 2), {});
+      ASSERT_EQ("", user.complaint());
+    }
+  }
+}
+
 // A power cut must not undo a change that was reported as made.
 TEST(AnyChange, ThatIsMadeIsOnTheDiskAndLosesNothing) {
   const auto expectOnDisk = [](const MemoryFiles& files) {

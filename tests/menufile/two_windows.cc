@@ -152,6 +152,7 @@ void TwoWindows::Start(Window window, bool yes, bool converts, const Fault& faul
       MayBeMade(window, *toConvert, outcomes, fault);
     }
   }
+  menu.lookFailed = false;
   Judge();
 }
 
@@ -317,9 +318,6 @@ void TwoWindows::MayBeMade(Window window, const std::string& before,
   menu.wasCut = true;
   if (menu.right.count(before)) {
     menu.right.insert(outcomes.begin(), outcomes.end());
-  }
-  if (menu.declined) {  // another window began to finish it
-    menu.right.insert(Bytes(menu));
   }
   AllowHalfLine(menu);
 }
