@@ -87,17 +87,15 @@ void TimeChanges(benchmark::State& state, Turn turn,
   }
 }
 
-template <UserChange::Kind kKind, Turn kTurn>
-void Change(benchmark::State& state) {
-  UserChange change = menufile::SampleChange(kKind, static_cast<std::size_t>(state.range(0)) / 2);
+void TimeChange(benchmark::State& state, Turn turn, UserChange::Kind kind) {
+  UserChange change = menufile::SampleChange(kind, static_cast<std::size_t>(state.range(0)) / 2);
   change.appearance.picture = DefaultPicture();
-  TimeChanges(state, kTurn, [&](menufile::MenuFile& menu) { return Make(menu, change); });
+  TimeChanges(state, turn, [&](menufile::MenuFile& menu) { return Make(menu, change); });
 }
 
-template <Turn kTurn>
-void Add(benchmark::State& state) {
+void TimeAdding(benchmark::State& state, Turn turn) {
   const std::vector<menufile::EntryTexts> entries = {SampleChange(UserChange::Kind::Edit).texts};
-  TimeChanges(state, kTurn,
+  TimeChanges(state, turn,
               [&](menufile::MenuFile& menu) { return AddEntries(menu, entries, true); });
 }
 
@@ -212,22 +210,22 @@ void MoveUpKeyFile(benchmark::State& state) {
   }
 }
 
+// "MoveUp" is a later change, "FirstMoveUp" a first one, and so on.
+[[maybe_unused]] const bool changesAreRegistered = [] {
+  using Kind = UserChange::Kind;
+  for (const Turn turn : {Turn::Later, Turn::First}) {
+    const std::string prefix = turn == Turn::First ? "First" : "";
+    for (const Kind kind : {Kind::MoveUp, Kind::Delete, Kind::Edit, Kind::SaveAppearance}) {
+      benchmark::RegisterBenchmark((prefix + NameOf(kind)).c_str(), TimeChange, turn, kind)
+          ->Apply(EverySize);
+    }
+    benchmark::RegisterBenchmark((prefix + "Add").c_str(), TimeAdding, turn)->Apply(EverySize);
+  }
+  return true;
+}();
+
 BENCHMARK(LoadFromDisk)->Apply(EverySize);
 BENCHMARK(FindLineEndsOnDisk)->Apply(EverySize);
-BENCHMARK(Change<UserChange::Kind::MoveUp, Turn::Later>)->Name("MoveUp")->Apply(EverySize);
-BENCHMARK(Change<UserChange::Kind::Delete, Turn::Later>)->Name("Delete")->Apply(EverySize);
-BENCHMARK(Change<UserChange::Kind::Edit, Turn::Later>)->Name("Edit")->Apply(EverySize);
-BENCHMARK(Change<UserChange::Kind::SaveAppearance, Turn::Later>)
-    ->Name("SaveAppearance")
-    ->Apply(EverySize);
-BENCHMARK(Add<Turn::Later>)->Name("Add")->Apply(EverySize);
-BENCHMARK(Change<UserChange::Kind::MoveUp, Turn::First>)->Name("FirstMoveUp")->Apply(EverySize);
-BENCHMARK(Change<UserChange::Kind::Delete, Turn::First>)->Name("FirstDelete")->Apply(EverySize);
-BENCHMARK(Change<UserChange::Kind::Edit, Turn::First>)->Name("FirstEdit")->Apply(EverySize);
-BENCHMARK(Change<UserChange::Kind::SaveAppearance, Turn::First>)
-    ->Name("FirstSaveAppearance")
-    ->Apply(EverySize);
-BENCHMARK(Add<Turn::First>)->Name("FirstAdd")->Apply(EverySize);
 BENCHMARK(TwoCopies)->Apply(EverySize);
 BENCHMARK(MoveUpKeyFile)->Apply(EverySize);
 
