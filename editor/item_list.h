@@ -88,8 +88,8 @@ class ItemList {
   // To be called after the font of the list box has changed.
   void FitToFont();
 
-  // Exists while the entries of a menu file are appended to the list. The list is drawn
-  // once, by the destructor.
+  // Exists while entries are appended to the list: those of a menu file, or new ones. The
+  // list is drawn once, by the destructor.
   class Filling {
    public:
     explicit Filling(ItemList& items) : items_(items) { items_.BeginFilling(); }

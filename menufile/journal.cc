@@ -81,7 +81,6 @@ struct Common {
 };
 
 // Compares all of `left` with the first `rightSize` bytes of `right`.
-
 Common CompareFrom(FileWindow left, FileWindow right, std::uint64_t rightSize) {
   std::string_view inLeft = left.bytes();
   std::string_view inRight = right.bytes();
