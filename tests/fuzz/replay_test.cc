@@ -1,4 +1,4 @@
-// Runs a fuzz target on each file of its corpus.
+// Runs a fuzz target on each file of its corpus, which is the current directory.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace {
 
 std::vector<std::filesystem::path> Corpus() {
   std::vector<std::filesystem::path> files;
-  for (const auto& entry : std::filesystem::directory_iterator(CORVALIS_CORPUS)) {
+  for (const auto& entry : std::filesystem::directory_iterator(".")) {
     files.push_back(entry.path());
   }
   std::sort(files.begin(), files.end());

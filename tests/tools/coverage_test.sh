@@ -12,8 +12,9 @@ long="LiteralRewrite.*:*EveryRewrite.*:Conversion.*:Adding.*"
 
 # Remove the counters of earlier runs: new ones would be added to them.
 find "$tree" -name '*.gcda' -delete
-for program in "$tree"/tests/menufile/menufile_tests "$tree"/tests/fuzz/replay_*; do
-  [ ! -f "$program" ] || "$program" --gtest_brief=1 --gtest_filter="-$long"
+"$tree/tests/menufile/menufile_tests" --gtest_brief=1 --gtest_filter="-$long"
+for corpus in "$root"/tests/fuzz/corpus/*; do
+  (cd "$corpus" && "$tree/tests/fuzz/replay_${corpus##*/}" --gtest_brief=1)
 done
 gcovr --root "$root" --filter "$root/menufile/" --txt --print-summary --fail-under-line 95 "$tree" |
   sed 's/^lines: /Counted: lines of menufile\/ that tests reach: /'
