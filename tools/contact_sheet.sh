@@ -16,11 +16,8 @@ case $scheme in
   contrast) sheet=$build_dir/screenshots/sheet_contrast.png ;;
   *) fail "no such scheme: $scheme" ;;
 esac
-if [ "${CORVALIS_WINE_SESSION:-}" != sheet ]; then
-  export CORVALIS_SCREEN=1920x1200
-  exec "$project_root/tools/wine_session.sh" sheet "$0" "$scheme"
-fi
-use_wine_prefix sheet
+export CORVALIS_SCREEN=1920x1200
+own_session sheet "$0" "$scheme"
 
 scales='96 144 192'
 for dpi in $scales; do

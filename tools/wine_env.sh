@@ -53,6 +53,13 @@ within_session() {
   use_wine_prefix "$CORVALIS_WINE_SESSION"
 }
 
+# own_session NAME "$0" "$@": starts the script again in a session of that name, unless
+# it runs in that one already. Then uses its prefix.
+own_session() {
+  [ "${CORVALIS_WINE_SESSION:-}" = "$1" ] || exec "$project_root/tools/wine_session.sh" "$@"
+  use_wine_prefix "$1"
+}
+
 # Makes the prefix of use_wine_prefix if it does not exist; this takes ten seconds.
 prepare_wine_prefix() {
   local ready=$WINEPREFIX/corvalis_ready

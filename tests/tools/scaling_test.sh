@@ -5,10 +5,7 @@ set -eu
 . "$(dirname "${BASH_SOURCE[0]}")/../../tools/wine_env.sh"
 . "$project_root/tools/wine_look.sh"
 
-if [ "${CORVALIS_WINE_SESSION:-}" != scaling ]; then
-  exec "$project_root/tools/wine_session.sh" scaling "$0"
-fi
-use_wine_prefix scaling
+own_session scaling "$0"
 
 for scheme in plain contrast; do
   for dpi in 96 144 192; do
