@@ -15,7 +15,7 @@ struct DrawnRow {
   DrawnRow(win32::FolderList& folders, HWND list, int row, UINT state) {
     const win32::WindowDc screen(nullptr);
     const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen.get()));
-    const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), 400, 24));
+    const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), 450, 54));
     const win32::SelectedObject selected(dc.get(), bitmap.get());
     DRAWITEMSTRUCT item{};
     item.CtlType = ODT_LISTBOX;
@@ -23,14 +23,18 @@ struct DrawnRow {
     item.itemState = state;
     item.hwndItem = list;
     item.hDC = dc.get();
-    item.rcItem = {0, 0, 400, 24};
+    item.rcItem = {50, 30, 450, 54};  // not at 0, like most rows
     folders.Draw(item);
-    background = GetPixel(dc.get(), 399, 23);
+    background = GetPixel(dc.get(), 449, 53);
     for (int x = 0; x < 400; ++x) {
       for (int y = 0; y < 24; ++y) {
-        pixels.push_back(GetPixel(dc.get(), x, y));
-        if (firstInk < 0 && pixels.back() != background) {
-          firstInk = x;
+        pixels.push_back(GetPixel(dc.get(), 50 + x, 30 + y));
+        if (pixels.back() != background) {
+          firstInk = firstInk < 0 ? x : firstInk;
+          if (x < firstInk + win32::SystemMetric(SM_CXSMICON, 96)) {
+            top = std::min(top, y);
+            bottom = std::max(bottom, y);
+          }
         }
       }
     }
@@ -44,6 +48,7 @@ struct DrawnRow {
   COLORREF background = CLR_INVALID;
   std::vector<COLORREF> pixels;  // column by column
   int firstInk = -1;             // the first column that is not all background
+  int top = 24, bottom = -1;     // the first and last row of the icon's ink
 };
 
 TEST_F(FolderListDrawingTest, DrawsEachFolderAStepFurtherIn) {
@@ -57,6 +62,7 @@ TEST_F(FolderListDrawingTest, DrawsEachFolderAStepFurtherIn) {
     EXPECT_EQ(drawn.background, GetSysColor(COLOR_WINDOW));
     EXPECT_TRUE(drawn.HasText(COLOR_WINDOWTEXT)) << row;
     EXPECT_GT(drawn.firstInk, former) << row;
+    EXPECT_NEAR(drawn.top + drawn.bottom, 23, 4) << row;
     former = drawn.firstInk;
   }
   EXPECT_EQ(DrawnRow(folders, list_, current + 2, 0).firstInk, former);
