@@ -335,9 +335,12 @@ TEST_F(LayoutTest, TextsStandOutFromTheirBackground) {
   });
 }
 
-// Windows sends the message to the window alone, which has to pass it to its controls.
+// Windows sends the message to the window alone, which has to pass it to its controls and to
+// be drawn anew.
 TEST_F(LayoutTest, NewColoursReachEveryControl) {
   VisitAll([](const std::string& page, HWND window) {
+    ShowWindow(window, SW_SHOWNA);
+    RunMessages();
     int told = 0;
     const std::vector<HWND> controls = Shown(window);
     std::list<MessageWatch> watches;
@@ -347,5 +350,6 @@ TEST_F(LayoutTest, NewColoursReachEveryControl) {
     }
     SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
     EXPECT_EQ(told, static_cast<int>(controls.size())) << page;
+    EXPECT_TRUE(GetUpdateRect(window, nullptr, FALSE)) << page;
   });
 }
