@@ -344,6 +344,7 @@ TEST_F(CodePageTest, TheDirectoryPageKeepsAndRefusesBytes) {
   EXPECT_TRUE(answers.Shown().empty());
   EXPECT_EQ(MenuBytes(), DirectoryMenu(saved));
 
+  ShowWindow(form().window(), SW_SHOWNA);
   SetWide(Control(IDC_FORM2_TEXT7), L"K:\\x" + page.other);
   Press(IDC_FORM2_COMMAND15);
   ExpectError(L"The path K:\\x" + page.other +

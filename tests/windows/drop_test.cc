@@ -243,6 +243,7 @@ TEST_F(DropTest, OneMessageNamesSeveralFiles) {
     names += number < 12 ? L"\n" + paths.back() : L"";
   }
   ASSERT_TRUE(OpenLines({kA}));
+  ShowWindow(form().window(), SW_SHOWNA);
   Drag(DragData::Files(paths));
   ASSERT_EQ(answers.Shown().size(), 1U);
   EXPECT_EQ(answers.Shown()[0].wideText,
@@ -257,6 +258,7 @@ TEST_F(DropTest, AMenuThatCannotBeWrittenIsNamedAndTheProgramGoesOn) {
   files = &faulty;
   ASSERT_TRUE(OpenLines({kA}));
   faulty.unwritable = {"test.menu"};
+  ShowWindow(form().window(), SW_SHOWNA);
   DragFiles({"C:\\windows\\notepad.exe", "C:\\windows\\regedit.exe"});
   ExpectBoxes(1, "Error!", "Cannot write the file:\n" + MenuPath() + "\n\nAccess is denied.");
   EXPECT_FALSE(TakeQuit());
