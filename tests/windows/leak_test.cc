@@ -7,6 +7,7 @@
 #include "tests/windows/handle_count.h"
 #include "tests/windows/icon_test_base.h"
 #include "tests/windows/replaced_import.h"
+#include "wizard/target.h"
 
 using namespace testing_menus;
 
@@ -131,6 +132,8 @@ TEST_F(LeakTest, EachSearchInAFolderIsClosed) {
   close = last.Former<decltype(FindClose)>();
   ASSERT_TRUE(Open(DirectoryMenu("\"C:\\\",\"*.*\",1,0,0\r\n")));
   Type(IDC_FORM2_TEXT7, folder());
-  EXPECT_GT(begun, 1);
+  EXPECT_EQ(windowsFiles.FilesThatBeginWith("test").size(), 1U);
+  EXPECT_TRUE(wizard::IsAcceptedTarget(L"test.menu"));
+  EXPECT_GT(begun, 3);
   EXPECT_EQ(closed, begun);
 }
