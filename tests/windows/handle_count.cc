@@ -30,6 +30,7 @@ int CountUserTable() {
       DeleteObject(icon.hbmColor);
       ++count;
     }
+    count += IsMenu(reinterpret_cast<HMENU>(row)) ? 1 : 0;
     DWORD process = 0;
     if (GetWindowThreadProcessId(reinterpret_cast<HWND>(row), &process) != 0) {
       count += process == GetCurrentProcessId() ? 1 : 0;

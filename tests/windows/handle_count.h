@@ -7,7 +7,7 @@
 // The number of handles that this process has.
 struct HandleCount {
   int gdi;     // fonts, bitmaps, device contexts and the like
-  int user;    // icons and windows
+  int user;    // icons, menus and windows
   int kernel;  // files, searches in folders and the like
 
   static HandleCount Now();

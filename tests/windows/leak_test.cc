@@ -55,11 +55,16 @@ TEST_F(LeakTest, TheList) {
     SelectRow(0);
     Press(IDC_FORM2_COMMAND7);
   });
+  ExpectNoHandlesLeft("menu", [&] {
+    PostMessageW(form().window(), WM_CANCELMODE, 0, 0);
+    SendMessageW(Control(IDC_FORM2_LIST1), WM_CONTEXTMENU, 0, -1);
+  });
   ExpectNoHandlesLeft("wizard", [&] {
-    Press(IDC_FORM2_COMMAND2);
+    SelectRow(12);
+    Press(IDC_FORM2_COMMAND3);
     HWND wizard = FindWindowW(L"Form3", nullptr);
     ASSERT_NE(wizard, nullptr);
-    SendMessageW(wizard, WM_CLOSE, 0, 0);
+    SendMessageW(wizard, WM_COMMAND, IDC_FORM3_COMMAND5, 0);
     RunMessages();
   });
 }
