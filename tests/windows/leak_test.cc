@@ -93,6 +93,11 @@ TEST_F(LeakTest, TheAppearancePage) {
     });
     Press(IDC_FORM2_COMMAND6);
   });
+  RECT place{0, 0, 800, 600};
+  ExpectNoHandlesLeft("DPI", [&] {
+    SendMessageW(form().window(), WM_DPICHANGED, MAKEWPARAM(120, 120),
+                 reinterpret_cast<LPARAM>(&place));
+  });
   ExpectNoHandlesLeft("colours", [&] { SendMessageW(form().window(), WM_SYSCOLORCHANGE, 0, 0); });
 }
 
