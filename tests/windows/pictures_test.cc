@@ -1,3 +1,6 @@
+#include <windows.h>
+
+#include <shellapi.h>
 
 #include <cstdlib>
 
@@ -63,7 +66,12 @@ TEST_F(PicturesTest, EachPageHasItsPicture) {
   ExpectPicture(IDC_FORM2_IMAGE1, "default_menu.ico");
 }
 
+// The shell shows a program with its first icon.
 TEST_F(PicturesTest, EachWindowHasTheProgramsIcon) {
+  char program[MAX_PATH] = "";  // has the resources of the finished program
+  GetModuleFileNameA(nullptr, program, MAX_PATH);
+  const win32::UniqueIcon first(ExtractIconA(nullptr, program, 0));
+  ExpectShows(first.get(), "application.ico");
   ASSERT_TRUE(Open(UserDefinedMenu({ItemLine("Entry", "C:\\windows\\notepad.exe")})));
   ExpectWindowIcon(form().window(), "application.ico");
   const auto child = [this](const char* name, int button) {
