@@ -48,10 +48,19 @@ bool TakeBackLines(File& menu, std::uint64_t oldSize) {
   }
 }
 
+// Writes a journal without a description again, if it can.
+void KeepJournal(File& scratch, const Journal& journal, std::size_t blockSize) {
+  try {
+    WriteJournal(scratch, "", journal, Checksum(), blockSize);
+  } catch (const Failure&) {
+  }
+}
+
 }  // namespace
 
-void WriteMenu(File& menu, File& scratch, const std::string& path, const Journal& journal,
-               std::size_t blockSize) {
+std::uint64_t WriteMenu(File& menu, File& scratch, const std::string& path, const Journal& journal,
+                        std::size_t blockSize) {
+  Checksum sum;
   MakeRoom(menu, journal);
   menu.Seek(journal.keptSize);
   // Whole blocks until the last part: a write that ends inside a page of the system's
@@ -68,9 +77,11 @@ void WriteMenu(File& menu, File& scratch, const std::string& path, const Journal
       throw Failure(path, "write the file", "The scratch file ends too early");
     }
     menu.Write(bytes.substr(0, written));
+    sum.Add(bytes.substr(0, written));
     left -= written;
   }
   menu.Flush();
+  return sum.value();
 }
 
 bool DropJournal(File& scratch, const Journal& journal) {
@@ -104,7 +115,7 @@ void MenuFile::FreeScratchFile(const char* name, bool deletes) {
     holdsMenu = HasMarkerLine(*scratch, files_.BlockSize());
   }
   if (hasJournal) {
-    PutAside(name, "-");
+    PutAside({name, name}, "-");
   } else if (deletes || holdsMenu) {
     RemoveScratchFile(files_, name);
   }
@@ -181,17 +192,18 @@ void MenuFile::Replace(const ScratchUse& use, std::string_view head,
 void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal journal,
                          const Checksum& description) {
   const std::uint64_t oldSize = menu.Size();
+  const std::uint64_t oldSum = SumOf(menu);
   try {
     WriteJournal(scratch, name, journal, description, files_.BlockSize());
     if (journal.FinishedSize() > oldSize + files_.FreeBytes(path_)) {
       throw Failure(path_, "write the file", "There is not enough space on the disk");
     }
-    MakeDeletionsDurable(menu, name);
+    MakeDeletionsDurable(name, oldSum);
   } catch (const std::exception&) {
     DropJournal(scratch, journal);
     // The caller reports a failure, so nobody must finish this change, even if the
     // journal could not be dropped.
-    MustNotFinish(journal.serial, oldSize);
+    MustNotFinish(journal.serial, oldSum);
     throw;
   }
   unfinished_ = journal.serial;
@@ -201,13 +213,13 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
     if (menu.Size() == oldSize) {  // nothing was cut
       unfinished_.reset();
       DropJournal(scratch, journal);
-      MustNotFinish(journal.serial, oldSize);
+      MustNotFinish(journal.serial, oldSum);
     }
     throw;
   }
-  WriteMenu(menu, scratch, path_, journal, files_.BlockSize());
+  const std::uint64_t newSum = WriteMenu(menu, scratch, path_, journal, files_.BlockSize());
   unfinished_.reset();
-  left_ = Left{name, journal.head, journal.descriptionSize, description.value()};
+  left_ = Left{name, newSum};
   try {
     scratch.Truncate(journal.descriptionSize);
   } catch (const Failure&) {
@@ -238,34 +250,36 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
   journal.head.resize(static_cast<std::size_t>(oldSize - journal.keptSize));
   journal.head.resize(ReadToEnd(menu, journal.keptSize, journal.head));
   journal.head += lines;
-  const std::uint64_t oldSum = SumBefore(menu, oldSize);
+  const std::uint64_t oldSum = SumOf(menu);
   const std::string place = PlaceForJournal(name);
   std::unique_ptr<File> scratch = OpenJournal(place, journal);
   const bool hasJournal = scratch != nullptr;
   if (!hasJournal) {
-    MustNotFinish(journal.serial, oldSize);  // in case there is one on the disk all the same
+    MustNotFinish(journal.serial, oldSum);  // in case there is one on the disk all the same
   }
   const auto closeJournal = [&](bool isMade) {
     if (!hasJournal) {
       return;
     }
     const bool isDropped = DropJournal(*scratch, journal);
-    scratch.reset();
-    // A power cut may bring a deleted file back, with the journal that it had on the
-    // disk. One that is left says that the menu is as it should be.
-    if (isDropped || !isMade) {
-      RemoveScratchFile(files_, place);
+    if (!isDropped && isMade) {
+      // A power cut may bring back the journal that is on the disk. One that is in the file
+      // says that the menu is as it should be, and the next change drops it.
+      KeepJournal(*scratch, journal, files_.BlockSize());
+      return;
     }
+    scratch.reset();
+    RemoveScratchFile(files_, place);
   };
   try {
-    MakeDeletionsDurable(menu, hasJournal ? place : "");
+    MakeDeletionsDurable(hasJournal ? place : "", oldSum);
     menu.Seek(oldSize);
     menu.Write(lines);
     menu.Flush();
   } catch (const std::exception&) {
     if (TakeBackLines(menu, oldSize)) {
       closeJournal(false);
-      MustNotFinish(journal.serial, oldSize);
+      MustNotFinish(journal.serial, oldSum);
     } else if (hasJournal) {
       unfinished_ = journal.serial;
     } else {
@@ -311,9 +325,11 @@ std::unique_ptr<File> MenuFile::OpenJournal(const std::string& name, const Journ
 // that was deleted but never flushed, with the journal of a finished change. If this
 // change used the other scratch file, that journal would undo it. The flush of this
 // change's own scratch file settles that name. The other name needs a flush as well,
-// unless the change before was of this object and did it.
-void MenuFile::MakeDeletionsDurable(File& menu, const std::string& used) {
-  if (IsAsLeft(menu, used)) {
+// unless the menu file is still as the last change of this object left it, which did that.
+// If other windows have changed it since and changed it back, a start after a power cut
+// may ask about the last of those changes.
+void MenuFile::MakeDeletionsDurable(const std::string& used, std::uint64_t menuSum) {
+  if (left_ && left_->scratchFile == used && left_->menuSum == menuSum) {
     return;
   }
   for (const std::string name : kScratchFiles) {
@@ -330,20 +346,6 @@ void MenuFile::MakeDeletionsDurable(File& menu, const std::string& used) {
       // A folder that takes no file never had a journal.
     }
   }
-}
-
-bool MenuFile::IsAsLeft(File& menu, const std::string& scratchFile) const {
-  constexpr std::uint64_t kMostBytes = std::uint64_t{1}
-                                       << 20;  // reading more takes longer than a flush
-  if (!left_ || left_->scratchFile != scratchFile || left_->descriptionSize > kMostBytes ||
-      menu.Size() != left_->head.size() + left_->descriptionSize) {
-    return false;
-  }
-  std::string head(left_->head.size(), '\0');
-  ReadToEnd(menu, 0, head);
-  Checksum description;
-  AddTo(description, menu, head.size(), files_.BlockSize());
-  return head == left_->head && description.value() == left_->descriptionSum;
 }
 
 }  // namespace menufile

@@ -39,9 +39,10 @@ enum class ChangeResult {
 //   it belongs to another menu      put aside as "temporaryfile-1"; that menu's editor
 //                                   finds it there
 //   this menu is complete, but not  put aside as "temporaryfile-overtaken-1"; the next
-//   as the journal says             start asks the user, and nothing else finishes it
-//   the user declined it            put aside as "temporaryfile-declined-1"; no editor
-//                                   looks there
+//   as the journal says             start asks the user
+//   the user said No, or a later    put aside as "temporaryfile-declined-1"; no editor
+//   change was made, or this one    looks there
+//   failed and that was reported
 class MenuFile {
  public:
   // `files` is borrowed. `path` is in the system's ANSI code page.
@@ -58,7 +59,7 @@ class MenuFile {
   // unless another window has done so meanwhile, or the menu file has been replaced by
   // another complete menu. Throws Failure if that fails.
   void AnswerYes();
-  void AnswerNo() { declined_ = {asked_.serial, asked_.size}; }
+  void AnswerNo() { declined_ = asked_; }
 
   // Called before each change. Returns true if it finished an earlier change: the
   // window then has to load the menu again. Throws Failure if that fails.
@@ -99,60 +100,58 @@ class MenuFile {
   void FreeScratchFile(const char* name, bool deletes);
 
  private:
-  // A journal of this menu, and the path of the scratch file that it stands in.
+  // A file that may hold a journal.
+  struct Place {
+    std::string file;         // its path
+    std::string scratchFile;  // the path that it had before it was put aside
+  };
+  // A journal of this menu.
   struct Found {
-    std::string scratchFile;
+    Place place;
     Journal journal;
   };
-  // The menu file after the last change of this object.
+  // The last change of this object.
   struct Left {
-    std::string scratchFile;  // the scratch file of the change
-    // It begins with these bytes. The description follows.
-    std::string head;
-    std::uint64_t descriptionSize;
-    std::uint64_t descriptionSum;
+    std::string scratchFile;
+    std::uint64_t menuSum;  // the checksum of the menu file after it
   };
   // Lines that were written in part, without a journal, and could not be cut off.
   struct HalfLine {
     std::uint64_t start;     // the size of the menu file without them
-    std::uint64_t startSum;  // the SumBefore() of start
+    std::uint64_t startSum;  // its checksum without them
     std::string lines;
   };
-  // The change that WasCutShort() found, and the menu file at that time.
-  struct Asked {
+  // A change, and the menu file at some time.
+  struct Seen {
     std::uint64_t serial = 0;
-    std::uint64_t size = 0;
-    std::uint64_t sum = 0;  // the checksum of all its bytes
-  };
-  // This change and all before it must not be finished: the user said No, or it has been
-  // finished, or it failed and that was reported.
-  struct Declined {
-    std::uint64_t serial = 0;
-    std::uint64_t menuSize = 0;  // of the menu file at that time
+    std::uint64_t menuSum = 0;  // the checksum of the whole menu file
   };
 
   // menufile/restore.cc
   std::string MenuName();
   std::vector<std::string> PlacesToLook();
-  std::vector<std::string> FilesToLookAt(bool mayFail);
+  std::vector<Place> FilesToLookAt(bool mayFail);
   // All journals of this menu, the latest first. Journals with the same serial are
   // copies. If `mayFail` is true, files that cannot be read are skipped.
   std::vector<Found> FindJournals(bool mayFail);
   MenuState StateBy(const Found& found);
+  std::uint64_t SumOf(File& menu) const;
   std::uint64_t SumOfMenu();
   bool IsReplaced(MenuState state);
   bool Settle(const Found& found);
   bool Finish(const Found& found);
+  bool FinishAsked(Found found);
+  static bool IsOvertaken(const Found& found);
   void Retire(const Found& found);
   std::unique_ptr<File> OpenIfStillThere(const std::string& scratchFile);
   std::unique_ptr<File> OpenWithItsJournal(const Found& found);
   void RetireCopies(std::uint64_t serial);
   std::string FreeName(const std::string& prefix);
-  void PutAside(const std::string& scratchFile, const char* infix);
+  // Returns the new path; an empty one if the journal is gone.
+  std::string PutAside(const Place& place, const char* infix);
   // Returns true if the lines turned out to be complete.
   bool TakeBackHalfLine();
-  void MustNotFinish(std::uint64_t serial, std::uint64_t menuSize);
-  bool IsDeclined(std::uint64_t serial, MenuState state);
+  void MustNotFinish(std::uint64_t serial, std::uint64_t menuSum);
 
   // menufile/menu_file.cc
   std::unique_ptr<File> OpenScratchFile(const ScratchUse& use);
@@ -162,22 +161,24 @@ class MenuFile {
   Journal NewJournal(File& menu) const;
   std::string PlaceForJournal(const std::string& name);
   std::unique_ptr<File> OpenJournal(const std::string& name, const Journal& journal);
-  void MakeDeletionsDurable(File& menu, const std::string& used);
-  bool IsAsLeft(File& menu, const std::string& scratchFile) const;
+  void MakeDeletionsDurable(const std::string& used, std::uint64_t menuSum);
 
   FileSystem& files_;
   std::string path_;
-  Asked asked_;
-  Declined declined_;
+  Seen asked_;  // what WasCutShort() found
+  // Do not finish this change, or one before it, while the menu file has this checksum: the
+  // user said No, or it has been finished, or it failed and that was reported. If the menu
+  // file has changed since, another window may have begun to finish it.
+  Seen declined_;
   std::optional<std::uint64_t> unfinished_;  // the serial of this object's interrupted change
   std::optional<HalfLine> halfLine_;
   std::optional<Left> left_;
 };
 
-// Writes the menu file as the journal says and flushes it. Throws Failure. `path` is
-// what a Failure calls the menu file.
-void WriteMenu(File& menu, File& scratch, const std::string& path, const Journal& journal,
-               std::size_t blockSize);
+// Writes the menu file as the journal says and flushes it. Returns the checksum of what it
+// wrote. Throws Failure. `path` is what a Failure calls the menu file.
+std::uint64_t WriteMenu(File& menu, File& scratch, const std::string& path, const Journal& journal,
+                        std::size_t blockSize);
 
 // Cuts the journal off the scratch file and flushes it. Returns false if that failed.
 bool DropJournal(File& scratch, const Journal& journal);

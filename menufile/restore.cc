@@ -16,9 +16,15 @@ namespace {
 constexpr const char* kOvertaken = "-overtaken-";
 constexpr const char* kDeclined = "-declined-";
 
-// True if the journal was put aside because its menu had changed since.
-bool IsOvertaken(const std::string& scratchFile) {
-  return scratchFile.find(kOvertaken) != std::string::npos;
+// A power cut may leave zeros in a file. No text of a menu has any.
+bool HasZeros(File& file, std::uint64_t offset, std::size_t blockSize) {
+  FileWindow window(file, blockSize, {}, offset);
+  while (window.Advance(window.bytes().size())) {
+    if (window.bytes().find('\0') != std::string_view::npos) {
+      return true;
+    }
+  }
+  return false;
 }
 
 // True if LoadMenuFile() would read the file to its end without asking the user.
@@ -26,7 +32,7 @@ bool IsLoadable(File& file, const std::string& path, std::size_t blockSize) {
   FileWindow window(file, blockSize);
   MenuReader reader(window, path);
   try {
-    if (!reader.SkipMarkerLine()) {
+    if (!reader.SkipMarkerLine() || HasZeros(file, reader.offset(), blockSize)) {
       return false;
     }
     const std::string type = reader.ReadTypeLine().Text();
@@ -64,13 +70,13 @@ std::vector<std::string> MenuFile::PlacesToLook() {
 }
 
 // All files that may hold a journal which somebody may want to finish.
-std::vector<std::string> MenuFile::FilesToLookAt(bool mayFail) {
-  std::vector<std::string> paths;
-  for (const std::string& prefix : PlacesToLook()) {
+std::vector<MenuFile::Place> MenuFile::FilesToLookAt(bool mayFail) {
+  std::vector<Place> places;
+  for (const std::string& scratchFile : PlacesToLook()) {
     try {
-      for (std::string& path : files_.FilesThatBeginWith(prefix)) {
-        if (path.find(kDeclined, prefix.size()) == std::string::npos) {
-          paths.push_back(std::move(path));
+      for (std::string& path : files_.FilesThatBeginWith(scratchFile)) {
+        if (path.find(kDeclined, scratchFile.size()) == std::string::npos) {
+          places.push_back({std::move(path), scratchFile});
         }
       }
     } catch (const Failure&) {
@@ -79,22 +85,22 @@ std::vector<std::string> MenuFile::FilesToLookAt(bool mayFail) {
       }
     }
   }
-  return paths;
+  return places;
 }
 
 std::vector<MenuFile::Found> MenuFile::FindJournals(bool mayFail) {
   std::vector<Found> found;
   // A file has two paths here if the menu stands in the current directory.
   std::set<std::string> names;
-  for (const std::string& path : FilesToLookAt(mayFail)) {
+  for (const Place& place : FilesToLookAt(mayFail)) {
     try {
-      const std::unique_ptr<File> file = files_.OpenIfThere(path);
+      const std::unique_ptr<File> file = files_.OpenIfThere(place.file);
       if (file == nullptr || !names.insert(file->FullName()).second) {
         continue;
       }
       std::optional<Journal> journal = ReadJournal(*file, files_.BlockSize());
       if (journal && journal->menu == MenuName()) {
-        found.push_back({path, std::move(*journal)});
+        found.push_back({place, std::move(*journal)});
       }
     } catch (const Failure&) {
       if (!mayFail) {
@@ -109,17 +115,19 @@ std::vector<MenuFile::Found> MenuFile::FindJournals(bool mayFail) {
 }
 
 MenuState MenuFile::StateBy(const Found& found) {
-  const std::unique_ptr<File> scratch = files_.Open(found.scratchFile, OpenMode::Read);
+  const std::unique_ptr<File> scratch = files_.Open(found.place.file, OpenMode::Read);
   const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Read);
   return CompareMenu(*menu, *scratch, found.journal, files_.BlockSize());
 }
 
-std::uint64_t MenuFile::SumOfMenu() {
-  const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Read);
-  return SumOfFirst(*menu, menu->Size(), files_.BlockSize());
+std::uint64_t MenuFile::SumOf(File& menu) const {
+  return SumOfFirst(menu, menu.Size(), files_.BlockSize());
 }
 
-// True if another program has replaced the menu by another complete one: keep that.
+std::uint64_t MenuFile::SumOfMenu() { return SumOf(*files_.Open(path_, OpenMode::Read)); }
+
+// True if the menu file can be read as a complete menu. Another program has probably
+// replaced it: keep that.
 bool MenuFile::IsReplaced(MenuState state) {
   return state == MenuState::Different &&
          IsLoadable(*files_.Open(path_, OpenMode::Read), path_, files_.BlockSize());
@@ -130,14 +138,12 @@ bool MenuFile::WasCutShort() {
     try {
       const MenuState state = StateBy(found);
       if (CanBeFinished(state)) {
-        const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Read);
-        const std::uint64_t size = menu->Size();
-        asked_ = {found.journal.serial, size, SumOfFirst(*menu, size, files_.BlockSize())};
+        asked_ = {found.journal.serial, SumOfMenu()};
         return true;
       }
       if (state == MenuState::Finished) {
         Retire(found);
-        return false;  // the menu is as the latest journal says; earlier ones do not matter
+        return false;  // the menu is as the latest journal says: do not ask for earlier ones
       }
     } catch (const Failure&) {
     }
@@ -148,23 +154,32 @@ bool MenuFile::WasCutShort() {
 void MenuFile::AnswerYes() {
   bool isFinished = false;
   for (const Found& found : FindJournals(false)) {
-    if (files_.OpenIfThere(found.scratchFile) == nullptr) {
+    if (files_.OpenIfThere(found.place.file) == nullptr) {
       continue;  // it was a copy, and was deleted with the other one
     }
     if (isFinished) {
-      PutAside(found.scratchFile, kDeclined);  // an earlier change, overtaken by now
+      PutAside(found.place, kDeclined);  // an earlier change, overtaken by now
       continue;
     }
     const MenuState state = StateBy(found);
     if (state == MenuState::Finished) {
       Retire(found);
     }
-    if (IsReplaced(state) && SumOfMenu() != asked_.sum) {
-      PutAside(found.scratchFile, kOvertaken);  // the user answered about the menu before it
+    if (IsReplaced(state) && SumOfMenu() != asked_.menuSum) {
+      PutAside(found.place, kOvertaken);  // the user answered about the menu before it
       return;
     }
-    isFinished = state == MenuState::Finished || (CanBeFinished(state) && Finish(found));
+    isFinished = state == MenuState::Finished || (CanBeFinished(state) && FinishAsked(found));
   }
+}
+
+// If the journal was put aside as overtaken, it gets an ordinary name first. Otherwise
+// other windows would not finish the change if this one cannot.
+bool MenuFile::FinishAsked(Found found) {
+  if (IsOvertaken(found)) {
+    found.place.file = PutAside(found.place, "-");
+  }
+  return !found.place.file.empty() && Finish(found);
 }
 
 bool MenuFile::FinishEarlier() {
@@ -172,7 +187,7 @@ bool MenuFile::FinishEarlier() {
   // A change made after an interrupted one would be lost when that one is finished. So
   // a scratch file that cannot be read stops the new change.
   for (const Found& found : FindJournals(false)) {
-    if (files_.OpenIfThere(found.scratchFile) != nullptr) {
+    if (files_.OpenIfThere(found.place.file) != nullptr) {
       isFinished = Settle(found) || isFinished;
     }
   }
@@ -188,16 +203,13 @@ bool MenuFile::FinishEarlier() {
   return isFinished;
 }
 
-void MenuFile::MustNotFinish(std::uint64_t serial, std::uint64_t menuSize) {
-  declined_ = {std::max(declined_.serial, serial), menuSize};
+void MenuFile::MustNotFinish(std::uint64_t serial, std::uint64_t menuSum) {
+  declined_ = {std::max(declined_.serial, serial), menuSum};
 }
 
-// If the menu file has been cut short since, another window has begun to finish the
-// change. Its journal may then be all that is left of the menu.
-bool MenuFile::IsDeclined(std::uint64_t serial, MenuState state) {
-  return serial <= declined_.serial &&
-         (state != MenuState::CutShort ||
-          files_.Open(path_, OpenMode::Read)->Size() == declined_.menuSize);
+// True if the journal was put aside because its menu had changed since.
+bool MenuFile::IsOvertaken(const Found& found) {
+  return found.place.file.find(kOvertaken, found.place.scratchFile.size()) != std::string::npos;
 }
 
 // Finishes the change of a journal of this menu, or puts the journal aside. Returns
@@ -207,22 +219,23 @@ bool MenuFile::Settle(const Found& found) {
   const MenuState state = StateBy(found);
   if (state == MenuState::Finished) {
     Retire(found);
-    MustNotFinish(serial, found.journal.FinishedSize());
+    MustNotFinish(serial, SumOfMenu());
     const bool isOwn = unfinished_ == serial;
     if (isOwn) {
       unfinished_.reset();
     }
     return isOwn;
   }
-  if (IsDeclined(serial, state) || state == MenuState::Replaced) {
-    PutAside(found.scratchFile, kDeclined);
+  const bool isDeclined = serial <= declined_.serial && SumOfMenu() == declined_.menuSum;
+  if (isDeclined || state == MenuState::Replaced) {
+    PutAside(found.place, kDeclined);
     return false;
   }
-  if (IsOvertaken(found.scratchFile)) {
+  if (IsOvertaken(found)) {
     return false;  // the next start asks the user
   }
   if (IsReplaced(state) && unfinished_ != serial) {
-    PutAside(found.scratchFile, kOvertaken);
+    PutAside(found.place, kOvertaken);
     return false;
   }
   return Finish(found);
@@ -244,7 +257,7 @@ std::unique_ptr<File> MenuFile::OpenIfStillThere(const std::string& scratchFile)
 // Returns nullptr if the journal is no longer there: another window may have ended its
 // change since it was found.
 std::unique_ptr<File> MenuFile::OpenWithItsJournal(const Found& found) {
-  std::unique_ptr<File> scratch = OpenIfStillThere(found.scratchFile);
+  std::unique_ptr<File> scratch = OpenIfStillThere(found.place.file);
   if (scratch == nullptr) {
     return nullptr;
   }
@@ -263,13 +276,13 @@ bool MenuFile::Finish(const Found& found) {
     scratch->Flush();
     WriteMenu(*menu, *scratch, path_, found.journal, files_.BlockSize());
     DropJournal(*scratch, found.journal);
-    MustNotFinish(found.journal.serial, found.journal.FinishedSize());
+    MustNotFinish(found.journal.serial, SumOf(*menu));
   }
   if (unfinished_ == found.journal.serial) {
     unfinished_.reset();
   }
   left_.reset();
-  RemoveScratchFile(files_, found.scratchFile);
+  RemoveScratchFile(files_, found.place.file);
   RetireCopies(found.journal.serial);
   return true;
 }
@@ -296,7 +309,7 @@ void MenuFile::Retire(const Found& found) {
     scratch->Truncate(found.journal.descriptionSize);
     scratch->Flush();
   }
-  RemoveScratchFile(files_, found.scratchFile);
+  RemoveScratchFile(files_, found.place.file);
 }
 
 // Returns the prefix with the first number that makes it a name which no file has.
@@ -312,16 +325,16 @@ std::string MenuFile::FreeName(const std::string& prefix) {
 // Copies a scratch file with its journal to a name of its own, and frees the old
 // name. Renaming would be quicker, but a power cut might leave the file without a
 // name.
-void MenuFile::PutAside(const std::string& scratchFile, const char* infix) {
-  const std::string aside = FreeName(scratchFile + infix);
+std::string MenuFile::PutAside(const Place& place, const char* infix) {
+  const std::string aside = FreeName(place.scratchFile + infix);
   {
-    const std::unique_ptr<File> scratch = OpenIfStillThere(scratchFile);
+    const std::unique_ptr<File> scratch = OpenIfStillThere(place.file);
     if (scratch == nullptr) {
-      return;
+      return {};
     }
     const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
     if (!journal) {
-      return;  // another editor has finished the change
+      return {};  // another editor has finished the change
     }
     const std::unique_ptr<File> copy = files_.Open(aside, OpenMode::New);
     AppendFile(*scratch, *copy, files_.BlockSize());
@@ -332,7 +345,8 @@ void MenuFile::PutAside(const std::string& scratchFile, const char* infix) {
     scratch->Truncate(journal->descriptionSize);
     scratch->Flush();
   }
-  RemoveScratchFile(files_, scratchFile);
+  RemoveScratchFile(files_, place.file);
+  return aside;
 }
 
 bool MenuFile::TakeBackHalfLine() {
@@ -342,7 +356,8 @@ bool MenuFile::TakeBackHalfLine() {
   bool isWhole = false;
   const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
   const std::uint64_t size = menu->Size();
-  if (size > halfLine_->start && SumBefore(*menu, halfLine_->start) == halfLine_->startSum) {
+  if (size > halfLine_->start &&
+      SumOfFirst(*menu, halfLine_->start, files_.BlockSize()) == halfLine_->startSum) {
     // Cut off only what is a prefix of the lines: another window may have written the
     // menu since.
     std::string rest(static_cast<std::size_t>(size - halfLine_->start), '\0');

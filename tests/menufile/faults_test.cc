@@ -360,25 +360,45 @@ TEST(CutShort, AsksForNoChangeBeforeTheFinishedOne) {
   }
 }
 
-// A change fails, and its journal cannot be dropped. In another window the user has it
-// finished, and that ends early. The first window must not go on with what is left.
-TEST(CutShort, IsFinishedEvenAfterItWasReportedAsFailed) {
+// A change ends after its journal was written, and the menu is as before. A start has the
+// change finished, and that ends early. The other window must not go on with what is left.
+TEST(CutShort, IsFinishedByAnyWindowAfterAYesThatEndsEarly) {
   const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
-  const auto begin = [](TwoWindows& user, const Step& step, const Fault& fault) {
+  const auto start = [](TwoWindows& user) {
     user.Start(Window::kFirst, true, true, {});
-    user.Do(Window::kFirst, step, fault);
+    user.Start(Window::kSecond, true, true, {});
   };
-  for (const Step& failing : {ChangeStep(Kind::MoveUp, 1), AddStep(true, 7)}) {
-    TwoWindows whole(disk, {});
-    begin(whole, failing, {});
-    const std::size_t flush =
-        whole.LastOf("flush", failing.appends ? "zoltempfileoktodelete" : "temporaryfile");
-    for (std::size_t number = 1; number < kMostOperations; ++number) {
-      TwoWindows user(disk, {});
-      begin(user, failing, {flush, Fault::Kind::FailsForGood, Fault::Done::All});
-      user.Start(Window::kSecond, true, true, {number, Fault::Kind::EndsProcess, Fault::Done::All});
-      user.Do(Window::kFirst, ChangeStep(Kind::Delete, 2), {});
-      ASSERT_EQ("", user.complaint());
+  // In a block of that size, the half menu is just as long as the old one.
+  for (const TwoWindows::Folder& folder :
+       {TwoWindows::Folder{1000}, TwoWindows::Folder{UserMenu(3).size()}}) {
+    for (const Step& step :
+         {ChangeStep(Kind::MoveUp, 1), ChangeStep(Kind::Separator, 1), AddStep(true, 7)}) {
+      TwoWindows whole(disk, folder);
+      start(whole);
+      whole.Do(Window::kFirst, step, {});
+      const std::size_t flush =
+          whole.LastOf("flush", step.appends ? "zoltempfileoktodelete" : "temporaryfile");
+      for (const auto kind : {Fault::Kind::FailsForGood, Fault::Kind::EndsProcess}) {
+        for (const bool isOvertaken : {false, true}) {
+          const bool fails = kind == Fault::Kind::FailsForGood;
+          const Window ends = fails ? Window::kSecond : Window::kFirst;
+          const Window other = fails ? Window::kFirst : Window::kSecond;
+          bool hasEnded = true;
+          for (std::size_t number = 1; hasEnded; ++number) {
+            TwoWindows user(disk, folder);
+            start(user);
+            user.Do(Window::kFirst, step, {flush, kind, Fault::Done::All});
+            if (isOvertaken) {
+              user.Do(Window::kSecond, ChangeStep(Kind::Delete, 2), {});
+            }
+            user.Start(ends, true, true, {number, Fault::Kind::EndsProcess, Fault::Done::All});
+            hasEnded = user.ended();
+            user.Do(other, ChangeStep(Kind::Delete, 2), {});
+            user.Do(other, ChangeStep(Kind::Delete, 1), {});
+            ASSERT_EQ("", user.complaint());
+          }
+        }
+      }
     }
   }
 }

@@ -295,6 +295,9 @@ std::string MemoryFiles::CutBytes(const Stored& stored, PowerCut cut, std::mt199
   if (cut <= kEverythingLost) {
     return cut == kEverythingKept ? stored.bytes : stored.durable;
   }
+  if (random() % 2 == 0) {
+    return random() % 2 == 0 ? stored.bytes : stored.durable;
+  }
   std::string bytes(random() % 2 == 0 ? stored.bytes.size() : stored.durable.size(), '\0');
   for (std::size_t at = 0; at < bytes.size(); at += kSector) {
     const std::string& source = random() % 2 == 0 ? stored.bytes : stored.durable;

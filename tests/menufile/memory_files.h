@@ -39,9 +39,9 @@ struct Fault {
 };
 
 // What a power cut does to changes that were not flushed. Values from 2 on are seeds:
-// then each sector of each file has its old bytes, its new bytes or zeros, each file has
-// its old length or its new one, and each name that was made, deleted or given to another
-// file is as before or as now.
+// then half of the files are as before or as now. Of the others, each has its old length
+// or its new one, and each of its sectors has its old bytes, its new bytes or zeros. Each
+// name that was made, deleted or given to another file is as before or as now.
 using PowerCut = std::uint32_t;
 inline constexpr PowerCut kEverythingKept = 0;
 inline constexpr PowerCut kEverythingLost = 1;

@@ -240,6 +240,68 @@ TEST(CutShort, IsPutAsideWhereTheMenuIsAnotherByNow) {
   EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
 }
 
+// A change fails, and its journal stays. A start finishes it, and the menu file is mapped
+// by another program: it is not cut but written over, and that ends early.
+TEST(CutShort, IsOfferedWhereTheMenuIsHalfWrittenOver) {
+  const UserChange move = SampleChange(Kind::MoveUp, 1);
+  const auto disk = [](const MemoryFiles::Disk& from) {
+    auto files = std::make_unique<MemoryFiles>(from);
+    files->SetBlockSize(60);
+    files->ForbidTruncate(kMenuPath);
+    return files;
+  };
+  const auto whole = disk({{kMenuPath, UserMenu(3)}});
+  Make(*whole, kMenuPath, move);
+  const auto files = disk({{kMenuPath, UserMenu(3)}});
+  MenuFile first(*files, kMenuPath);
+  files->SetFault(
+      {whole->LastOf("flush", "temporaryfile"), Fault::Kind::FailsForGood, Fault::Done::All});
+  EXPECT_EQ(ChangeResult::Failed, Make(first, move));
+  files->SetFault({});
+  MenuFile second(*files, kMenuPath);
+  ASSERT_TRUE(second.WasCutShort());
+  const auto copy = disk(files->Everything());
+  MenuFile inCopy(*copy, kMenuPath);
+  ASSERT_TRUE(inCopy.WasCutShort());
+  copy->SetFault({});
+  inCopy.AnswerYes();
+  files->SetFault(
+      {copy->LastOf("write", kMenuPath), Fault::Kind::EndsProcess, Fault::Done::Nothing});
+  EXPECT_THROW(second.AnswerYes(), ProcessEnded);
+  files->SetFault({});
+  Make(first, SampleChange(Kind::Separator, 0));
+  MemoryFiles next(files->Everything());
+  EXPECT_EQ(whole->Get(kMenuPath), FinishedByTheNextStart(next));
+}
+
+// A power cut has left zeros in the menu file, and no start has looked for journals.
+TEST(CutShort, IsFinishedFirstWhereThereAreZerosInTheMenu) {
+  Cut cut;
+  std::string torn = cut.finished;
+  torn.replace(torn.find("Caption 0"), 5, 5, '\0');
+  cut.next->Put(kMenuPath, torn);
+  MenuFile menu(*cut.next, kMenuPath);
+  EXPECT_EQ(ChangeResult::EarlierFinished, Make(menu, SampleChange(Kind::Delete, 2)));
+  EXPECT_EQ(cut.finished, cut.next->Get(kMenuPath));
+}
+
+// The folder is called like what is put aside.
+TEST(CutShort, IsFinishedInAnyFolder) {
+  for (const std::string folder : {"C:\\x-overtaken-y\\", "C:\\x-declined-1\\"}) {
+    const std::string path = folder + "a.menu";
+    MemoryFiles files(path, UserMenu(4));
+    const std::string finished =
+        EndProcessAt(files, "truncate to 0:", path, Fault::Done::All, [&path](MemoryFiles& in) {
+          Make(in, path, SampleChange(Kind::MoveUp, 1));
+        }).at(path);
+    MemoryFiles next(path, "");
+    next.Put(folder + "temporaryfile", files.Get("temporaryfile").value_or(""));
+    MenuFile menu(next, path);
+    EXPECT_EQ(ChangeResult::EarlierFinished, Make(menu, SampleChange(Kind::Delete, 1)));
+    EXPECT_EQ(finished, next.Get(path));
+  }
+}
+
 // Another program writes a complete menu between the question and the answer.
 TEST(CutShort, IsNotFinishedOverAMenuThatCameAfterTheQuestion) {
   Cut cut;
@@ -290,16 +352,16 @@ TEST(CutShort, TheLaterOfTwoIsFinished) {
 TEST(CutShort, IsNotSeenByAJournalThatCameBack) {
   for (const Kind first : kEditorKinds) {
     for (const Kind second : {Kind::MoveUp, Kind::Edit, Kind::SaveAppearance}) {
-      for (const bool isSecondWindow : {false, true}) {
+      for (const int byOther : {0, 2, 3}) {  // which of three changes another window makes
         MemoryFiles files(kMenuPath, UserMenu(4));
         MenuFile menu(files, kMenuPath);
+        MenuFile other(files, kMenuPath);
         if (first == Kind::SaveDirectory || first == Kind::SwitchToDirectory) {
           continue;
         }
         Make(menu, SampleChange(second, 1));
-        Make(menu, SampleChange(first, 1));
-        MenuFile other(files, kMenuPath);
-        EXPECT_EQ(ChangeResult::Made, Make(isSecondWindow ? other : menu, SampleChange(second, 2)));
+        Make(byOther == 2 ? other : menu, SampleChange(first, 1));
+        EXPECT_EQ(ChangeResult::Made, Make(byOther == 3 ? other : menu, SampleChange(second, 2)));
         for (PowerCut cut = 0; cut < 12; ++cut) {
           MemoryFiles next(files.AfterPowerCut(cut));
           ASSERT_EQ(files.Get(kMenuPath), next.Get(kMenuPath));

@@ -93,16 +93,21 @@ void TwoWindows::Do(Window window, const Step& step, const Fault& fault) {
     outcomes.merge(Outcomes(menu, *menu.weakPrefix, step));
   }
   const bool mayHaveNoJournal = step.appends && fault.kind == Fault::Kind::FailsForGood;
-  if (mayHaveNoJournal && !menu.weakPrefix) {
+  if (mayHaveNoJournal && !menu.weakPrefix && menu.right.count(before)) {
     menu.weakPrefix = before;
   }
   ChangeResult result = ChangeResult::Failed;
+  GoOn(window);
   Run(window, fault, [&] { result = step.change(*windows_[window]); });
   if (result == ChangeResult::Made) {
     Made(window, before, outcomes);
   } else if (result == ChangeResult::EarlierFinished) {
     EarlierFinished(menu, before);
   } else {
+    if (!ended_ && !windows_[window]->HasUnfinished() && !menu.weakPrefix &&
+        menu.right.count(before) && Bytes(menu) != before) {
+      Complain("a failure was reported, and the menu has changed");
+    }
     MayBeMade(window, before, outcomes, fault);
   }
   Judge();
@@ -116,7 +121,7 @@ void TwoWindows::Start(Window window, bool yes, bool converts, const Fault& faul
     menu.knownTo.reset();
   }
   windows_[window] = std::make_unique<MenuFile>(*files_, menu.path);
-  menu.lookFailed = fault.operation != 0;
+  menu.saidNo.erase(window);
   std::optional<std::string> toConvert;
   std::set<std::string> outcomes;
   Run(window, fault, [&] {
@@ -136,10 +141,11 @@ void TwoWindows::Start(Window window, bool yes, bool converts, const Fault& faul
         menu.kept.push_back(menu.right);
       }
       menu.right.insert(before);
-      menu.declined = true;
+      menu.saidNo.insert(window);
       menu.knownTo = window;
     }
     Converter view(converts, [&] {
+      GoOn(window);
       toConvert = Bytes(menu);
       outcomes = Outcomes(menu, *toConvert, kConversion);
     });
@@ -152,13 +158,13 @@ void TwoWindows::Start(Window window, bool yes, bool converts, const Fault& faul
       MayBeMade(window, *toConvert, outcomes, fault);
     }
   }
-  menu.lookFailed = false;
   Judge();
 }
 
 void TwoWindows::Close(Window window, const Fault& fault) {
   if (windows_[window]->HasUnfinished()) {
     story_ += "\n  window " + std::to_string(window) + " finishes when closed" + TextOf(fault);
+    GoOn(window);
     Run(window, fault, [&] { windows_[window]->FinishEarlier(); });
   }
   windows_[window].reset();
@@ -169,6 +175,7 @@ void TwoWindows::ReadEntry(Window window, const Fault& fault) {
   story_ += "\n  window " + std::to_string(window) + " reads an entry" + TextOf(fault);
   Menu& menu = MenuOf(window);
   const std::string before = Bytes(menu);
+  GoOn(window);
   Run(window, fault, [&] {
     if (!ReadMenuEntry(*windows_[window], 0)) {
       EarlierFinished(menu, before);
@@ -185,9 +192,6 @@ void TwoWindows::CutPower(PowerCut cut) {
   files_ = Copy(files_->AfterPowerCut(cut));
   for (Menu& menu : menus_) {
     AllowHalfLine(menu);
-    if (menu.declined) {  // the interrupted change was never flushed
-      menu.right.insert(Bytes(menu));
-    }
   }
   Judge();
 }
@@ -269,6 +273,7 @@ void TwoWindows::SettleOn(Menu& menu, const std::string& bytes) {
   }
   menu.right = {bytes};
   menu.aside.clear();
+  menu.saidNo.clear();
   menu.declined = false;
   menu.wasCut = !menu.kept.empty();
 }
@@ -292,10 +297,7 @@ void TwoWindows::Made(Window window, const std::string& before,
     Complain("the change was told to be made, and left " + Escaped(now));
   }
   if (!menu.right.count(before)) {
-    if (!menu.lookFailed) {
-      Complain("a change was made to a menu that was cut short: " + Escaped(before));
-    }
-    menu.kept.push_back(menu.right);
+    Complain("a change was made to a menu that was cut short: " + Escaped(before));
   }
   std::erase_if(menu.kept, [&](const auto& states) { return states.count(before) > 0; });
   if (menu.wasCut && menu.knownTo != window) {
@@ -303,6 +305,7 @@ void TwoWindows::Made(Window window, const std::string& before,
   }
   menu.right = {now};
   menu.weakPrefix.reset();
+  menu.saidNo.clear();
   menu.declined = false;
   menu.wasCut = !menu.kept.empty() || !menu.aside.empty();
 }
@@ -328,6 +331,12 @@ void TwoWindows::AllowHalfLine(Menu& menu) {
       now.starts_with(menu.weakPrefix->substr(0, menu.weakPrefix->size() / kSector * kSector))) {
     menu.right.insert(now);
   }
+}
+
+// A window whose user said No makes the journal's file "-declined-" when it goes on.
+void TwoWindows::GoOn(Window window) {
+  Menu& menu = MenuOf(window);
+  menu.declined = menu.declined || menu.saidNo.count(window) > 0;
 }
 
 void TwoWindows::Judge() {

@@ -71,8 +71,8 @@ class TwoWindows {
     // went on with the old menu.
     std::vector<std::set<std::string>> kept;
     bool wasCut = false;      // a change was interrupted
-    bool declined = false;    // the user did not want it finished
-    bool lookFailed = false;  // a start could not read the journal, so it did not ask
+    std::set<Window> saidNo;  // windows whose user did not want it finished
+    bool declined = false;    // one of them has gone on since
     // The window whose change was interrupted, or whose user said No.
     std::optional<Window> knownTo;
     // States that another window may have put aside. A later start offers them, since
@@ -96,6 +96,7 @@ class TwoWindows {
   void MayBeMade(Window window, const std::string& before, const std::set<std::string>& outcomes,
                  const Fault& fault);
   void AllowHalfLine(Menu& menu);
+  void GoOn(Window window);
   void Judge();
   void JudgeMenu(const Menu& menu, const MemoryFiles::Disk& disk);
   void Complain(const std::string& what);
