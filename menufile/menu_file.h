@@ -142,6 +142,7 @@ class MenuFile {
   bool Finish(const Found& found);
   bool FinishAsked(Found found);
   static bool IsOvertaken(const Found& found);
+  void FlushMenu();
   void Retire(const Found& found);
   std::unique_ptr<File> OpenIfStillThere(const std::string& scratchFile);
   std::unique_ptr<File> OpenWithItsJournal(const Found& found);

@@ -228,6 +228,7 @@ bool MenuFile::Settle(const Found& found) {
   }
   const bool isDeclined = serial <= declined_.serial && SumOfMenu() == declined_.menuSum;
   if (isDeclined || state == MenuState::Replaced) {
+    FlushMenu();
     PutAside(found.place, kDeclined);
     return false;
   }
@@ -272,8 +273,10 @@ bool MenuFile::Finish(const Found& found) {
       return false;
     }
     const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
-    // Whoever wrote the journal may have ended before its own flush.
+    // Whoever wrote the journal may have ended before its own flushes.
     scratch->Flush();
+    left_.reset();
+    MakeDeletionsDurable(found.place.file, 0);
     WriteMenu(*menu, *scratch, path_, found.journal, files_.BlockSize());
     DropJournal(*scratch, found.journal);
     MustNotFinish(found.journal.serial, SumOf(*menu));
@@ -281,7 +284,6 @@ bool MenuFile::Finish(const Found& found) {
   if (unfinished_ == found.journal.serial) {
     unfinished_.reset();
   }
-  left_.reset();
   RemoveScratchFile(files_, found.place.file);
   RetireCopies(found.journal.serial);
   return true;
@@ -296,11 +298,13 @@ void MenuFile::RetireCopies(std::uint64_t serial) {
   }
 }
 
+// To be called before a journal goes: without one, the menu file must be on the disk.
+void MenuFile::FlushMenu() { files_.Open(path_, OpenMode::Change)->Flush(); }
+
 // Deletes a scratch file whose journal is no longer needed. Its journal is cut off
 // first, in case the file cannot be deleted.
 void MenuFile::Retire(const Found& found) {
-  // Without its journal, the menu file must be on the disk.
-  files_.Open(path_, OpenMode::Change)->Flush();
+  FlushMenu();
   {
     const std::unique_ptr<File> scratch = OpenWithItsJournal(found);
     if (scratch == nullptr) {

@@ -332,6 +332,50 @@ TEST(CutShort, IsFinishedFromAJournalThatIsOnTheDisk) {
   }
 }
 
+// A process ended before it made the deletion of an earlier journal durable. A start has
+// its change finished, and then the power fails.
+TEST(CutShort, IsFinishedWithNoEarlierJournalLeft) {
+  const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
+  const auto begin = [](TwoWindows& user, const Fault& fault) {
+    user.Start(Window::kFirst, true, true, {});
+    user.Do(Window::kFirst, ChangeStep(Kind::Edit, 0), {});
+    user.Do(Window::kFirst, ChangeStep(Kind::MoveUp, 1), fault);
+  };
+  TwoWindows whole(disk, {});
+  begin(whole, {});
+  for (PowerCut cut = 0; cut < 40; ++cut) {
+    TwoWindows user(disk, {});
+    begin(user,
+          {whole.LastOf("flush", "temporaryfile"), Fault::Kind::EndsProcess, Fault::Done::All});
+    user.Start(Window::kFirst, true, true, {});
+    user.CutPower(cut);
+    ASSERT_EQ("", user.complaint());
+  }
+}
+
+// A process ended before it flushed the menu. The user says No and goes on, and then the
+// power fails.
+TEST(CutShort, IsOnTheDiskWhenItIsDeclined) {
+  const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
+  const auto begin = [](TwoWindows& user, const Fault& fault) {
+    user.Start(Window::kFirst, true, true, {});
+    user.Do(Window::kFirst, ChangeStep(Kind::Separator, 1), fault);
+  };
+  const TwoWindows::Folder folder{60};
+  TwoWindows whole(disk, folder);
+  begin(whole, {});
+  for (PowerCut cut = 0; cut < 40; ++cut) {
+    TwoWindows user(disk, folder);
+    begin(user, {whole.LastOf("write", kMenuPath), Fault::Kind::EndsProcess});
+    user.Start(Window::kFirst, false, true, {});
+    user.ReadEntry(Window::kFirst, {});
+    user.CutPower(cut);
+    user.Start(Window::kFirst, true, true, {});
+    user.Do(Window::kFirst, ChangeStep(Kind::Separator, 1), {});
+    ASSERT_EQ("", user.complaint());
+  }
+}
+
 // A power cut brings back the journal of a change that was made, beside that of the
 // change after it. The disk fails while the later one is finished.
 TEST(CutShort, AsksForNoChangeBeforeTheFinishedOne) {
