@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <exception>
+#include <iterator>
+#include <set>
+#include <utility>
 
 #include "menufile/failure.h"
 #include "menufile/file_window.h"
@@ -193,12 +196,13 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
                          const Checksum& description) {
   const std::uint64_t oldSize = menu.Size();
   const std::uint64_t oldSum = SumOf(menu);
+  bool isDurable = false;
   try {
     WriteJournal(scratch, name, journal, description, files_.BlockSize());
     if (journal.FinishedSize() > oldSize + files_.FreeBytes(path_)) {
       throw Failure(path_, "write the file", "There is not enough space on the disk");
     }
-    MakeDeletionsDurable(name, oldSum);
+    isDurable = MakeDeletionsDurable(name, oldSum);
   } catch (const std::exception&) {
     DropJournal(scratch, journal);
     // The caller reports a failure, so nobody must finish this change, even if the
@@ -219,7 +223,7 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
   }
   const std::uint64_t newSum = WriteMenu(menu, scratch, path_, journal, files_.BlockSize());
   unfinished_.reset();
-  left_ = Left{name, newSum};
+  left_ = isDurable ? std::optional(Left{name, newSum}) : std::nullopt;
   try {
     scratch.Truncate(journal.descriptionSize);
   } catch (const Failure&) {
@@ -322,30 +326,52 @@ std::unique_ptr<File> MenuFile::OpenJournal(const std::string& name, const Journ
 }
 
 // Makes the deletion of earlier journals durable. A power cut may bring back a file
-// that was deleted but never flushed, with the journal of a finished change. If this
-// change used the other scratch file, that journal would undo it. The flush of this
-// change's own scratch file settles that name. The other name needs a flush as well,
+// that was deleted or shortened but never flushed, with the journal of a finished change.
+// If this change used another scratch file, that journal would undo it. The flush of this
+// change's own scratch file settles that name. The other names need a flush as well,
 // unless the menu file is still as the last change of this object left it, which did that.
 // If other windows have changed it since and changed it back, a start after a power cut
 // may ask about the last of those changes.
-void MenuFile::MakeDeletionsDurable(const std::string& used, std::uint64_t menuSum) {
+//
+// Returns false if not all could be flushed, because the folder takes no file or another
+// window has one open. Throws Failure if a flush fails.
+bool MenuFile::MakeDeletionsDurable(const std::string& used, std::uint64_t menuSum) {
   if (left_ && left_->scratchFile == used && left_->menuSum == menuSum) {
-    return;
+    return true;
   }
-  for (const std::string name : kScratchFiles) {
-    if (name == used) {
-      continue;
-    }
-    try {
-      const bool isThere = files_.OpenIfThere(name) != nullptr;
-      files_.Open(name, isThere ? OpenMode::Change : OpenMode::Create)->Flush();
-      if (!isThere) {
-        RemoveScratchFile(files_, name);
+  bool isDone = true;
+  std::set<std::string> names(std::begin(kScratchFiles), std::end(kScratchFiles));
+  try {
+    for (const char* scratchFile : kScratchFiles) {
+      for (std::string& name : files_.FilesThatBeginWith(scratchFile)) {
+        names.insert(std::move(name));
       }
-    } catch (const Failure&) {
-      // A folder that takes no file never had a journal.
     }
+  } catch (const Failure&) {
+    isDone = false;
   }
+  names.erase(used);
+  for (const std::string& name : names) {
+    isDone = FlushScratchFile(name) && isDone;
+  }
+  return isDone;
+}
+
+bool MenuFile::FlushScratchFile(const std::string& name) {
+  bool isThere = false;
+  std::unique_ptr<File> scratch;
+  try {
+    isThere = files_.OpenIfThere(name) != nullptr;
+    scratch = files_.Open(name, isThere ? OpenMode::Change : OpenMode::Create);
+  } catch (const Failure&) {
+    return false;
+  }
+  scratch->Flush();
+  scratch.reset();
+  if (!isThere) {
+    RemoveScratchFile(files_, name);
+  }
+  return true;
 }
 
 }  // namespace menufile

@@ -162,7 +162,8 @@ class MenuFile {
   Journal NewJournal(File& menu) const;
   std::string PlaceForJournal(const std::string& name);
   std::unique_ptr<File> OpenJournal(const std::string& name, const Journal& journal);
-  void MakeDeletionsDurable(const std::string& used, std::uint64_t menuSum);
+  bool MakeDeletionsDurable(const std::string& used, std::uint64_t menuSum);
+  bool FlushScratchFile(const std::string& name);
 
   FileSystem& files_;
   std::string path_;

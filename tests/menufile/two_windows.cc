@@ -100,7 +100,7 @@ void TwoWindows::Do(Window window, const Step& step, const Fault& fault) {
   GoOn(window);
   Run(window, fault, [&] { result = step.change(*windows_[window]); });
   if (result == ChangeResult::Made) {
-    Made(window, before, outcomes);
+    Made(window, before, outcomes, fault);
   } else if (result == ChangeResult::EarlierFinished) {
     EarlierFinished(menu, before);
   } else {
@@ -128,7 +128,7 @@ void TwoWindows::Start(Window window, bool yes, bool converts, const Fault& faul
     MenuFile& opened = *windows_[window];
     const std::string before = Bytes(menu);
     const bool asked = opened.WasCutShort();
-    if (asked && !menu.wasCut) {
+    if (asked && !menu.wasCut && !menu.mayComeBack) {
       Complain("a start asked where nothing was cut short");
     }
     if (asked && yes) {
@@ -153,7 +153,7 @@ void TwoWindows::Start(Window window, bool yes, bool converts, const Fault& faul
   });
   if (toConvert) {
     if (!ended_ && !windows_[window]->HasUnfinished() && outcomes.count(Bytes(menu))) {
-      Made(window, *toConvert, outcomes);
+      Made(window, *toConvert, outcomes, fault);
     } else {
       MayBeMade(window, *toConvert, outcomes, fault);
     }
@@ -262,7 +262,8 @@ bool TwoWindows::Run(Window window, const Fault& fault, const std::function<void
 
 // An earlier change was finished: the menu file is complete.
 void TwoWindows::SettleOn(Menu& menu, const std::string& bytes) {
-  bool isRight = menu.right.count(bytes) + menu.aside.count(bytes) > 0;
+  bool isRight = menu.right.count(bytes) + menu.aside.count(bytes) > 0 ||
+                 (menu.mayComeBack && menu.made.count(bytes) > 0);
   std::erase_if(menu.kept, [&](const std::set<std::string>& states) {
     isRight = isRight || states.count(bytes) > 0;
     return states.count(bytes) > 0;
@@ -290,9 +291,11 @@ void TwoWindows::EarlierFinished(Menu& menu, const std::string& before) {
 }
 
 void TwoWindows::Made(Window window, const std::string& before,
-                      const std::set<std::string>& outcomes) {
+                      const std::set<std::string>& outcomes, const Fault& fault) {
   Menu& menu = MenuOf(window);
   const std::string now = Bytes(menu);
+  menu.made.insert(now);
+  menu.mayComeBack = fault.operation != 0;
   if (!outcomes.count(now)) {
     Complain("the change was told to be made, and left " + Escaped(now));
   }
@@ -387,7 +390,7 @@ void TwoWindows::JudgeMenu(const Menu& menu, const MemoryFiles::Disk& disk) {
     }
     return;
   }
-  if (!menu.wasCut) {
+  if (!menu.wasCut && !menu.mayComeBack) {
     Complain("a start would ask for " + menu.path + ", where nothing was cut short");
   }
   ++offered_;
@@ -396,6 +399,9 @@ void TwoWindows::JudgeMenu(const Menu& menu, const MemoryFiles::Disk& disk) {
   right.insert(menu.aside.begin(), menu.aside.end());
   for (const std::set<std::string>& states : menu.kept) {
     right.insert(states.begin(), states.end());
+  }
+  if (menu.mayComeBack) {
+    right.insert(menu.made.begin(), menu.made.end());
   }
   if (!right.count(files->Get(menu.path).value_or(""))) {
     Complain("Yes would make of " + menu.path + ": " + Escaped(files->Get(menu.path).value_or("")));

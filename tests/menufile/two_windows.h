@@ -78,6 +78,10 @@ class TwoWindows {
     // States that another window may have put aside. A later start offers them, since
     // nobody has declined them.
     std::set<std::string> aside;
+    // All states that changes made. After a fault in such a change, a power cut may bring
+    // back the journals of earlier ones, until a change is made without a fault.
+    std::set<std::string> made;
+    bool mayComeBack = false;
     // Set if lines are added without a journal: the old menu. A fault may leave any bytes
     // after its last whole sector.
     std::optional<std::string> weakPrefix;
@@ -92,7 +96,8 @@ class TwoWindows {
   bool Run(Window window, const Fault& fault, const std::function<void()>& run);
   void SettleOn(Menu& menu, const std::string& bytes);
   void EarlierFinished(Menu& menu, const std::string& before);
-  void Made(Window window, const std::string& before, const std::set<std::string>& outcomes);
+  void Made(Window window, const std::string& before, const std::set<std::string>& outcomes,
+            const Fault& fault);
   void MayBeMade(Window window, const std::string& before, const std::set<std::string>& outcomes,
                  const Fault& fault);
   void AllowHalfLine(Menu& menu);
