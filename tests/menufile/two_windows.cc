@@ -152,7 +152,10 @@ void TwoWindows::Start(Window window, bool yes, bool converts, const Fault& faul
     LoadMenuFile(opened, kPicture, view);
   });
   if (toConvert) {
-    if (!ended_ && !windows_[window]->HasUnfinished() && outcomes.count(Bytes(menu))) {
+    const std::string now = Bytes(menu);
+    if (!ended_ && !menu.right.count(*toConvert) && menu.right.count(now)) {
+      SettleOn(menu, now);  // an earlier change was finished instead
+    } else if (!ended_ && !windows_[window]->HasUnfinished() && outcomes.count(now)) {
       Made(window, *toConvert, outcomes, fault);
     } else {
       MayBeMade(window, *toConvert, outcomes, fault);
@@ -191,6 +194,7 @@ void TwoWindows::CutPower(PowerCut cut) {
   }
   files_ = Copy(files_->AfterPowerCut(cut));
   for (Menu& menu : menus_) {
+    menu.cameBack = menu.mayComeBack;
     AllowHalfLine(menu);
   }
   Judge();
@@ -295,7 +299,7 @@ void TwoWindows::Made(Window window, const std::string& before,
   Menu& menu = MenuOf(window);
   const std::string now = Bytes(menu);
   menu.made.insert(now);
-  menu.mayComeBack = fault.operation != 0;
+  menu.mayComeBack = fault.operation != 0 || menu.cameBack;
   if (!outcomes.count(now)) {
     Complain("the change was told to be made, and left " + Escaped(now));
   }

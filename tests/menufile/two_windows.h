@@ -82,6 +82,7 @@ class TwoWindows {
     // back the journals of earlier ones, until a change is made without a fault.
     std::set<std::string> made;
     bool mayComeBack = false;
+    bool cameBack = false;  // the power failed meanwhile
     // Set if lines are added without a journal: the old menu. A fault may leave any bytes
     // after its last whole sector.
     std::optional<std::string> weakPrefix;
