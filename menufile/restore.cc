@@ -330,7 +330,7 @@ std::string MenuFile::FreeName(const std::string& prefix) {
 // name. Renaming would be quicker, but a power cut might leave the file without a
 // name.
 std::string MenuFile::PutAside(const Place& place, const char* infix) {
-  const std::string aside = FreeName(place.scratchFile + infix);
+  std::string aside = FreeName(place.scratchFile + infix);
   {
     const std::unique_ptr<File> scratch = OpenIfStillThere(place.file);
     if (scratch == nullptr) {
