@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <iterator>
-#include <set>
 #include <utility>
 
 #include "menufile/failure.h"
@@ -223,7 +221,10 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
   }
   const std::uint64_t newSum = WriteMenu(menu, scratch, path_, journal, files_.BlockSize());
   unfinished_.reset();
-  left_ = isDurable ? std::optional(Left{name, newSum}) : std::nullopt;
+  left_.reset();
+  if (isDurable) {
+    left_ = Left{name, newSum};
+  }
   try {
     scratch.Truncate(journal.descriptionSize);
   } catch (const Failure&) {
@@ -340,19 +341,19 @@ bool MenuFile::MakeDeletionsDurable(const std::string& used, std::uint64_t menuS
     return true;
   }
   bool isDone = true;
-  std::set<std::string> names(std::begin(kScratchFiles), std::end(kScratchFiles));
-  try {
-    for (const char* scratchFile : kScratchFiles) {
-      for (std::string& name : files_.FilesThatBeginWith(scratchFile)) {
-        names.insert(std::move(name));
-      }
+  for (const std::string scratchFile : kScratchFiles) {
+    std::vector<std::string> names;
+    try {
+      names = files_.FilesThatBeginWith(scratchFile);
+    } catch (const Failure&) {
+      isDone = false;
     }
-  } catch (const Failure&) {
-    isDone = false;
-  }
-  names.erase(used);
-  for (const std::string& name : names) {
-    isDone = FlushScratchFile(name) && isDone;
+    if (std::find(names.begin(), names.end(), scratchFile) == names.end()) {
+      names.push_back(scratchFile);
+    }
+    for (const std::string& name : names) {
+      isDone = (name == used || FlushScratchFile(name)) && isDone;
+    }
   }
   return isDone;
 }
