@@ -200,7 +200,7 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
     if (journal.FinishedSize() > oldSize + files_.FreeBytes(path_)) {
       throw Failure(path_, "write the file", "There is not enough space on the disk");
     }
-    isDurable = MakeDeletionsDurable(name, oldSum);
+    isDurable = IsAsLeft(name, oldSum) || MakeDeletionsDurable(name);
   } catch (const std::exception&) {
     DropJournal(scratch, journal);
     // The caller reports a failure, so nobody must finish this change, even if the
@@ -277,7 +277,10 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
     RemoveScratchFile(files_, place);
   };
   try {
-    MakeDeletionsDurable(hasJournal ? place : "", oldSum);
+    const std::string used = hasJournal ? place : "";
+    if (!IsAsLeft(used, oldSum)) {
+      MakeDeletionsDurable(used);
+    }
     menu.Seek(oldSize);
     menu.Write(lines);
     menu.Flush();
@@ -326,20 +329,22 @@ std::unique_ptr<File> MenuFile::OpenJournal(const std::string& name, const Journ
   return nullptr;
 }
 
+// True if the menu file is still as the last change of this object left it, which used the
+// same scratch file and made all deletions durable. If other windows have changed the menu
+// since and changed it back, a start after a power cut may ask about the last of those
+// changes.
+bool MenuFile::IsAsLeft(const std::string& scratchFile, std::uint64_t menuSum) const {
+  return left_ && left_->scratchFile == scratchFile && left_->menuSum == menuSum;
+}
+
 // Makes the deletion of earlier journals durable. A power cut may bring back a file
 // that was deleted or shortened but never flushed, with the journal of a finished change.
 // If this change used another scratch file, that journal would undo it. The flush of this
-// change's own scratch file settles that name. The other names need a flush as well,
-// unless the menu file is still as the last change of this object left it, which did that.
-// If other windows have changed it since and changed it back, a start after a power cut
-// may ask about the last of those changes.
+// change's own scratch file settles that name. The other names need a flush as well.
 //
 // Returns false if not all could be flushed, because the folder takes no file or another
 // window has one open. Throws Failure if a flush fails.
-bool MenuFile::MakeDeletionsDurable(const std::string& used, std::uint64_t menuSum) {
-  if (left_ && left_->scratchFile == used && left_->menuSum == menuSum) {
-    return true;
-  }
+bool MenuFile::MakeDeletionsDurable(const std::string& used) {
   bool isDone = true;
   for (const std::string scratchFile : kScratchFiles) {
     std::vector<std::string> names;

@@ -162,7 +162,8 @@ class MenuFile {
   Journal NewJournal(File& menu) const;
   std::string PlaceForJournal(const std::string& name);
   std::unique_ptr<File> OpenJournal(const std::string& name, const Journal& journal);
-  bool MakeDeletionsDurable(const std::string& used, std::uint64_t menuSum);
+  bool IsAsLeft(const std::string& scratchFile, std::uint64_t menuSum) const;
+  bool MakeDeletionsDurable(const std::string& used);
   bool FlushScratchFile(const std::string& name);
 
   FileSystem& files_;

@@ -276,7 +276,7 @@ bool MenuFile::Finish(const Found& found) {
     // Whoever wrote the journal may have ended before its own flushes.
     scratch->Flush();
     left_.reset();
-    MakeDeletionsDurable(found.place.file, 0);
+    MakeDeletionsDurable(found.place.file);
     WriteMenu(*menu, *scratch, path_, found.journal, files_.BlockSize());
     DropJournal(*scratch, found.journal);
     MustNotFinish(found.journal.serial, SumOf(*menu));
