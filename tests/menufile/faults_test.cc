@@ -309,12 +309,14 @@ TEST(Adding, LosesNothing) {
   }
 }
 
+MemoryFiles::Disk TwoMenus() { return {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}}; }
+
 constexpr std::size_t kMostOperations = 80;
 
 // A process ended before it flushed its journal. Another process finishes the change,
 // and then the power fails.
 TEST(CutShort, IsFinishedFromAJournalThatIsOnTheDisk) {
-  const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
+  const MemoryFiles::Disk disk = TwoMenus();
   const Step move = ChangeStep(Kind::MoveUp, 1);
   TwoWindows whole(disk, {});
   whole.Start(Window::kFirst, true, true, {});
@@ -335,7 +337,7 @@ TEST(CutShort, IsFinishedFromAJournalThatIsOnTheDisk) {
 // A process ended before it made the deletion of an earlier journal durable. A start has
 // its change finished, and then the power fails.
 TEST(CutShort, IsFinishedWithNoEarlierJournalLeft) {
-  const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
+  const MemoryFiles::Disk disk = TwoMenus();
   const auto begin = [](TwoWindows& user, const Fault& fault) {
     user.Start(Window::kFirst, true, true, {});
     user.Do(Window::kFirst, ChangeStep(Kind::Edit, 0), {});
@@ -356,7 +358,7 @@ TEST(CutShort, IsFinishedWithNoEarlierJournalLeft) {
 // A process ended before it flushed the menu. The user says No and goes on, and then the
 // power fails.
 TEST(CutShort, IsOnTheDiskWhenItIsDeclined) {
-  const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
+  const MemoryFiles::Disk disk = TwoMenus();
   const auto begin = [](TwoWindows& user, const Fault& fault) {
     user.Start(Window::kFirst, true, true, {});
     user.Do(Window::kFirst, ChangeStep(Kind::Separator, 1), fault);
@@ -379,7 +381,7 @@ TEST(CutShort, IsOnTheDiskWhenItIsDeclined) {
 // A power cut brings back the journal of a change that was made, beside that of the
 // change after it. The disk fails while the later one is finished.
 TEST(CutShort, AsksForNoChangeBeforeTheFinishedOne) {
-  const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
+  const MemoryFiles::Disk disk = TwoMenus();
   const TwoWindows::Folder folder{1000, {"zoltempfileoktodelete"}};
   const Step add = AddStep(false, 7);
   const auto begin = [&](TwoWindows& user) {
@@ -407,7 +409,7 @@ TEST(CutShort, AsksForNoChangeBeforeTheFinishedOne) {
 // A change ends after its journal was written, and the menu is as before. A start has the
 // change finished, and that ends early. The other window must not go on with what is left.
 TEST(CutShort, IsFinishedByAnyWindowAfterAYesThatEndsEarly) {
-  const MemoryFiles::Disk disk = {{kMenuPath, UserMenu(3)}, {kSecondMenu, SecondMenu()}};
+  const MemoryFiles::Disk disk = TwoMenus();
   const auto start = [](TwoWindows& user) {
     user.Start(Window::kFirst, true, true, {});
     user.Start(Window::kSecond, true, true, {});

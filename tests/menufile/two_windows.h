@@ -67,8 +67,7 @@ class TwoWindows {
     std::string path;
     // The states that the menu file may have.
     std::set<std::string> right;
-    // For each set, one of its states has to be in some file: the user said No to it, or
-    // went on with the old menu.
+    // For each set, one of its states has to be in some file: the user said No to it.
     std::vector<std::set<std::string>> kept;
     bool wasCut = false;      // a change was interrupted
     std::set<Window> saidNo;  // windows whose user did not want it finished
