@@ -24,7 +24,7 @@ std::uint64_t NumberIn(std::string_view bytes) {
 std::uint64_t SumOf(std::string_view bytes) {
   const auto add = [](std::uint64_t& sum, std::uint64_t number) {
     sum = (sum ^ number) * 0xD6E8FEB86659FD93;
-    sum ^= sum >> 32;
+    sum = (sum >> 32) + (sum << 32);
   };
   std::uint64_t sums[] = {0x9E3779B97F4A7C15, 0xBF58476D1CE4E5B9, 0x94D049BB133111EB,
                           0x2545F4914F6CDD1D};
