@@ -34,8 +34,9 @@ class OneFile final : public menufile::FileSystem {
     return std::make_unique<OpenFile>(bytes_);
   }
   std::unique_ptr<menufile::File> OpenIfThere(const std::string&) override { Refuse(); }
-  void Remove(const std::string&) override { Refuse(); }
-  void Rename(const std::string&, const std::string&) override { Refuse(); }
+  void Remove(const std::string&, const std::function<bool(menufile::File&)>&) override {
+    Refuse();
+  }
   std::vector<std::string> FilesThatBeginWith(const std::string&) override { Refuse(); }
   std::string Beside(const std::string&, const std::string&) override { Refuse(); }
   std::uint64_t FreeBytes(const std::string&) override { Refuse(); }

@@ -240,11 +240,22 @@ std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path,
   return std::make_unique<WindowsFile>(path, handle);
 }
 
-void WindowsFileSystem::Remove(const std::string& path) {
+void WindowsFileSystem::Remove(const std::string& path,
+                               const std::function<bool(menufile::File& file)>& mayGo) {
   // Stop if another editor writes the file meanwhile: it may then be the only copy of a
   // menu.
   const auto before = LastWriteTo(path);
-  const auto remove = [&] { return DeleteFileW(win32::ToText(path).c_str()) != FALSE; };
+  const std::wstring name = win32::ToText(path);
+  const auto remove = [&] {
+    const HANDLE handle =
+        CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+      return false;
+    }
+    WindowsFile file(path, handle);  // while it is open, nobody can write the file
+    return !mayGo(file) || DeleteFileW(name.c_str()) != FALSE;
+  };
   if (!TryWhile(path, remove, [&](DWORD) { return LastWriteTo(path) == before; })) {
     Fail(path, "delete the file");
   }
@@ -259,14 +270,6 @@ std::unique_ptr<menufile::File> WindowsFileSystem::OpenIfThere(const std::string
     return nullptr;
   }
   return Open(path, OpenMode::Read);
-}
-
-void WindowsFileSystem::Rename(const std::string& path, const std::string& newPath) {
-  if (!TryFor(path, [&] {
-        return MoveFileExW(win32::ToText(path).c_str(), win32::ToText(newPath).c_str(), 0) != FALSE;
-      })) {
-    Fail(path, "rename the file");
-  }
 }
 
 std::vector<std::string> WindowsFileSystem::FilesThatBeginWith(const std::string& prefix) {
@@ -296,6 +299,9 @@ std::vector<std::string> WindowsFileSystem::FilesThatBeginWith(const std::string
       paths.push_back(prefix + *rest);
     }
   } while (FindNextFileW(search.get(), &found));
+  if (GetLastError() != ERROR_NO_MORE_FILES) {
+    Fail(prefix, "list the files");
+  }
   return paths;
 }
 

@@ -10,8 +10,8 @@ class WindowsFileSystem final : public menufile::FileSystem {
  public:
   std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override;
   std::unique_ptr<menufile::File> OpenIfThere(const std::string& path) override;
-  void Remove(const std::string& path) override;
-  void Rename(const std::string& path, const std::string& newPath) override;
+  void Remove(const std::string& path,
+              const std::function<bool(menufile::File& file)>& mayGo) override;
   std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
   std::string Beside(const std::string& path, const std::string& name) override;
   std::uint64_t FreeBytes(const std::string& path) override;

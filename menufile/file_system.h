@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -77,12 +78,9 @@ class FileSystem {
   // if a folder has that name. A file that cannot be opened is a failure.
   virtual std::unique_ptr<File> OpenIfThere(const std::string& path) = 0;
 
-  // Deletes the file. It is a failure if there is none.
-  virtual void Remove(const std::string& path) = 0;
-
-  // Gives the file another name in the same folder. It is a failure if a file has
-  // that name already; that file stays.
-  virtual void Rename(const std::string& path, const std::string& newPath) = 0;
+  // Deletes the file if `mayGo` returns true for it, and nobody can write it in between.
+  // It is a failure if there is none.
+  virtual void Remove(const std::string& path, const std::function<bool(File& file)>& mayGo) = 0;
 
   // The paths of all files whose path begins with `prefix`, in no order.
   virtual std::vector<std::string> FilesThatBeginWith(const std::string& prefix) = 0;

@@ -49,12 +49,11 @@ std::size_t ReadToEnd(File& file, std::uint64_t offset, std::span<char> bytes) {
   return got;
 }
 
-std::uint64_t AppendFile(File& from, File& to, std::size_t blockSize) {
+void AppendFile(File& from, File& to, std::size_t blockSize) {
   FileWindow window(from, blockSize);
   while (window.Advance(window.bytes().size())) {
     to.Write(window.bytes());
   }
-  return window.position() + window.bytes().size();
 }
 
 }  // namespace menufile

@@ -57,9 +57,8 @@ class FileWindow {
 // file goes on. Such a short read must not count as the end of a menu.
 std::size_t ReadToEnd(File& file, std::uint64_t offset, std::span<char> bytes);
 
-// Writes all bytes of `from` to `to`, where the next Write() starts. Returns the
-// number of bytes.
-std::uint64_t AppendFile(File& from, File& to, std::size_t blockSize);
+// Writes all bytes of `from` to `to`, where the next Write() starts.
+void AppendFile(File& from, File& to, std::size_t blockSize);
 
 }  // namespace menufile
 

@@ -1,6 +1,8 @@
 #ifndef CORVALIS_MENUFILE_SCRATCH_FILE_H_
 #define CORVALIS_MENUFILE_SCRATCH_FILE_H_
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 #include "menufile/file_system.h"
@@ -14,8 +16,11 @@ inline constexpr const char* kListScratchFile = "temporaryfile";
 inline constexpr const char* kDialogScratchFile = "zoltempfileoktodelete";
 inline constexpr const char* kScratchFiles[] = {kListScratchFile, kDialogScratchFile};
 
-// Deletes the file. A failure is ignored; usually there is no such file.
-void RemoveScratchFile(FileSystem& files, const std::string& path);
+// Deletes the file, unless it has the journal of another change than the one with this
+// serial number: another editor may have written it just now, and it may be the only copy
+// of a menu. A failure is ignored; usually there is no such file.
+void RemoveScratchFile(FileSystem& files, const std::string& path,
+                       std::optional<std::uint64_t> serial = std::nullopt);
 
 }  // namespace menufile
 

@@ -189,7 +189,10 @@ std::unique_ptr<File> MemoryFiles::OpenIfThere(const std::string& path) {
   return OpenStored(path, OpenMode::Read, found == names_.end() ? nullptr : found->second);
 }
 
-void MemoryFiles::Remove(const std::string& path) {
+void MemoryFiles::Remove(const std::string& path, const std::function<bool(File& file)>& mayGo) {
+  if (!mayGo(*Open(path, OpenMode::Read))) {
+    return;
+  }
   if (Begin("remove", path) != Fault::Done::Nothing) {
     const auto found = names_.find(Full(path));
     if (found == names_.end()) {
@@ -199,22 +202,6 @@ void MemoryFiles::Remove(const std::string& path) {
         !found->second->opened.empty()) {
       Refuse(path, "delete the file", "The file cannot be deleted");
     }
-    names_.erase(found);
-  }
-  End(path);
-}
-
-void MemoryFiles::Rename(const std::string& path, const std::string& newPath) {
-  if (Begin("rename to " + newPath + ":", path) != Fault::Done::Nothing) {
-    const auto found = names_.find(Full(path));
-    if (found == names_.end()) {
-      Refuse(path, "rename the file", "There is no such file");
-    }
-    if (heldByOther_.count(Full(path)) || forbiddenToRemove_.count(Full(path)) ||
-        !found->second->opened.empty() || names_.count(Full(newPath)) || newFilesForbidden_) {
-      Refuse(path, "rename the file", "The file cannot be renamed");
-    }
-    names_[Full(newPath)] = found->second;
     names_.erase(found);
   }
   End(path);
@@ -244,8 +231,8 @@ std::uint64_t MemoryFiles::FreeBytes(const std::string& path) {
 }
 
 std::uint64_t MemoryFiles::Now() {
-  static std::uint64_t time = 0;
-  return ++time;
+  static std::uint64_t time = std::uint64_t{1} << 32;
+  return ++time - setBack_;
 }
 
 std::size_t MemoryFiles::LastOf(std::string_view operation, std::string_view path) const {
@@ -260,7 +247,7 @@ std::size_t MemoryFiles::LastOf(std::string_view operation, std::string_view pat
 std::vector<std::string> MemoryFiles::Writes() const {
   std::vector<std::string> writes;
   for (const std::string& operation : log_) {
-    for (const char* kind : {"write ", "truncate ", "flush ", "remove ", "rename "}) {
+    for (const char* kind : {"write ", "truncate ", "flush ", "remove "}) {
       if (operation.starts_with(kind)) {
         writes.push_back(operation);
       }
@@ -324,6 +311,9 @@ Fault::Done MemoryFiles::Begin(const std::string& operation, const std::string& 
   if (ended_) {
     ++operationsAfterEnd_;
     throw ProcessEnded();
+  }
+  if (operation + ' ' + path == before_.first) {
+    std::exchange(before_, {}).second();
   }
   log_.push_back(operation + ' ' + path);
   const std::size_t number = log_.size();

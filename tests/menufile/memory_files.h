@@ -12,6 +12,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "menufile/file_system.h"
@@ -67,7 +68,7 @@ class MemoryFiles final : public FileSystem {
   // Lets another program read the file, so that nobody can write or delete it.
   void HoldByOther(const std::string& path) { heldByOther_.insert(Full(path)); }
   void ReleaseByOther(const std::string& path) { heldByOther_.erase(Full(path)); }
-  // From now on the file can be written, but neither deleted nor renamed.
+  // From now on the file can be written, but not deleted.
   void ForbidRemove(const std::string& path) { forbiddenToRemove_.insert(Full(path)); }
   // From now on the file can be written, but not cut.
   void ForbidTruncate(const std::string& path) { forbiddenToTruncate_.insert(Full(path)); }
@@ -88,13 +89,21 @@ class MemoryFiles final : public FileSystem {
     ended_ = false;
     log_.clear();
   }
+  // Lets another process do this just before the next operation of this kind on this file,
+  // such as "open to read temporaryfile".
+  void Before(const std::string& operation, std::function<void()> run) {
+    before_ = {operation, std::move(run)};
+  }
+  // Sets the clock back, in the units of Now().
+  void SetClockBack(std::uint64_t time) { setBack_ = time; }
+
   // The operations since SetFault(): their number, and each with its file, such as
   // "truncate to 0: C:\\menus\\a.menu".
   std::size_t operations() const { return log_.size(); }
   const std::vector<std::string>& log() const { return log_; }
   // The 1-based number of the last operation of this kind on the file. Throws if there is none.
   std::size_t LastOf(std::string_view operation, std::string_view path) const;
-  // The writes, truncations, flushes, deletions and renamings of the log.
+  // The writes, truncations, flushes and deletions of the log.
   std::vector<std::string> Writes() const;
   // The number of operations that were called after the process had ended.
   std::size_t operationsAfterEnd() const { return operationsAfterEnd_; }
@@ -104,12 +113,12 @@ class MemoryFiles final : public FileSystem {
 
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
   std::unique_ptr<File> OpenIfThere(const std::string& path) override;
-  void Remove(const std::string& path) override;
-  void Rename(const std::string& path, const std::string& newPath) override;
+  void Remove(const std::string& path, const std::function<bool(File& file)>& mayGo) override;
   std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
   std::string Beside(const std::string& path, const std::string& name) override;
   std::uint64_t FreeBytes(const std::string& path) override;
-  // The clock is the same for all objects, since the time does not end with a process.
+  // The clock is the same for all objects that do not set it back, since the time does not
+  // end with a process.
   std::uint64_t Now() override;
   std::size_t BlockSize() const override { return blockSize_; }
 
@@ -147,6 +156,8 @@ class MemoryFiles final : public FileSystem {
   bool faulty_ = false;  // true if the present operation has the fault
   bool ended_ = false;
   std::size_t operationsAfterEnd_ = 0;
+  std::pair<std::string, std::function<void()>> before_;
+  std::uint64_t setBack_ = 0;
   std::vector<std::string> log_;
 };
 

@@ -153,16 +153,11 @@ std::unique_ptr<File> PosixFiles::OpenIfThere(const std::string& path) {
   return access(Full(path).c_str(), F_OK) == 0 ? Open(path, OpenMode::Read) : nullptr;
 }
 
-void PosixFiles::Remove(const std::string& path) {
-  EndIfAsked();
-  Require(unlink(Full(path).c_str()) == 0, path, "delete");
-}
-
-void PosixFiles::Rename(const std::string& path, const std::string& newPath) {
-  EndIfAsked();
-  Require(renameat2(AT_FDCWD, Full(path).c_str(), AT_FDCWD, Full(newPath).c_str(),
-                    RENAME_NOREPLACE) == 0,
-          path, "rename");
+void PosixFiles::Remove(const std::string& path, const std::function<bool(File& file)>& mayGo) {
+  if (mayGo(*Open(path, OpenMode::Change))) {
+    EndIfAsked();
+    Require(unlink(Full(path).c_str()) == 0, path, "delete");
+  }
 }
 
 std::vector<std::string> PosixFiles::FilesThatBeginWith(const std::string& prefix) {

@@ -30,9 +30,8 @@ class PosixFiles final : public FileSystem {
 
   std::unique_ptr<File> Open(const std::string& path, OpenMode mode) override;
   std::unique_ptr<File> OpenIfThere(const std::string& path) override;
-  void Remove(const std::string& path) override;
+  void Remove(const std::string& path, const std::function<bool(File& file)>& mayGo) override;
   std::size_t BlockSize() const override { return blockSize_; }
-  void Rename(const std::string& path, const std::string& newPath) override;
   std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
   std::string Beside(const std::string&, const std::string& name) override { return name; }
   std::uint64_t FreeBytes(const std::string& path) override;

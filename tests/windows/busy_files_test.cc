@@ -89,7 +89,8 @@ class BusyFilesTest : public ListTest {
   void Create() { windowsFiles.Open(path_, OpenMode::Create); }
   void MakeNew() { windowsFiles.Open(path_, OpenMode::New); }
   void Empty() { windowsFiles.Open(path_, OpenMode::Change)->Truncate(0); }
-  void Remove() { windowsFiles.Remove(path_); }
+  void Remove() { windowsFiles.Remove(path_, Always); }
+  static bool Always(menufile::File&) { return true; }
 
  protected:
   const std::string path_ = PathOf("file");
@@ -152,7 +153,7 @@ TEST_F(BusyFilesTest, AreNotWaitedForWhereAccessIsDeniedForGood) {
   for (const std::string& path : {PathOf("read-only"), folder(), std::string("Z:\\proc\\none")}) {
     const milliseconds time = TimeOf([&] {
       EXPECT_THROW(windowsFiles.Open(path, OpenMode::Create), menufile::Failure) << path;
-      EXPECT_THROW(windowsFiles.Remove(path), menufile::Failure) << path;
+      EXPECT_THROW(windowsFiles.Remove(path, Always), menufile::Failure) << path;
     });
     EXPECT_LT(time, milliseconds(400)) << path;
   }

@@ -78,14 +78,9 @@ std::unique_ptr<File> FaultyFiles::OpenIfThere(const std::string& path) {
   return file == nullptr ? nullptr : std::make_unique<FaultyFile>(*this, path, std::move(file));
 }
 
-void FaultyFiles::Remove(const std::string& path) {
+void FaultyFiles::Remove(const std::string& path, const std::function<bool(File& file)>& mayGo) {
   Count(path);
-  files_.Remove(path);
-}
-
-void FaultyFiles::Rename(const std::string& path, const std::string& newPath) {
-  Count(path);
-  files_.Rename(path, newPath);
+  files_.Remove(path, mayGo);
 }
 
 std::vector<std::string> FaultyFiles::FilesThatBeginWith(const std::string& prefix) {

@@ -30,8 +30,8 @@ class FaultyFiles final : public menufile::FileSystem {
 
   std::unique_ptr<menufile::File> Open(const std::string& path, menufile::OpenMode mode) override;
   std::unique_ptr<menufile::File> OpenIfThere(const std::string& path) override;
-  void Remove(const std::string& path) override;
-  void Rename(const std::string& path, const std::string& newPath) override;
+  void Remove(const std::string& path,
+              const std::function<bool(menufile::File& file)>& mayGo) override;
   std::vector<std::string> FilesThatBeginWith(const std::string& prefix) override;
   std::string Beside(const std::string& path, const std::string& name) override {
     return files_.Beside(path, name);

@@ -86,14 +86,19 @@ TEST_F(WindowsFilesTest, ListsTheFilesThatBeginWithAName) {
   EXPECT_TRUE(windowsFiles.FilesThatBeginWith("no\\folder\\none").empty());
 }
 
-TEST_F(WindowsFilesTest, GivesAFileAnotherNameButNeverOneThatIsTaken) {
+TEST_F(WindowsFilesTest, DeletesAFileThatNobodyCanWriteMeanwhile) {
   WriteBytes(PathOf("one"), "1");
-  WriteBytes(PathOf("two"), "2");
-  EXPECT_THROW(windowsFiles.Rename("one", "two"), menufile::Failure);
-  windowsFiles.Rename("one", "three");
+  const auto holds = [this](const std::string& bytes) {
+    return [this, bytes](menufile::File& file) {
+      EXPECT_THROW(windowsFiles.Open("one", menufile::OpenMode::Change), menufile::Failure);
+      return file.ReadAll() == bytes;
+    };
+  };
+  windowsFiles.Remove("one", holds("2"));
+  EXPECT_EQ("1", ReadBytes(PathOf("one")));
+  windowsFiles.Remove("one", holds("1"));
   EXPECT_FALSE(Exists(PathOf("one")));
-  EXPECT_EQ("1", ReadBytes(PathOf("three")));
-  EXPECT_EQ("2", ReadBytes(PathOf("two")));
+  EXPECT_THROW(windowsFiles.Remove("one", holds("1")), menufile::Failure);
 }
 
 TEST_F(WindowsFilesTest, KnowsTheFolderOfAFileAndItsRoom) {
