@@ -14,16 +14,19 @@ namespace {
 
 // Cuts the menu file to the bytes that the change keeps. A failure matters only if
 // the new menu is shorter than the old one: a longer one is written over all of it.
-void MakeRoom(File& menu, const Journal& journal) {
+// Returns true if the menu file holds no other bytes now.
+bool MakeRoom(File& menu, const Journal& journal) {
   if (menu.Size() <= journal.keptSize) {
-    return;
+    return true;
   }
   try {
     menu.Truncate(journal.keptSize);
+    return true;
   } catch (const Failure&) {
     if (menu.Size() > journal.FinishedSize()) {
       throw;
     }
+    return false;
   }
 }
 
@@ -149,11 +152,12 @@ std::unique_ptr<File> MenuFile::OpenScratchFile(const ScratchUse& use) {
   return scratch;
 }
 
-Journal MenuFile::NewJournal(File& menu) const {
+Journal MenuFile::NewJournal(File& menu) {
   Journal journal;
   journal.menu = menu.FullName();
-  // Even if the clock was set back, this change must be the later one.
-  journal.serial = std::max(files_.Now(), std::max(asked_.serial, declined_.serial) + 1);
+  // Even if the clock was set back, this change must be the latest one.
+  latestSerial_ = std::max(files_.Now(), latestSerial_ + 1);
+  journal.serial = latestSerial_;
   return journal;
 }
 
@@ -178,29 +182,29 @@ void MenuFile::Replace(const ScratchUse& use, std::string_view head,
     Journal journal = NewJournal(*menu);
     journal.head = head;
     journal.descriptionSize = size;
-    ReplaceBy(*menu, use.name, *scratch, std::move(journal), sum);
+    ReplaceBy(*menu, use.name, *scratch, journal, sum);
   } catch (const std::exception&) {
     scratch.reset();
     if (use.deletesAfterFailure && !HasUnfinished()) {
-      RemoveScratchFile(files_, use.name);
+      RemoveScratchFile(files_, use.name, latestSerial_);
     }
     throw;
   }
   scratch.reset();
-  RemoveScratchFile(files_, use.name);
+  RemoveScratchFile(files_, use.name, latestSerial_);
 }
 
-void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal journal,
+void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, const Journal& journal,
                          const Checksum& description) {
   const std::uint64_t oldSize = menu.Size();
   const std::uint64_t oldSum = SumOf(menu);
-  bool isDurable = false;
+  bool isDurable = TakeLeft(name, oldSum);
   try {
     WriteJournal(scratch, name, journal, description, files_.BlockSize());
     if (journal.FinishedSize() > oldSize + files_.FreeBytes(path_)) {
       throw Failure(path_, "write the file", "There is not enough space on the disk");
     }
-    isDurable = IsAsLeft(name, oldSum) || MakeDeletionsDurable(name);
+    isDurable = isDurable || MakeDeletionsDurable(name);
   } catch (const std::exception&) {
     DropJournal(scratch, journal);
     // The caller reports a failure, so nobody must finish this change, even if the
@@ -208,9 +212,9 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
     MustNotFinish(journal.serial, oldSum);
     throw;
   }
-  unfinished_ = journal.serial;
+  unfinished_ = Unfinished{journal.serial, false};
   try {
-    MakeRoom(menu, journal);
+    unfinished_->isEmptied = MakeRoom(menu, journal);
   } catch (const std::exception&) {
     if (menu.Size() == oldSize) {  // nothing was cut
       unfinished_.reset();
@@ -221,7 +225,6 @@ void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, Journal jo
   }
   const std::uint64_t newSum = WriteMenu(menu, scratch, path_, journal, files_.BlockSize());
   unfinished_.reset();
-  left_.reset();
   if (isDurable) {
     left_ = Left{name, newSum};
   }
@@ -274,11 +277,11 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
       return;
     }
     scratch.reset();
-    RemoveScratchFile(files_, place);
+    RemoveScratchFile(files_, place, journal.serial);
   };
   try {
     const std::string used = hasJournal ? place : "";
-    if (!IsAsLeft(used, oldSum)) {
+    if (!TakeLeft(used, oldSum)) {
       MakeDeletionsDurable(used);
     }
     menu.Seek(oldSize);
@@ -289,13 +292,12 @@ void MenuFile::AddLines(File& menu, const char* name, const std::string& lines) 
       closeJournal(false);
       MustNotFinish(journal.serial, oldSum);
     } else if (hasJournal) {
-      unfinished_ = journal.serial;
+      unfinished_ = Unfinished{journal.serial, true};
     } else {
       halfLine_ = HalfLine{oldSize, oldSum, lines};
     }
     throw;
   }
-  left_.reset();
   closeJournal(true);
 }
 
@@ -324,17 +326,18 @@ std::unique_ptr<File> MenuFile::OpenJournal(const std::string& name, const Journ
   if (scratch != nullptr) {
     DropJournal(*scratch, journal);
     scratch.reset();
-    RemoveScratchFile(files_, name);
+    RemoveScratchFile(files_, name, journal.serial);
   }
   return nullptr;
 }
 
-// True if the menu file is still as the last change of this object left it, which used the
-// same scratch file and made all deletions durable. If other windows have changed the menu
-// since and changed it back, a start after a power cut may ask about the last of those
-// changes.
-bool MenuFile::IsAsLeft(const std::string& scratchFile, std::uint64_t menuSum) const {
-  return left_ && left_->scratchFile == scratchFile && left_->menuSum == menuSum;
+// Returns true if the menu file is still as the last change of this object left it, which
+// used the same scratch file and made all deletions durable. Forgets that change. Another
+// window may have made a change since that left the same bytes: then a start after a power
+// cut may ask about that one.
+bool MenuFile::TakeLeft(const std::string& scratchFile, std::uint64_t menuSum) {
+  const std::optional<Left> left = std::exchange(left_, std::nullopt);
+  return left && left->scratchFile == scratchFile && left->menuSum == menuSum;
 }
 
 // Makes the deletion of earlier journals durable. A power cut may bring back a file

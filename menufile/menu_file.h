@@ -41,8 +41,8 @@ enum class ChangeResult {
 //   this menu is complete, but not  put aside as "temporaryfile-overtaken-1"; the next
 //   as the journal says             start asks the user
 //   the user said No, or a later    put aside as "temporaryfile-declined-1"; no editor
-//   change was made, or this one    looks there
-//   failed and that was reported
+//   change has been finished, or    looks there
+//   this one was reported as failed
 class MenuFile {
  public:
   // `files` is borrowed. `path` is in the system's ANSI code page.
@@ -88,7 +88,7 @@ class MenuFile {
 
   // Writes `lines` after the last byte of the menu file. If the last line has no line
   // end, it gets one first. The scratch file `name` holds a journal meanwhile, or
-  // a file beside it if that name is taken. There is none if the folder takes no file.
+  // a file beside it if that name is taken. There is no journal if it cannot be written.
   //
   // Throws Failure. The menu file is then unchanged, unless HasUnfinished() is true.
   void Append(const char* name, std::string_view lines);
@@ -121,6 +121,11 @@ class MenuFile {
     std::uint64_t startSum;  // its checksum without them
     std::string lines;
   };
+  // A change of this object that began to write the menu file.
+  struct Unfinished {
+    std::uint64_t serial;
+    bool isEmptied;  // the menu file held only what the change keeps
+  };
   // A change, and the menu file at some time.
   struct Seen {
     std::uint64_t serial = 0;
@@ -138,42 +143,46 @@ class MenuFile {
   std::uint64_t SumOf(File& menu) const;
   std::uint64_t SumOfMenu();
   bool IsReplaced(MenuState state);
-  bool Settle(const Found& found);
+  void Settle(const Found& found);
   bool Finish(const Found& found);
   bool FinishAsked(Found found);
   static bool IsOvertaken(const Found& found);
+  bool IsDeclined(const Found& found) const;
   void FlushMenu();
+  void CleanUpAfter(const Found& finished);
   void Retire(const Found& found);
   std::unique_ptr<File> OpenIfStillThere(const std::string& scratchFile);
   std::unique_ptr<File> OpenWithItsJournal(const Found& found);
-  void RetireCopies(std::uint64_t serial);
   std::string FreeName(const std::string& prefix);
   // Returns the new path; an empty one if the journal is gone.
   std::string PutAside(const Place& place, const char* infix);
-  // Returns true if the lines turned out to be complete.
-  bool TakeBackHalfLine();
+  void TakeBackHalfLine();
   void MustNotFinish(std::uint64_t serial, std::uint64_t menuSum);
 
   // menufile/menu_file.cc
   std::unique_ptr<File> OpenScratchFile(const ScratchUse& use);
-  void ReplaceBy(File& menu, const char* name, File& scratch, Journal journal,
+  void ReplaceBy(File& menu, const char* name, File& scratch, const Journal& journal,
                  const Checksum& description);
   void AddLines(File& menu, const char* name, const std::string& lines);
-  Journal NewJournal(File& menu) const;
+  Journal NewJournal(File& menu);
   std::string PlaceForJournal(const std::string& name);
   std::unique_ptr<File> OpenJournal(const std::string& name, const Journal& journal);
-  bool IsAsLeft(const std::string& scratchFile, std::uint64_t menuSum) const;
+  bool TakeLeft(const std::string& scratchFile, std::uint64_t menuSum);
   bool MakeDeletionsDurable(const std::string& used);
   bool FlushScratchFile(const std::string& name);
 
   FileSystem& files_;
   std::string path_;
   Seen asked_;  // what WasCutShort() found
-  // Do not finish this change, or one before it, while the menu file has this checksum: the
-  // user said No, or it has been finished, or it failed and that was reported. If the menu
-  // file has changed since, another window may have begun to finish it.
+  // No change with this serial or a lower one is finished while the menu file has this
+  // checksum: the user said No, or it has been finished, or it failed and that was
+  // reported. If the menu file has changed since, another window may have begun to finish
+  // it.
   Seen declined_;
-  std::optional<std::uint64_t> unfinished_;  // the serial of this object's interrupted change
+  std::uint64_t latestSerial_ = 0;  // the highest one seen or given
+  // True if the menu file may have been written since the window loaded it.
+  bool mustLoadAgain_ = false;
+  std::optional<Unfinished> unfinished_;
   std::optional<HalfLine> halfLine_;
   std::optional<Left> left_;
 };

@@ -2,7 +2,7 @@
 // and before each change.
 #include <algorithm>
 #include <iterator>
-#include <set>
+#include <utility>
 
 #include "menufile/failure.h"
 #include "menufile/file_window.h"
@@ -91,16 +91,25 @@ std::vector<MenuFile::Place> MenuFile::FilesToLookAt(bool mayFail) {
 std::vector<MenuFile::Found> MenuFile::FindJournals(bool mayFail) {
   std::vector<Found> found;
   // A file has two paths here if the menu stands in the current directory.
-  std::set<std::string> names;
+  std::vector<std::string> names;
   for (const Place& place : FilesToLookAt(mayFail)) {
     try {
       const std::unique_ptr<File> file = files_.OpenIfThere(place.file);
-      if (file == nullptr || !names.insert(file->FullName()).second) {
+      if (file == nullptr) {
         continue;
       }
+      std::string name = file->FullName();
+      if (std::find(names.begin(), names.end(), name) != names.end()) {
+        continue;
+      }
+      names.push_back(std::move(name));
       std::optional<Journal> journal = ReadJournal(*file, files_.BlockSize());
       if (journal && journal->menu == MenuName()) {
-        found.push_back({place, std::move(*journal)});
+        latestSerial_ = std::max(latestSerial_, journal->serial);
+        const auto earlier = std::find_if(found.begin(), found.end(), [&](const Found& other) {
+          return other.journal.serial < journal->serial;
+        });
+        found.insert(earlier, {place, std::move(*journal)});
       }
     } catch (const Failure&) {
       if (!mayFail) {
@@ -108,9 +117,6 @@ std::vector<MenuFile::Found> MenuFile::FindJournals(bool mayFail) {
       }
     }
   }
-  std::sort(found.begin(), found.end(), [](const Found& left, const Found& right) {
-    return left.journal.serial > right.journal.serial;
-  });
   return found;
 }
 
@@ -134,7 +140,13 @@ bool MenuFile::IsReplaced(MenuState state) {
 }
 
 bool MenuFile::WasCutShort() {
+  bool isFinished = false;
   for (const Found& found : FindJournals(true)) {
+    // A power cut may bring back journals of changes before the finished one. A change
+    // that was overtaken is different: the user has not been asked about it.
+    if (isFinished && !IsOvertaken(found)) {
+      continue;
+    }
     try {
       const MenuState state = StateBy(found);
       if (CanBeFinished(state)) {
@@ -142,8 +154,8 @@ bool MenuFile::WasCutShort() {
         return true;
       }
       if (state == MenuState::Finished) {
-        Retire(found);
-        return false;  // the menu is as the latest journal says: do not ask for earlier ones
+        isFinished = true;
+        CleanUpAfter(found);
       }
     } catch (const Failure&) {
     }
@@ -158,12 +170,12 @@ void MenuFile::AnswerYes() {
       continue;  // it was a copy, and was deleted with the other one
     }
     if (isFinished) {
-      PutAside(found.place, kDeclined);  // an earlier change, overtaken by now
+      PutAside(found.place, kDeclined);  // the user wants the later change
       continue;
     }
     const MenuState state = StateBy(found);
     if (state == MenuState::Finished) {
-      Retire(found);
+      CleanUpAfter(found);
     }
     if (IsReplaced(state) && SumOfMenu() != asked_.menuSum) {
       PutAside(found.place, kOvertaken);  // the user answered about the menu before it
@@ -171,6 +183,7 @@ void MenuFile::AnswerYes() {
     }
     isFinished = state == MenuState::Finished || (CanBeFinished(state) && FinishAsked(found));
   }
+  mustLoadAgain_ = false;  // the window has not loaded the menu yet
 }
 
 // If the journal was put aside as overtaken, it gets an ordinary name first. Otherwise
@@ -183,12 +196,12 @@ bool MenuFile::FinishAsked(Found found) {
 }
 
 bool MenuFile::FinishEarlier() {
-  bool isFinished = TakeBackHalfLine();
+  TakeBackHalfLine();
   // A change made after an interrupted one would be lost when that one is finished. So
   // a scratch file that cannot be read stops the new change.
   for (const Found& found : FindJournals(false)) {
     if (files_.OpenIfThere(found.place.file) != nullptr) {
-      isFinished = Settle(found) || isFinished;
+      Settle(found);
     }
   }
   if (unfinished_) {
@@ -198,9 +211,9 @@ bool MenuFile::FinishEarlier() {
                     "Its last change was cut short, and what it takes to finish it is gone");
     }
     unfinished_.reset();
-    isFinished = true;
+    mustLoadAgain_ = true;
   }
-  return isFinished;
+  return std::exchange(mustLoadAgain_, false);
 }
 
 void MenuFile::MustNotFinish(std::uint64_t serial, std::uint64_t menuSum) {
@@ -212,34 +225,43 @@ bool MenuFile::IsOvertaken(const Found& found) {
   return found.place.file.find(kOvertaken, found.place.scratchFile.size()) != std::string::npos;
 }
 
-// Finishes the change of a journal of this menu, or puts the journal aside. Returns
-// true if the change is finished now.
-bool MenuFile::Settle(const Found& found) {
+// True if the change was declined, for the menu file as it was then. If a later one was,
+// that counts too, but not for a change that was overtaken: the menu has not been made by it.
+bool MenuFile::IsDeclined(const Found& found) const {
   const std::uint64_t serial = found.journal.serial;
+  return IsOvertaken(found) ? serial == declined_.serial : serial <= declined_.serial;
+}
+
+// Finishes the change of a journal of this menu, or puts the journal aside.
+void MenuFile::Settle(const Found& found) {
+  const std::uint64_t serial = found.journal.serial;
+  const bool isOwn = unfinished_ && unfinished_->serial == serial;
   const MenuState state = StateBy(found);
   if (state == MenuState::Finished) {
-    Retire(found);
-    MustNotFinish(serial, SumOfMenu());
-    const bool isOwn = unfinished_ == serial;
     if (isOwn) {
+      mustLoadAgain_ = true;
       unfinished_.reset();
     }
-    return isOwn;
+    CleanUpAfter(found);
+    MustNotFinish(serial, SumOfMenu());
+    return;
   }
-  const bool isDeclined = serial <= declined_.serial && SumOfMenu() == declined_.menuSum;
-  if (isDeclined || state == MenuState::Replaced) {
+  if (state == MenuState::Replaced || (IsDeclined(found) && SumOfMenu() == declined_.menuSum)) {
     FlushMenu();
     PutAside(found.place, kDeclined);
-    return false;
+    return;
   }
   if (IsOvertaken(found)) {
-    return false;  // the next start asks the user
+    return;  // the next start asks the user
   }
-  if (IsReplaced(state) && unfinished_ != serial) {
+  // A menu that could not be emptied may have the beginning of the new one and the end of
+  // the old one, and be complete.
+  const bool isMixed = isOwn && !unfinished_->isEmptied;
+  if (IsReplaced(state) && !isMixed) {
     PutAside(found.place, kOvertaken);
-    return false;
+    return;
   }
-  return Finish(found);
+  Finish(found);
 }
 
 // Returns nullptr if the file is gone: another editor has ended the change of its
@@ -277,23 +299,35 @@ bool MenuFile::Finish(const Found& found) {
     scratch->Flush();
     left_.reset();
     MakeDeletionsDurable(found.place.file);
+    mustLoadAgain_ = true;
     WriteMenu(*menu, *scratch, path_, found.journal, files_.BlockSize());
-    DropJournal(*scratch, found.journal);
     MustNotFinish(found.journal.serial, SumOf(*menu));
   }
-  if (unfinished_ == found.journal.serial) {
+  if (unfinished_ && unfinished_->serial == found.journal.serial) {
     unfinished_.reset();
   }
-  RemoveScratchFile(files_, found.place.file);
-  RetireCopies(found.journal.serial);
+  try {
+    CleanUpAfter(found);
+  } catch (const Failure&) {
+    // The menu file is as this journal says, so the next look at it ends here, too.
+  }
   return true;
 }
 
-// Retires the copies of a journal. PutAside() leaves a copy if it is interrupted.
-void MenuFile::RetireCopies(std::uint64_t serial) {
-  for (const Found& copy : FindJournals(true)) {
-    if (copy.journal.serial == serial) {
-      Retire(copy);
+// Ends the journals that a finished change leaves. Earlier ones go first: without the
+// latest one, a start would ask about them. PutAside() leaves a copy of a journal if it
+// is interrupted, so there may be several of this one.
+void MenuFile::CleanUpAfter(const Found& finished) {
+  FlushMenu();
+  const std::vector<Found> journals = FindJournals(false);
+  for (const Found& found : journals) {
+    if (found.journal.serial < finished.journal.serial && !IsOvertaken(found)) {
+      PutAside(found.place, kDeclined);
+    }
+  }
+  for (const Found& found : journals) {
+    if (found.journal.serial == finished.journal.serial) {
+      Retire(found);
     }
   }
 }
@@ -304,7 +338,6 @@ void MenuFile::FlushMenu() { files_.Open(path_, OpenMode::Change)->Flush(); }
 // Deletes a scratch file whose journal is no longer needed. Its journal is cut off
 // first, in case the file cannot be deleted.
 void MenuFile::Retire(const Found& found) {
-  FlushMenu();
   {
     const std::unique_ptr<File> scratch = OpenWithItsJournal(found);
     if (scratch == nullptr) {
@@ -353,27 +386,26 @@ std::string MenuFile::PutAside(const Place& place, const char* infix) {
   return aside;
 }
 
-bool MenuFile::TakeBackHalfLine() {
+void MenuFile::TakeBackHalfLine() {
   if (!halfLine_) {
-    return false;
+    return;
   }
-  bool isWhole = false;
   const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
   const std::uint64_t size = menu->Size();
   if (size > halfLine_->start &&
       SumOfFirst(*menu, halfLine_->start, files_.BlockSize()) == halfLine_->startSum) {
-    // Cut off only what is a prefix of the lines: another window may have written the
-    // menu since.
+    // Cut off only a prefix of the lines that ends inside a line: another window may have
+    // written the menu since, and even have added the same entry.
     std::string rest(static_cast<std::size_t>(size - halfLine_->start), '\0');
     ReadToEnd(*menu, halfLine_->start, rest);
-    isWhole = rest == halfLine_->lines;
-    if (!isWhole && halfLine_->lines.starts_with(rest)) {
+    if (rest.ends_with("\r\n")) {
+      mustLoadAgain_ = true;
+    } else if (halfLine_->lines.starts_with(rest)) {
       menu->Truncate(halfLine_->start);
       menu->Flush();
     }
   }
   halfLine_.reset();
-  return isWhole;
 }
 
 }  // namespace menufile

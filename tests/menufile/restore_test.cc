@@ -314,8 +314,8 @@ TEST(CutShort, IsNotFinishedOverAMenuThatCameAfterTheQuestion) {
   EXPECT_TRUE(IsAsked(*cut.next)) << "about that menu";
 }
 
-// Another program reads the scratch file, so that it cannot be renamed.
-TEST(CutShort, IsCopiedAsideWhereItCannotBeRenamed) {
+// Another program reads the scratch file, so that it cannot be deleted.
+TEST(CutShort, IsCopiedAsideWhereItCannotBeDeleted) {
   Cut cut;
   cut.next->ForbidRemove("zoltempfileoktodelete");
   cut.next->Put(kOther, UserMenu(3));
@@ -327,7 +327,7 @@ TEST(CutShort, IsCopiedAsideWhereItCannotBeRenamed) {
   EXPECT_EQ(cut.finished, FinishedByTheNextStart(*cut.next));
 }
 
-TEST(CutShort, StaysWhereItCanNeitherBeRenamedNorCopied) {
+TEST(CutShort, StaysWhereNobodyCanWriteIt) {
   Cut cut;
   cut.next->HoldByOther("zoltempfileoktodelete");
   cut.next->Put(kOther, UserMenu(3));
