@@ -161,6 +161,7 @@ class FullDiskTest : public FailingChangesTest {
     StartAndFill(old);
     for (int i = 0; i < 2; ++i) {
       AnswerYes(kUpgradeQuestion);
+      WaitForDialog("Query?");  // the program has tried by now
       ExpectMenu(old);
     }
     FreeDisk();
