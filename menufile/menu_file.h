@@ -132,13 +132,15 @@ class MenuFile {
     std::uint64_t menuSum = 0;  // the checksum of the whole menu file
   };
 
-  // menufile/restore.cc
+  // menufile/find_journals.cc
   std::string MenuName();
   std::vector<std::string> PlacesToLook();
   std::vector<Place> FilesToLookAt(bool mayFail);
   // All journals of this menu, the latest first. Journals with the same serial are
   // copies. If `mayFail` is true, files that cannot be read are skipped.
   std::vector<Found> FindJournals(bool mayFail);
+
+  // menufile/restore.cc
   MenuState StateBy(const Found& found);
   std::uint64_t SumOf(File& menu) const;
   std::uint64_t SumOfMenu();

@@ -1,7 +1,6 @@
 // Finishes interrupted changes, and puts journals aside: at the start of the program
 // and before each change.
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "menufile/failure.h"
@@ -12,9 +11,6 @@
 
 namespace menufile {
 namespace {
-
-constexpr const char* kOvertaken = "-overtaken-";
-constexpr const char* kDeclined = "-declined-";
 
 // A power cut may leave zeros in a file. No text of a menu has any.
 bool HasZeros(File& file, std::uint64_t offset, std::size_t blockSize) {
@@ -55,70 +51,6 @@ bool CanBeFinished(MenuState state) {
 }
 
 }  // namespace
-
-std::string MenuFile::MenuName() { return files_.Open(path_, OpenMode::Read)->FullName(); }
-
-// The scratch files in the current directory and in the folder of the menu file.
-std::vector<std::string> MenuFile::PlacesToLook() {
-  std::vector<std::string> paths(std::begin(kScratchFiles), std::end(kScratchFiles));
-  for (const char* name : kScratchFiles) {
-    if (const std::string path = files_.Beside(path_, name); path != name) {
-      paths.push_back(path);
-    }
-  }
-  return paths;
-}
-
-// All files that may hold a journal which somebody may want to finish.
-std::vector<MenuFile::Place> MenuFile::FilesToLookAt(bool mayFail) {
-  std::vector<Place> places;
-  for (const std::string& scratchFile : PlacesToLook()) {
-    try {
-      for (std::string& path : files_.FilesThatBeginWith(scratchFile)) {
-        if (path.find(kDeclined, scratchFile.size()) == std::string::npos) {
-          places.push_back({std::move(path), scratchFile});
-        }
-      }
-    } catch (const Failure&) {
-      if (!mayFail) {
-        throw;
-      }
-    }
-  }
-  return places;
-}
-
-std::vector<MenuFile::Found> MenuFile::FindJournals(bool mayFail) {
-  std::vector<Found> found;
-  // A file has two paths here if the menu stands in the current directory.
-  std::vector<std::string> names;
-  for (const Place& place : FilesToLookAt(mayFail)) {
-    try {
-      const std::unique_ptr<File> file = files_.OpenIfThere(place.file);
-      if (file == nullptr) {
-        continue;
-      }
-      std::string name = file->FullName();
-      if (std::find(names.begin(), names.end(), name) != names.end()) {
-        continue;
-      }
-      names.push_back(std::move(name));
-      std::optional<Journal> journal = ReadJournal(*file, files_.BlockSize());
-      if (journal && journal->menu == MenuName()) {
-        latestSerial_ = std::max(latestSerial_, journal->serial);
-        const auto earlier = std::find_if(found.begin(), found.end(), [&](const Found& other) {
-          return other.journal.serial < journal->serial;
-        });
-        found.insert(earlier, {place, std::move(*journal)});
-      }
-    } catch (const Failure&) {
-      if (!mayFail) {
-        throw;
-      }
-    }
-  }
-  return found;
-}
 
 MenuState MenuFile::StateBy(const Found& found) {
   const std::unique_ptr<File> scratch = files_.Open(found.place.file, OpenMode::Read);

@@ -16,6 +16,10 @@ inline constexpr const char* kListScratchFile = "temporaryfile";
 inline constexpr const char* kDialogScratchFile = "zoltempfileoktodelete";
 inline constexpr const char* kScratchFiles[] = {kListScratchFile, kDialogScratchFile};
 
+// Parts of the names of scratch files that were put aside (menufile/menu_file.h).
+inline constexpr const char* kOvertaken = "-overtaken-";
+inline constexpr const char* kDeclined = "-declined-";
+
 // Deletes the file, unless it has the journal of another change than the one with this
 // serial number: another editor may have written it just now, and it may be the only copy
 // of a menu. A failure is ignored; usually there is no such file.
