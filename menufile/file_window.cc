@@ -35,6 +35,9 @@ bool FileWindow::Advance(std::size_t count) {
     return false;
   }
   const std::size_t got = ReadToEnd(file_, readTo_, {current_.bytes.get() + size_, wanted});
+  if (sum_ != nullptr) {
+    sum_->Add({current_.bytes.get() + size_, got});
+  }
   moreFollows_ = got == wanted;
   readTo_ += got;
   size_ += got;

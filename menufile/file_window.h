@@ -7,6 +7,7 @@
 #include <span>
 #include <string_view>
 
+#include "menufile/checksum.h"
 #include "menufile/file_system.h"
 
 namespace menufile {
@@ -25,6 +26,9 @@ class FileWindow {
 
   // The number of bytes dropped so far.
   std::uint64_t position() const { return position_; }
+
+  // Adds all bytes that are read from now on to `sum`, which is borrowed.
+  void AddTo(Checksum& sum) { sum_ = &sum; }
 
   // True if the file may have bytes after these.
   bool MoreFollows() const { return moreFollows_; }
@@ -51,6 +55,7 @@ class FileWindow {
   std::uint64_t position_ = 0;
   std::uint64_t readTo_;
   bool moreFollows_ = true;
+  Checksum* sum_ = nullptr;
 };
 
 // Reads as File::Read() does, but throws Failure if fewer bytes came although the

@@ -162,14 +162,15 @@ Journal MenuFile::NewJournal(File& menu) {
 }
 
 void MenuFile::Replace(const ScratchUse& use, std::string_view head,
-                       const std::function<void(File& menu, BlockWriter& description)>& write) {
+                       const DescriptionWriter& write) {
   FreeScratchFile(use.name, use.deletesFirst);
   const std::unique_ptr<File> menu = files_.Open(path_, OpenMode::Change);
   std::unique_ptr<File> scratch = OpenScratchFile(use);
   try {
     BlockWriter out(*scratch, files_.BlockSize());
+    std::optional<std::uint64_t> oldSum;
     try {
-      write(*menu, out);
+      oldSum = write(*menu, out);
     } catch (const Failure&) {
       out.WriteRest();
       throw;
@@ -182,7 +183,7 @@ void MenuFile::Replace(const ScratchUse& use, std::string_view head,
     Journal journal = NewJournal(*menu);
     journal.head = head;
     journal.descriptionSize = size;
-    ReplaceBy(*menu, use.name, *scratch, journal, sum);
+    ReplaceBy(*menu, use.name, *scratch, journal, sum, oldSum ? *oldSum : SumOf(*menu));
   } catch (const std::exception&) {
     scratch.reset();
     if (use.deletesAfterFailure && !HasUnfinished()) {
@@ -195,9 +196,8 @@ void MenuFile::Replace(const ScratchUse& use, std::string_view head,
 }
 
 void MenuFile::ReplaceBy(File& menu, const char* name, File& scratch, const Journal& journal,
-                         const Checksum& description) {
+                         const Checksum& description, std::uint64_t oldSum) {
   const std::uint64_t oldSize = menu.Size();
-  const std::uint64_t oldSum = SumOf(menu);
   bool isDurable = TakeLeft(name, oldSum);
   try {
     WriteJournal(scratch, name, journal, description, files_.BlockSize());

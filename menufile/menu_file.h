@@ -77,14 +77,18 @@ class MenuFile {
     bool deletesAfterFailure = false;
   };
 
-  // Calls `write`, which reads the menu file and writes the description of the new
-  // menu into the scratch file. Then empties the menu file, writes `head` and the
-  // description to it, and deletes the scratch file.
+  // Reads the menu file and writes the description of the new menu into the scratch file.
+  // Returns the checksum of the menu file if it has read all of it: that saves reading it
+  // once more.
+  using DescriptionWriter =
+      std::function<std::optional<std::uint64_t>(File& menu, BlockWriter& description)>;
+
+  // Calls `write`. Then empties the menu file, writes `head` and the description to it, and
+  // deletes the scratch file.
   //
   // Throws Failure. The menu file is then unchanged, unless HasUnfinished() is true:
   // then the scratch file holds a journal of the new menu.
-  void Replace(const ScratchUse& scratch, std::string_view head,
-               const std::function<void(File& menu, BlockWriter& description)>& write);
+  void Replace(const ScratchUse& scratch, std::string_view head, const DescriptionWriter& write);
 
   // Writes `lines` after the last byte of the menu file. If the last line has no line
   // end, it gets one first. The scratch file `name` holds a journal meanwhile, or
@@ -164,7 +168,7 @@ class MenuFile {
   // menufile/menu_file.cc
   std::unique_ptr<File> OpenScratchFile(const ScratchUse& use);
   void ReplaceBy(File& menu, const char* name, File& scratch, const Journal& journal,
-                 const Checksum& description);
+                 const Checksum& description, std::uint64_t oldSum);
   void AddLines(File& menu, const char* name, const std::string& lines);
   Journal NewJournal(File& menu);
   std::string PlaceForJournal(const std::string& name);

@@ -1,6 +1,7 @@
 #include "menufile/rewrite.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "menufile/block_writer.h"
@@ -64,10 +65,15 @@ void CopyPicture(MenuReader& reader, File& menu, BlockWriter& out) {
   }
 }
 
-// Writes the description: the whole menu, or what comes after a new picture.
-void WriteDescription(File& file, const std::string& path, const MenuChange& change,
-                      std::size_t blockSize, BlockWriter& out) {
+// Writes the description: the whole menu, or what comes after a new picture. Returns the
+// checksum of the old menu if it has read all of it. Only a change that drops the records
+// does not.
+std::optional<std::uint64_t> WriteDescription(File& file, const std::string& path,
+                                              const MenuChange& change, std::size_t blockSize,
+                                              BlockWriter& out) {
+  Checksum sum;
   FileWindow window(file, blockSize);
+  window.AddTo(sum);
   MenuReader reader(window, path,
                     change.errorMode == ErrorMode::Ignores ? MenuReader::PastEnd::LeavesEmpty
                                                            : MenuReader::PastEnd::Throws);
@@ -78,6 +84,7 @@ void WriteDescription(File& file, const std::string& path, const MenuChange& cha
     CopyPicture(reader, file, out);
   }
   MenuWriter(reader, out).Run(change);
+  return window.MoreFollows() ? std::nullopt : std::optional(sum.value());
 }
 
 }  // namespace
@@ -94,7 +101,8 @@ ChangeResult RewriteMenuFile(MenuFile& menu, const MenuChange& change) {
     }
     menu.Replace({change.scratchFile, change.deleteScratchFirst, ignoresFailures},
                  change.picture.value_or(std::string()), [&](File& file, BlockWriter& out) {
-                   WriteDescription(file, menu.path(), change, menu.files().BlockSize(), out);
+                   return WriteDescription(file, menu.path(), change, menu.files().BlockSize(),
+                                           out);
                  });
     return ChangeResult::Made;
   } catch (const Failure&) {

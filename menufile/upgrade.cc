@@ -1,6 +1,7 @@
 #include "menufile/upgrade.h"
 
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "menufile/failure.h"
@@ -24,6 +25,7 @@ void UpgradeMenuFile(MenuFile& menu, std::string_view picture) {
         throw Failure(menu.path(), "convert the file", "It has a marker line by now");
       }
       out.Copy(file, 0, std::numeric_limits<std::uint64_t>::max());
+      return std::nullopt;
     });
   } catch (const Failure&) {
     if (menu.HasUnfinished()) {
