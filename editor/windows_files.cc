@@ -242,8 +242,7 @@ std::unique_ptr<menufile::File> WindowsFileSystem::Open(const std::string& path,
 
 void WindowsFileSystem::Remove(const std::string& path,
                                const std::function<bool(menufile::File& file)>& mayGo) {
-  // Stop if another editor writes the file meanwhile: it may then be the only copy of a
-  // menu.
+  // Do not try again after another editor has written the file: it is in use.
   const auto before = LastWriteTo(path);
   const std::wstring name = win32::ToText(path);
   const auto remove = [&] {
@@ -253,8 +252,15 @@ void WindowsFileSystem::Remove(const std::string& path,
     if (handle == INVALID_HANDLE_VALUE) {
       return false;
     }
-    WindowsFile file(path, handle);  // while it is open, nobody can write the file
-    return !mayGo(file) || DeleteFileW(name.c_str()) != FALSE;
+    DWORD error = ERROR_SUCCESS;
+    {
+      WindowsFile file(path, handle);  // while it is open, nobody can write the file
+      if (mayGo(file) && !DeleteFileW(name.c_str())) {
+        error = GetLastError();
+      }
+    }
+    SetLastError(error);
+    return error == ERROR_SUCCESS;
   };
   if (!TryWhile(path, remove, [&](DWORD) { return LastWriteTo(path) == before; })) {
     Fail(path, "delete the file");

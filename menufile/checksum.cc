@@ -11,8 +11,8 @@ namespace {
 // into many bits of the product, and two different words give different products.
 constexpr std::uint64_t kSpread = 0xD6E8FEB86659FD93;
 
-// The product has its best spread bits at its upper end, so they move to the lower end
-// for the next multiplication.
+// The upper half of a product is mixed best. It becomes the lower half, which the next
+// multiplication spreads.
 constexpr std::uint64_t Mix(std::uint64_t sum, std::uint64_t word) {
   return std::rotl((sum ^ word) * kSpread, 32);
 }

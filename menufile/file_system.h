@@ -78,8 +78,8 @@ class FileSystem {
   // if a folder has that name. A file that cannot be opened is a failure.
   virtual std::unique_ptr<File> OpenIfThere(const std::string& path) = 0;
 
-  // Deletes the file if `mayGo` returns true for it, and nobody can write it in between.
-  // It is a failure if there is none.
+  // Keeps others from writing the file, calls `mayGo`, and deletes the file if that returns
+  // true. It is a failure if there is none.
   virtual void Remove(const std::string& path, const std::function<bool(File& file)>& mayGo) = 0;
 
   // The paths of all files whose path begins with `prefix`, in no order.

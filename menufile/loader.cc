@@ -26,7 +26,7 @@ bool LoadMenuFile(MenuFile& menu, std::string_view defaultPicture, MenuView& vie
     menu.FinishEarlier();
   }
   for (;;) {
-    const std::string bytes = menu.files().Open(menu.path(), OpenMode::Read)->ReadAll();
+    const std::string bytes = menu.Load();
     MenuReader reader(bytes, menu.path());
     if (reader.SkipMarkerLine()) {
       ShowMenu(reader, view);

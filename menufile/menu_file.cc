@@ -99,7 +99,7 @@ bool DropJournal(File& scratch, const Journal& journal) {
 }
 
 void MenuFile::FreeScratchFile(const char* name, bool deletes) {
-  bool hasJournal = false;
+  std::optional<Journal> journal;
   bool holdsMenu = false;
   {
     const std::unique_ptr<File> scratch = files_.OpenIfThere(name);
@@ -110,16 +110,15 @@ void MenuFile::FreeScratchFile(const char* name, bool deletes) {
     if (scratch->FullName() == menuName) {
       throw Failure(path_, "change the file", "It has the name of a scratch file");
     }
-    const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
-    hasJournal = journal.has_value();
-    if (hasJournal && journal->menu == menuName) {
+    journal = ReadJournal(*scratch, files_.BlockSize());
+    if (journal && journal->menu == menuName) {
       // It came after FinishEarlier() looked, or could not be read then.
       throw Failure(path_, "change the file", "Another change to it has not ended");
     }
     holdsMenu = HasMarkerLine(*scratch, files_.BlockSize());
   }
-  if (hasJournal) {
-    PutAside({name, name}, "-");
+  if (journal) {
+    PutAside({{name, name}, std::move(*journal)}, "-");
   } else if (deletes || holdsMenu) {
     RemoveScratchFile(files_, name);
   }

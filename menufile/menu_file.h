@@ -40,9 +40,11 @@ enum class ChangeResult {
 //                                   finds it there
 //   this menu is complete, but not  put aside as "temporaryfile-overtaken-1"; the next
 //   as the journal says             start asks the user
-//   the user said No, or a later    put aside as "temporaryfile-declined-1"; no editor
-//   change has been finished, or    looks there
-//   this one was reported as failed
+//   the user said No, or this       put aside as "temporaryfile-declined-1"; no editor
+//   change was reported as failed,  looks there
+//   or a later one has been
+//   finished, and this one was not
+//   overtaken
 class MenuFile {
  public:
   // `files` is borrowed. `path` is in the system's ANSI code page.
@@ -59,10 +61,14 @@ class MenuFile {
   // unless another window has done so meanwhile, or the menu file has been replaced by
   // another complete menu. Throws Failure if that fails.
   void AnswerYes();
-  void AnswerNo() { declined_ = asked_; }
+  void AnswerNo() { saidNo_ = asked_; }
 
-  // Called before each change. Returns true if it finished an earlier change: the
-  // window then has to load the menu again. Throws Failure if that fails.
+  // All bytes of the menu file, for the window to show. Throws Failure.
+  std::string Load();
+
+  // Called before each change. Finishes earlier changes that were interrupted. Returns true
+  // if the window has to load the menu again: this call, or one before it that failed, has
+  // finished a change. Throws Failure if that fails.
   bool FinishEarlier();
   // True if a change of this window began to write the menu file and did not complete
   // it.
@@ -128,7 +134,8 @@ class MenuFile {
   // A change of this object that began to write the menu file.
   struct Unfinished {
     std::uint64_t serial;
-    bool isEmptied;  // the menu file held only what the change keeps
+    // False if the menu file may hold the beginning of the new menu and the end of the old.
+    bool isEmptied;
   };
   // A change, and the menu file at some time.
   struct Seen {
@@ -153,7 +160,7 @@ class MenuFile {
   bool Finish(const Found& found);
   bool FinishAsked(Found found);
   static bool IsOvertaken(const Found& found);
-  bool IsDeclined(const Found& found) const;
+  bool IsDeclined(const Found& found);
   void FlushMenu();
   void CleanUpAfter(const Found& finished);
   void Retire(const Found& found);
@@ -161,7 +168,7 @@ class MenuFile {
   std::unique_ptr<File> OpenWithItsJournal(const Found& found);
   std::string FreeName(const std::string& prefix);
   // Returns the new path; an empty one if the journal is gone.
-  std::string PutAside(const Place& place, const char* infix);
+  std::string PutAside(const Found& found, const char* infix);
   void TakeBackHalfLine();
   void MustNotFinish(std::uint64_t serial, std::uint64_t menuSum);
 
@@ -180,13 +187,12 @@ class MenuFile {
   FileSystem& files_;
   std::string path_;
   Seen asked_;  // what WasCutShort() found
-  // No change with this serial or a lower one is finished while the menu file has this
-  // checksum: the user said No, or it has been finished, or it failed and that was
-  // reported. If the menu file has changed since, another window may have begun to finish
-  // it.
-  Seen declined_;
+  // FinishEarlier() does not finish these changes while the menu file has these checksums.
+  // If the menu file has changed since, another window may have begun to finish one.
+  Seen saidNo_;
+  Seen ended_;  // the last change that was finished, or that was reported as failed
   std::uint64_t latestSerial_ = 0;  // the highest one seen or given
-  // True if the menu file may have been written since the window loaded it.
+  // True if this object began to finish a change and the window has not loaded the menu since.
   bool mustLoadAgain_ = false;
   std::optional<Unfinished> unfinished_;
   std::optional<HalfLine> halfLine_;

@@ -74,8 +74,8 @@ bool MenuFile::IsReplaced(MenuState state) {
 bool MenuFile::WasCutShort() {
   bool isFinished = false;
   for (const Found& found : FindJournals(true)) {
-    // A power cut may bring back journals of changes before the finished one. A change
-    // that was overtaken is different: the user has not been asked about it.
+    // An earlier journal came back after a power cut, and its change was made. A change that
+    // was overtaken was not made, and the user has not been asked about it.
     if (isFinished && !IsOvertaken(found)) {
       continue;
     }
@@ -102,7 +102,7 @@ void MenuFile::AnswerYes() {
       continue;  // it was a copy, and was deleted with the other one
     }
     if (isFinished) {
-      PutAside(found.place, kDeclined);  // the user wants the later change
+      PutAside(found, kDeclined);  // the user wants the later change
       continue;
     }
     const MenuState state = StateBy(found);
@@ -110,21 +110,28 @@ void MenuFile::AnswerYes() {
       CleanUpAfter(found);
     }
     if (IsReplaced(state) && SumOfMenu() != asked_.menuSum) {
-      PutAside(found.place, kOvertaken);  // the user answered about the menu before it
+      PutAside(found, kOvertaken);  // the user answered about the menu before it
       return;
     }
-    isFinished = state == MenuState::Finished || (CanBeFinished(state) && FinishAsked(found));
+    const bool isAsked = found.journal.serial == asked_.serial;
+    isFinished =
+        state == MenuState::Finished ? isAsked : CanBeFinished(state) && FinishAsked(found);
   }
-  mustLoadAgain_ = false;  // the window has not loaded the menu yet
 }
 
 // If the journal was put aside as overtaken, it gets an ordinary name first. Otherwise
 // other windows would not finish the change if this one cannot.
 bool MenuFile::FinishAsked(Found found) {
   if (IsOvertaken(found)) {
-    found.place.file = PutAside(found.place, "-");
+    found.place.file = PutAside(found, "-");
   }
   return !found.place.file.empty() && Finish(found);
+}
+
+std::string MenuFile::Load() {
+  std::string bytes = files_.Open(path_, OpenMode::Read)->ReadAll();
+  mustLoadAgain_ = false;
+  return bytes;
 }
 
 bool MenuFile::FinishEarlier() {
@@ -149,7 +156,7 @@ bool MenuFile::FinishEarlier() {
 }
 
 void MenuFile::MustNotFinish(std::uint64_t serial, std::uint64_t menuSum) {
-  declined_ = {std::max(declined_.serial, serial), menuSum};
+  ended_ = {std::max(ended_.serial, serial), menuSum};
 }
 
 // True if the journal was put aside because its menu had changed since.
@@ -157,11 +164,16 @@ bool MenuFile::IsOvertaken(const Found& found) {
   return found.place.file.find(kOvertaken, found.place.scratchFile.size()) != std::string::npos;
 }
 
-// True if the change was declined, for the menu file as it was then. If a later one was,
-// that counts too, but not for a change that was overtaken: the menu has not been made by it.
-bool MenuFile::IsDeclined(const Found& found) const {
+// True if the user said No to this change, or it was finished or reported as failed, and
+// the menu file is still as it was then. All that covers earlier changes, too, except
+// overtaken ones: the user has not been asked about those.
+bool MenuFile::IsDeclined(const Found& found) {
   const std::uint64_t serial = found.journal.serial;
-  return IsOvertaken(found) ? serial == declined_.serial : serial <= declined_.serial;
+  const auto covers = [&](const Seen& seen) {
+    return (IsOvertaken(found) ? serial == seen.serial : serial <= seen.serial) &&
+           SumOfMenu() == seen.menuSum;
+  };
+  return covers(saidNo_) || covers(ended_);
 }
 
 // Finishes the change of a journal of this menu, or puts the journal aside.
@@ -174,13 +186,18 @@ void MenuFile::Settle(const Found& found) {
       mustLoadAgain_ = true;
       unfinished_.reset();
     }
-    CleanUpAfter(found);
     MustNotFinish(serial, SumOfMenu());
+    try {
+      CleanUpAfter(found);
+    } catch (const Failure&) {
+      // A full disk has no room for copies of earlier journals before this one goes.
+      Retire(found);
+    }
     return;
   }
-  if (state == MenuState::Replaced || (IsDeclined(found) && SumOfMenu() == declined_.menuSum)) {
+  if (state == MenuState::Replaced || IsDeclined(found)) {
     FlushMenu();
-    PutAside(found.place, kDeclined);
+    PutAside(found, kDeclined);
     return;
   }
   if (IsOvertaken(found)) {
@@ -190,7 +207,7 @@ void MenuFile::Settle(const Found& found) {
   // the old one, and be complete.
   const bool isMixed = isOwn && !unfinished_->isEmptied;
   if (IsReplaced(state) && !isMixed) {
-    PutAside(found.place, kOvertaken);
+    PutAside(found, kOvertaken);
     return;
   }
   Finish(found);
@@ -217,7 +234,9 @@ std::unique_ptr<File> MenuFile::OpenWithItsJournal(const Found& found) {
     return nullptr;
   }
   const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
-  return journal && journal->serial == found.journal.serial ? std::move(scratch) : nullptr;
+  const bool isIt =
+      journal && journal->serial == found.journal.serial && journal->menu == found.journal.menu;
+  return isIt ? std::move(scratch) : nullptr;
 }
 
 bool MenuFile::Finish(const Found& found) {
@@ -241,20 +260,21 @@ bool MenuFile::Finish(const Found& found) {
   try {
     CleanUpAfter(found);
   } catch (const Failure&) {
-    // The menu file is as this journal says, so the next look at it ends here, too.
+    // The journal stays and says that its change is finished, so the next start or change
+    // cleans up.
   }
   return true;
 }
 
-// Ends the journals that a finished change leaves. Earlier ones go first: without the
-// latest one, a start would ask about them. PutAside() leaves a copy of a journal if it
-// is interrupted, so there may be several of this one.
+// Retires the journal of a finished change, and its copies: PutAside() leaves one if it is
+// interrupted. Before that, puts earlier journals aside, or a start would ask about them.
+// Overtaken ones stay.
 void MenuFile::CleanUpAfter(const Found& finished) {
   FlushMenu();
   const std::vector<Found> journals = FindJournals(false);
   for (const Found& found : journals) {
     if (found.journal.serial < finished.journal.serial && !IsOvertaken(found)) {
-      PutAside(found.place, kDeclined);
+      PutAside(found, kDeclined);
     }
   }
   for (const Found& found : journals) {
@@ -294,16 +314,12 @@ std::string MenuFile::FreeName(const std::string& prefix) {
 // Copies a scratch file with its journal to a name of its own, and frees the old
 // name. Renaming would be quicker, but a power cut might leave the file without a
 // name.
-std::string MenuFile::PutAside(const Place& place, const char* infix) {
-  std::string aside = FreeName(place.scratchFile + infix);
+std::string MenuFile::PutAside(const Found& found, const char* infix) {
+  std::string aside = FreeName(found.place.scratchFile + infix);
   {
-    const std::unique_ptr<File> scratch = OpenIfStillThere(place.file);
+    const std::unique_ptr<File> scratch = OpenWithItsJournal(found);
     if (scratch == nullptr) {
       return {};
-    }
-    const std::optional<Journal> journal = ReadJournal(*scratch, files_.BlockSize());
-    if (!journal) {
-      return {};  // another editor has finished the change
     }
     const std::unique_ptr<File> copy = files_.Open(aside, OpenMode::New);
     AppendFile(*scratch, *copy, files_.BlockSize());
@@ -311,10 +327,10 @@ std::string MenuFile::PutAside(const Place& place, const char* infix) {
     if (!ReadJournal(*copy, files_.BlockSize())) {
       throw Failure(aside, "write the file", "It does not hold what was written to it");
     }
-    scratch->Truncate(journal->descriptionSize);
+    scratch->Truncate(found.journal.descriptionSize);
     scratch->Flush();
   }
-  RemoveScratchFile(files_, place.file);
+  RemoveScratchFile(files_, found.place.file);
   return aside;
 }
 

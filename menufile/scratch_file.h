@@ -20,9 +20,8 @@ inline constexpr const char* kScratchFiles[] = {kListScratchFile, kDialogScratch
 inline constexpr const char* kOvertaken = "-overtaken-";
 inline constexpr const char* kDeclined = "-declined-";
 
-// Deletes the file, unless it has the journal of another change than the one with this
-// serial number: another editor may have written it just now, and it may be the only copy
-// of a menu. A failure is ignored; usually there is no such file.
+// Deletes the file unless it holds a journal with another serial number; without `serial`,
+// unless it holds any journal. Another editor may have just written it. A failure is ignored.
 void RemoveScratchFile(FileSystem& files, const std::string& path,
                        std::optional<std::uint64_t> serial = std::nullopt);
 

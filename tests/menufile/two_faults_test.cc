@@ -7,6 +7,7 @@
 #include <string>
 
 #include "menufile/failure.h"
+#include "menufile/upgrade.h"
 #include "tests/menufile/loaded_menu.h"
 #include "tests/menufile/memory_files.h"
 #include "tests/menufile/sample_menus.h"
@@ -131,6 +132,39 @@ TEST(TwoFaults, AChangeBeforeAFinishedOneIsNotAskedAboutIfItCannotBePutAside) {
   EXPECT_FALSE(files.Get("zoltempfileoktodelete"));
 }
 
+// The copy of the edit's journal needs more room than there is before the move's journal
+// goes.
+TEST(TwoFaults, AFullDiskDoesNotStopAWindowForGood) {
+  const WithAnEarlierJournal both;
+  MemoryFiles files(both.disk);
+  files.Put(kMenuPath, both.whole);
+  std::size_t used = 0;
+  for (const auto& [path, bytes] : files.Everything()) {
+    used += bytes.size();
+  }
+  files.SetCapacity(used);
+  EXPECT_FALSE(MenuFile(files, kMenuPath).FinishEarlier());
+  EXPECT_FALSE(IsAsked(files));
+}
+
+// While the edit's journal is being put aside, another window settles both, and another
+// menu's change is cut short in the same scratch file.
+TEST(TwoFaults, AnotherMenusJournalIsNotTakenForThisOnes) {
+  const WithAnEarlierJournal both;
+  MemoryFiles files(both.disk);
+  files.Put(kMenuPath, both.whole);
+  files.Put(kOther, UserMenu(3));
+  files.Before("look for zoltempfileoktodelete-declined-1", [&] {
+    MenuFile(files, kMenuPath).FinishEarlier();
+    EndProcessAt(files, "truncate to 0:", kOther, Fault::Done::All,
+                 [](MemoryFiles& in) { Make(in, kOther, SampleChange(Kind::ChangeIcon, 1)); });
+    files.SetFault({});
+  });
+  EXPECT_FALSE(IsAsked(files));
+  ASSERT_EQ("", files.Get(kOther));
+  EXPECT_TRUE(IsAsked(files, kOther));
+}
+
 // Finishing the move is disturbed. No start may ask about the edit.
 TEST(TwoFaults, NoChangeBeforeAFinishedOneIsAskedAbout) {
   const WithAnEarlierJournal both;
@@ -196,6 +230,87 @@ TEST(TwoFaults, AnOvertakenChangeIsOfferedBesideAJournalOfTheMenu) {
   EXPECT_TRUE(IsAsked(files));
 }
 
+// A later change left its journal, too, and that cannot be deleted while the user is asked
+// about the overtaken one.
+class OvertakenBesideAJournal : public testing::Test {
+ protected:
+  OvertakenBesideAJournal() {
+    MakeOvertaken(files_);
+    MakeAndEndAt(files_, "flush", kMenuPath, SampleChange(Kind::Delete, 1));
+    files_.HoldByOther("temporaryfile");
+    EXPECT_TRUE(window_.WasCutShort());
+    files_.ReleaseByOther("temporaryfile");
+  }
+
+  MemoryFiles files_{kMenuPath, UserMenu(5)};
+  MenuFile window_{files_, kMenuPath};
+};
+
+TEST_F(OvertakenBesideAJournal, IsFinishedAfterAYes) {
+  window_.AnswerYes();
+  EXPECT_EQ(Rewritten(UserMenu(5), Kind::MoveUp, 1), files_.Get(kMenuPath));
+}
+
+TEST_F(OvertakenBesideAJournal, IsNotOfferedAfterANo) {
+  window_.AnswerNo();
+  ASSERT_EQ(ChangeResult::Made, Make(window_, SampleChange(Kind::Delete, 1)));
+  EXPECT_FALSE(IsAsked(files_));
+}
+
+// While the user is asked, another window makes a change, and ends before it has deleted
+// its journal.
+TEST(TwoFaults, AYesAboutAnOlderMenuIsAskedForAgain) {
+  MemoryFiles files(kMenuPath, UserMenu(5));
+  MakeOvertaken(files);
+  MenuFile start(files, kMenuPath);
+  ASSERT_TRUE(start.WasCutShort());
+  const std::string made = MakeAndEndAt(files, "flush", kMenuPath, SampleChange(Kind::Delete, 1));
+  start.AnswerYes();
+  EXPECT_EQ(made, files.Get(kMenuPath));
+  EXPECT_TRUE(IsAsked(files));
+}
+
+// While a declined journal is being put aside, another window has its own change cut short
+// in the same scratch file.
+TEST(TwoFaults, AJournalThatCameInTheDeclinedOnesPlaceStays) {
+  MemoryFiles files(kMenuPath, UserMenu(5));
+  MakeAndEndAt(files, "flush", "temporaryfile", SampleChange(Kind::MoveUp, 1));
+  MenuFile window(files, kMenuPath);
+  ASSERT_TRUE(window.WasCutShort());
+  window.AnswerNo();
+  files.Before("look for temporaryfile-declined-1", [&] {
+    EndProcessAt(files, "truncate to 0:", kMenuPath, Fault::Done::All, [](MemoryFiles& in) {
+      MenuFile other(in, kMenuPath);
+      other.WasCutShort();
+      other.AnswerNo();
+      Make(other, SampleChange(Kind::Delete, 2));
+    });
+    files.SetFault({});
+  });
+  Make(window, SampleChange(Kind::Delete, 1));
+  EXPECT_TRUE(IsAsked(files));
+}
+
+// A change of another window was cut, so that the menu is converted first, which finishes
+// that change instead, and fails after that. The menu is loaded all the same.
+TEST(TwoFaults, TheFirstChangeAfterALoadIsMade) {
+  int loaded = 0;
+  for (EachFault fault(Fault::Kind::FailsOnce, Fault::Done::Nothing); fault.GoesOn();) {
+    MemoryFiles files(kMenuPath, UserMenu(4));
+    MakeAndEndWithAnEmptyMenu(files, SampleChange(Kind::MoveUp, 1));
+    MenuFile window(files, kMenuPath);
+    if (!fault.Try(files, [&] { UpgradeMenuFile(window, "picture"); })) {
+      continue;
+    }
+    if (window.Load().empty()) {
+      continue;
+    }
+    ++loaded;
+    EXPECT_EQ(ChangeResult::Made, Make(window, SampleChange(Kind::Delete, 1))) << fault.operation();
+  }
+  EXPECT_GT(loaded, 2);
+}
+
 // The disk fails while two entries are added, and none of their bytes is written. Then
 // another window adds the first of them.
 TEST(TwoFaults, AnEntryOfAnotherWindowIsNotTakenBack) {
@@ -253,8 +368,11 @@ TEST(TwoFaults, AJournalThatWasPutAsideDoesNotComeBack) {
       Make(files, kOther, SampleChange(Kind::Delete, 1));
       MenuFile menu(files, kMenuPath);
       ASSERT_TRUE(menu.WasCutShort());
-      if (fault.Try(files, [&] { menu.AnswerYes(); }) &&
-          Make(menu, SampleChange(Kind::Edit, 0)) == ChangeResult::Made) {
+      if (!fault.Try(files, [&] { menu.AnswerYes(); })) {
+        continue;
+      }
+      menu.Load();
+      if (Make(menu, SampleChange(Kind::Edit, 0)) == ChangeResult::Made) {
         ++finished;
         MemoryFiles next(files.AfterPowerCut(cut));
         EXPECT_FALSE(IsAsked(next)) << fault.operation() << ", power cut " << cut;
