@@ -15,13 +15,15 @@ void UpgradeMenuFile(MenuFile& menu, std::string_view picture) {
   std::string head(picture);
   head += kMarkerLine;
   AppendTypeLine(head, TypeKeyword(MenuType::UserDefined));
+  bool isMenuByNow = false;
   try {
     if (menu.FinishEarlier()) {
       return;
     }
     menu.Replace({kListScratchFile}, head, [&](File& file, BlockWriter& out) {
       // While the question was open another program may have written the menu.
-      if (HasMarkerLine(file, menu.files().BlockSize())) {
+      isMenuByNow = HasMarkerLine(file, menu.files().BlockSize());
+      if (isMenuByNow) {
         throw Failure(menu.path(), "convert the file", "It has a marker line by now");
       }
       out.Copy(file, 0, std::numeric_limits<std::uint64_t>::max());
@@ -30,6 +32,9 @@ void UpgradeMenuFile(MenuFile& menu, std::string_view picture) {
   } catch (const Failure&) {
     if (menu.HasUnfinished()) {
       throw;
+    }
+    if (isMenuByNow) {
+      RemoveScratchFile(menu.files(), kListScratchFile);
     }
   }
 }

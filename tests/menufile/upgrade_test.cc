@@ -55,6 +55,7 @@ TEST(UpgradeMenuFile, LeavesAFileThatHasAMarkerLineByNow) {
   MemoryFiles files(kMenuPath, UserMenu(2));
   Upgrade(files);
   EXPECT_EQ(UserMenu(2), files.Get(kMenuPath));
+  EXPECT_FALSE(files.Get("temporaryfile"));
 }
 
 TEST(UpgradeMenuFile, TheTailOfAnOldScratchFileComesAlongWhereItCannotBeDeleted) {
